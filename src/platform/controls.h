@@ -1,0 +1,147 @@
+#pragma once
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/dates.h"
+
+namespace torvane {
+
+class Program;
+
+// Texts of controls are UTF-8 std::string towards the screens: records, SQL and boxes all take them as they are.
+std::string utf8(const QString& text);
+QString qstring(std::string_view text);
+
+// Coordinates of the system are twips: 15 to the pixel at 96 dots per inch.
+constexpr int pixels(double twips) { return static_cast<int>(twips / 15.0 + (twips < 0 ? -0.5 : 0.5)); }
+
+// A text box. `Change` is textChanged: it fires only when the text differs. Operations that may run handlers check that
+// the program still runs. Where a key filter is set, a typed character passes only if it is among `allowed`; paste,
+// copy, Delete, backspace, arrows and Tab always work.
+class TextBox : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+    std::string Text() const;
+    void setText(std::string_view text);
+    void setText(const QString& text);  // what uic calls
+    void setKeyFilter(std::string_view allowed);
+    // Shown like a result: read-only, greyed, no tab stop; still selectable for copying.
+    void setResult(bool result);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QString allowed_;
+    bool filtered_ = false;
+};
+
+// A drop-down list whose entries carry a number (item data). Nothing is selected until somebody selects. `Click` fires on
+// each act of selecting, by the user (also of the entry that stands already) or by `select`, and not on clearing, filling
+// or the wheel. ListIndex is -1 while nothing is selected.
+class DropList : public QComboBox {
+    Q_OBJECT
+public:
+    explicit DropList(QWidget* parent = nullptr);
+    struct Entry {
+        std::string text;
+        int itemData = 0;
+    };
+    void Clear();
+    void AddItem(std::string_view text, int itemData);
+    // The whole list at once; what a long list wants.
+    void fill(std::vector<Entry> entries);
+    int ListCount() const;
+    int ListIndex() const;
+    // Selects an entry and fires Click. Failure::InvalidCall when there is no such entry; -1 clears the selection.
+    void select(int index);
+    // Selects each entry with this number, from the first to the last; none leaves the selection as it is.
+    void selectItemData(int itemData);
+    // The number of an entry, or of the selected one. Failure::Subscript when there is none.
+    int ItemData(int index) const;
+    int ItemData() const { return ItemData(ListIndex()); }
+    std::string List(int index) const;
+    // The text of the selected entry, or "".
+    std::string Text() const;
+
+signals:
+    void Click();
+};
+
+// The report list: rows of texts under headers. Column 0 is the row's own text; the columns of width 0 are hidden and
+// carry keys that code reads by index. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the
+// selected row, separated by tabs; Enter is a double click.
+class ReportList : public QTreeWidget {
+    Q_OBJECT
+public:
+    enum class Icon { Blank, Up, Down };
+    struct Column {
+        std::string_view header;
+        int twips = 0;
+        bool numeric = false;  // right-aligned
+    };
+    explicit ReportList(QWidget* parent = nullptr);
+    void setColumns(const std::vector<Column>& columns);
+    void ClearRows();
+    // Appends a row, column by column; selects it if it is the first row of the list.
+    void AddRow(const std::vector<std::string>& texts);
+    // The same for many rows at once.
+    void AddRows(const std::vector<std::vector<std::string>>& rows);
+    void RemoveRow(int row);
+    int RowCount() const;
+    // -1 when no row is selected.
+    int SelectedRow() const;
+    void selectRow(int row);
+    // Failure::Subscript outside the list (also -1: no row selected is a failure of the caller).
+    std::string Cell(int row, int column) const;
+    void setCell(int row, int column, std::string_view text);
+    void setRow(int row, const std::vector<std::string>& texts);
+    void setColumnIcon(int column, Icon icon);
+    // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
+    bool ascending = true;
+
+signals:
+    void ColumnClick(int column);
+    void DblClick();  // a row was double-clicked, or Enter pressed on one
+    void RightClick(const QPoint& globalPosition);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyboardSearch(const QString& search) override;
+};
+
+// The date picker: typed in the machine's short date, or picked from a calendar.
+class DateBox : public QDateEdit {
+    Q_OBJECT
+public:
+    explicit DateBox(QWidget* parent = nullptr);
+    Date Value() const;
+    void setValue(const Date& date);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+// A button with a picture that says what it does; the text is its accessible name, and its tool tip where it has none of
+// its own. The picture is named by the dynamic property "picture" in a form file, or set here: art/<name>.svg.
+class PictureButton : public QPushButton {
+    Q_OBJECT
+    Q_PROPERTY(QString picture READ picture WRITE setPicture)
+public:
+    explicit PictureButton(QWidget* parent = nullptr);
+    QString picture() const { return picture_; }
+    void setPicture(const QString& name);
+
+private:
+    QString picture_;
+};
+
+}  // namespace torvane

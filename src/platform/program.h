@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QPointer>
+#include <QRect>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "datastore/environment.h"
+#include "platform/assistant.h"
+#include "values/failure.h"
+
+class QWidget;
+
+namespace torvane {
+
+class Form;
+class FocusWatcher;
+
+// Thrown by an operation that finds the program ended, so that the handlers still on the stack come to a stop. Every
+// guard swallows it; no handler catches it.
+struct Ended {};
+
+// The program as every screen sees it. One object, made in main() and in each test.
+class Program {
+public:
+    // `end` is called when a failure has ended the program, after the run-time error box was shown and open write groups
+    // were committed; main() leaves the process there, with the status given. In tests it returns.
+    Program(Environment environment, std::function<void(int status)> end);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    const Environment& environment() const { return environment_; }
+    Host& host() const { return environment_.host; }
+
+    // --- The event guard ---------------------------------------------------------------------------------------------
+    // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Does nothing once
+    // the program has ended. A LostFocus that is still waiting comes before the handler.
+    template <class Handler>
+    void guarded(Handler&& handler) {
+        if (!enter()) return;
+        const Leaving leaving{*this};
+        try {
+            handler();
+        } catch (const Ended&) {
+        } catch (const RuntimeFailure& failure) {
+            end(failure);
+        } catch (const std::exception& failure) {
+            end(RuntimeFailure{0, failure.what()});
+        }
+    }
+    // Throws Ended once the program has ended: the last line of every operation of ours that may have run handlers.
+    void check() const {
+        if (ended_) throw Ended{};
+    }
+    bool ended() const { return ended_; }
+    // Makes all handlers inert, shows the run-time error box, commits open write groups and calls `end`.
+    void end(const RuntimeFailure& failure);
+
+    // --- Boxes (Host, with the check behind it) ----------------------------------------------------------------------
+    void say(std::string_view text, std::string_view title);       // OK
+    bool confirm(std::string_view text, std::string_view title);   // Yes/No; true on Yes
+
+    // --- The assistant -----------------------------------------------------------------------------------------------
+    // Failure::ObjectNotSet while there is none.
+    Assistant& Merlin() const;
+    void setMerlin(Assistant* assistant) { merlin_ = assistant; }
+    // What a help button does: Show, then Speak. Nothing once the main window has gone.
+    void speakHelp(std::string_view text);
+
+    // --- Windows -----------------------------------------------------------------------------------------------------
+    // The window that StartUp places others over; its last geometry is remembered when it has gone.
+    void setMainWindow(QWidget* window);
+    bool mainWindowHasGone() const { return mainWindowHasGone_; }
+    // Centres the screen's window over the main window and lifts it by 250 twips, wholly on the screen.
+    void StartUp(Form& form);
+    // F1: opens the help at a context. Set by the shell.
+    void setHelp(std::function<void(int context)> open) { openHelp_ = std::move(open); }
+    void help(int context);
+
+    FocusWatcher& focusWatcher() { return *watcher_; }
+
+    // Called by Form: the process ends (Host-independent) when the last window has closed; `lastWindowClosed` is what to
+    // do then.
+    void windowShown();
+    void windowGone();
+    void onLastWindowGone(std::function<void()> leave) { lastWindowGone_ = std::move(leave); }
+
+private:
+    friend class Form;
+    struct Leaving {
+        Program& program;
+        ~Leaving() { program.leave(); }
+    };
+    bool enter();
+    void leave();
+    Environment environment_;
+    std::function<void(int)> end_;
+    std::function<void(int)> openHelp_;
+    std::function<void()> lastWindowGone_;
+    std::unique_ptr<FocusWatcher> watcher_;
+    Assistant* merlin_ = nullptr;
+    QPointer<QWidget> mainWindow_;
+    QRect mainGeometry_;
+    int shownWindows_ = 0;
+    bool mainWindowHasGone_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace torvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace torvane {
+
+// The failures that the program itself raises, by the number shown in the run-time error box. The database engine
+// brings its own numbers (its result codes) and texts.
+enum class Failure : int {
+    InvalidCall = 5,
+    Overflow = 6,
+    Subscript = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    ObjectNotSet = 91,
+    NullValue = 94,
+};
+
+// A failure that no rule of the program expects. It travels up to the event that started the work, where the event
+// guard shows the run-time error box and ends the program. Whatever was executed before it stays executed.
+class RuntimeFailure : public std::exception {
+public:
+    RuntimeFailure(int number, std::string text, std::string refused = {});
+
+    int number() const { return number_; }
+    const std::string& text() const { return text_; }
+    // The value or statement that was refused; empty when there is none to name.
+    const std::string& refused() const { return refused_; }
+    const char* what() const noexcept override { return text_.c_str(); }
+
+private:
+    int number_;
+    std::string text_;
+    std::string refused_;
+};
+
+[[noreturn]] void fail(Failure failure, std::string_view refused = {});
+
+}  // namespace torvane
