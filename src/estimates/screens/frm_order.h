@@ -1,0 +1,109 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "estimates/cls_order.h"
+#include "estimates/pricing.h"
+#include "masters/cls_category.h"
+#include "masters/cls_customer.h"
+#include "masters/screens/customer_pick.h"
+#include "platform/form.h"
+#include "ui_frm_order.h"
+
+namespace torvane {
+
+class frmCustomer;
+
+// The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the notes
+// of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields below live
+// as long as the program, also while the window is closed.
+class frmOrder : public FormOf<Ui::frmOrder>, public EstimateScreen, public CustomerPick {
+public:
+    // `showProposal` prints the saved estimate with a number.
+    frmOrder(Program& program, std::function<void(std::int32_t OrderNo)> showProposal);
+    ~frmOrder() override;
+    // The customer list in its select mode hands its pick back to this screen, so it is given after both are made.
+    void setCustomerList(frmCustomer& list) { customerList_ = &list; }
+
+    // The mode, set before the screen is shown: "A" new estimate, "E" existing one, "D" shown for deletion.
+    std::string AddOrDelete;
+    // The estimate being worked on, and its customer; made at first use.
+    ClsOrder& Order();
+    ClsCustomer& Customer();
+
+    // Adds the line of the panel; the item sheet calls it, too.
+    void cmdAdd_Click();
+
+    const std::string& estimateMode() const override { return AddOrDelete; }
+    void showEstimate() override { Show(); }
+    void takeCustomer(std::int32_t CustId, const std::string& name) override;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    // --- Opening and saving
+    void connectControls();
+    void InitListView();
+    void FillRooms();
+    void FillUnits();
+    void FillItems();
+    void FillState();
+    void FillData();
+    void loadLines();
+    void ClearClass();
+    void CmdSelCust_Click();
+    void CmdNewCust_Click();
+    void CmdSave_Click();
+    void cmdOk_Click();
+    void CmdCancel_Click();
+    void CmdDeleteOrder_Click();
+    void Command1_Click();
+    void cmdMainHelp_Click();
+
+    // --- The line panel
+    LinePanel panel();
+    void cmbItems_Click();
+    void askMasterPrice(const TextBox& box, PricePart part, std::string_view prompt,
+                        void (ClsItem::*update)(std::int32_t, std::string_view));
+    void CmdEdit_Click();
+    void cmdEditApply_Click();
+    void cmdEditCanc_Click();
+    void cmdDel_Click();
+    void showEditing(bool editing);
+    std::vector<std::string> panelRow(std::int16_t itemid);
+    // Reads the item and its category as every change of a line does; gives the item's name.
+    void readItem(ClsItem& item);
+    bool alreadyAdded(std::int32_t itemId, std::int32_t leaveOut);
+    int selectedRow();
+
+    // --- Totals
+    void CalTotal();
+    void CalTot();
+    void CalFinalTotal();
+
+    // --- Area panel, notes, calculators
+    void placeNotes();
+    void CalTotalArea();
+    void cmdMove_Click();
+    void cmdImport_Click();
+    void cmdCopy_Click();
+    void Command2_Click();
+    void Command7_Click();
+
+    std::function<void(std::int32_t)> showProposal_;
+    frmCustomer* customerList_ = nullptr;
+    std::unique_ptr<ClsOrder> order_;
+    std::unique_ptr<ClsCustomer> customer_;
+    std::unique_ptr<clsCategory> category_;
+    std::int32_t CurrentItemId = 0;
+    std::int16_t EditRowIndex = 0;
+    std::int16_t EditLineIndex = 0;
+    bool FillingRow = false;
+};
+
+}  // namespace torvane

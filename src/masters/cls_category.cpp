@@ -1,0 +1,82 @@
+#include "masters/cls_category.h"
+
+#include "datastore/statement.h"
+
+namespace torvane {
+
+bool clsCategory::Validate() {
+    if (Catname.empty()) {
+        host_.box("Empty Data", "Inventory");
+        return false;
+    }
+    if (AddEditDel != "A") return true;
+    const bool duplicate = anyRow(joined("Select * from Category where Catname ='", Catname, "'"));
+    if (duplicate) host_.box("Duplicate Data", "Inventory");
+    return !duplicate;
+}
+
+bool clsCategory::Save() {
+    if (AddEditDel == "A") {
+        connection_.execute(
+            joined("Insert into Category (Catname,ParentCategory) values ('", Catname, "',", ParentCategory, ")"));
+    } else if (AddEditDel == "E") {
+        connection_.execute(joined("Update Category Set Catname = '", Catname, "',ParentCategory = ", ParentCategory,
+                                   " where Catid=", Catid));
+    }
+    return false;
+}
+
+void clsCategory::Delete() {
+    if (AddEditDel == "D") connection_.execute(joined("Delete * from Category where CatId = ", Catid));
+}
+
+std::string clsCategory::GetCatg() {
+    const Recordset& row = read(joined("Select * from Category where CatId= ", Catid));
+    if (row.eof()) {
+        Catname.clear();
+    } else {
+        Catname = textOf(row.field("CatName"));
+        ParentCategory = int16OrZero(row.field("ParentCategory"));
+    }
+    recordset_.close();
+    return Catname;
+}
+
+std::string clsCategory::GetParentName(std::int16_t cid) {
+    constexpr int levels = 3;
+    std::string text;
+    std::int16_t key = cid;
+    for (int level = 0; level <= levels; ++level) {
+        const Recordset& row = read(joined("Select * from Category where CatId= ", key));
+        if (row.eof()) break;
+        if (level > 0) text += (level > 1 ? " <- " : "") + textOf(row.field("CatName"));
+        key = int16OrZero(row.field("ParentCategory"));
+        if (key == 0) break;
+    }
+    recordset_.close();
+    return text.empty() ? text : " (" + text + ")";
+}
+
+std::optional<RowArray> clsCategory::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
+                                                      std::string_view AscOrDesc) {
+    return readPageOrAll("Select * from Categories ", Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> clsCategory::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
+                                                         std::string_view AscOrDesc) {
+    return readPageOrAll(joined("select * from Categories where Catname like '", Catname, "%' "), Page, PageCount,
+                         FldName, AscOrDesc);
+}
+
+std::optional<RowArray> clsCategory::GetComboCategories() {
+    return readRows("Select * from Category order by CatName");
+}
+
+std::int32_t clsCategory::GetTotalItems() {
+    const Recordset& row = read(joined("Select count(ItemId) from Item where CategoryId= ", Catid));
+    const std::int32_t count = row.eof() ? 0 : toInt32(row.field(0));
+    recordset_.close();
+    return count;
+}
+
+}  // namespace torvane

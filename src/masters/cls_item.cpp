@@ -1,0 +1,137 @@
+#include "masters/cls_item.h"
+
+#include <algorithm>
+
+#include "datastore/statement.h"
+
+namespace torvane {
+
+namespace {
+
+bool isItemCode(std::string_view field) {
+    return std::ranges::equal(field, std::string_view{"itemcode"}, [](char a, char b) {
+        return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
+    });
+}
+
+}  // namespace
+
+bool ClsItem::Validate() {
+    const auto refuse = [this](std::string_view text) {
+        host_.box(text, "Item Details");
+        return false;
+    };
+    if (Itemcode.empty()) return refuse("Enter Item #");
+    if (Itemname.empty()) return refuse("Enter Item Description");
+    if (CategoryId == 0) return refuse("Please select category");
+    if (Material == 0) return refuse("Enter Material Cost");
+    if (qty == 0) return refuse("Enter Default Quantity");
+    if (AddEditDel != "A") return true;
+    const bool duplicate = anyRow(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =",
+                                         CategoryId, " and Material =", Material, " and Qty =", qty));
+    if (duplicate) host_.box("Duplicate Item Data ", "Inventory");
+    return !duplicate;
+}
+
+bool ClsItem::Save() {
+    if (AddEditDel == "A") {
+        connection_.execute(
+            joined("Insert into Item (Itemcode, Itemname, CategoryID,UnitId,Material,Labor,Qty,TU,SubLabor,Equipment) "
+                   "values ('",
+                   Itemcode, "','", Itemname, "',", CategoryId, ",", UnitId, ",", Material, ",", Labor, ",", qty, ",'",
+                   TU, "',", SubLabor, ",", Equipment, ")"));
+    } else if (AddEditDel == "E") {
+        connection_.execute(joined("Update Item Set ItemCode='", Itemcode, "', Itemname = '", Itemname,
+                                   "', CategoryID = ", CategoryId, ", UnitId = ", UnitId, ", Material = ", Material,
+                                   ", Labor = ", Labor, ", SubLabor = ", SubLabor, ", Equipment= ", Equipment,
+                                   ", Qty = ", qty, ", TU = '", TU, "' where Itemid=", itemid));
+    }
+    return false;
+}
+
+void ClsItem::Delete() {
+    if (AddEditDel == "D") connection_.execute(joined("Delete * from Item where ItemId = ", itemid));
+}
+
+void ClsItem::GetItem() {
+    const Recordset& row = read(joined("Select * from Item where ItemId= ", itemid));
+    if (!row.eof()) {
+        Itemcode = textOf(row.field("Itemcode"));
+        Itemname = textOf(row.field("Itemname"));
+        CategoryId = toInt16(row.field("CategoryId"));
+        UnitId = toInt16(row.field("UnitId"));
+        Material = singleOrZero(row.field("Material"));
+        Labor = singleOrZero(row.field("Labor"));
+        SubLabor = singleOrZero(row.field("SubLabor"));
+        Equipment = singleOrZero(row.field("Equipment"));
+        qty = toSingle(row.field("Qty"));
+        TU = textOrEmpty(row.field("TU"));
+    }
+    recordset_.close();
+}
+
+double ClsItem::Maxitemno() {
+    const Value highest = read("Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)").field(0);
+    recordset_.close();
+    return isNull(highest) ? 1 : finite(toDouble(highest) + 1);
+}
+
+void ClsItem::updatePrice(std::string_view column, std::string_view spoken, std::int32_t itmid, std::string_view prc) {
+    connection_.execute(joined("update Item set ", column, "=", prc, " where Itemid=", itmid));
+    host_.box(spoken, defaultTitle);
+}
+
+void ClsItem::Updatematerialprice(std::int32_t itmid, std::string_view prc) {
+    updatePrice("Material", "Material price updated in master file", itmid, prc);
+}
+
+void ClsItem::Updatelabourprice(std::int32_t itmid, std::string_view prc) {
+    updatePrice("Labor", "Labor price updated in master file", itmid, prc);
+}
+
+void ClsItem::UpdateSublabourprice(std::int32_t itmid, std::string_view prc) {
+    updatePrice("SubLabor", "Sub-Labor price updated in master file", itmid, prc);
+}
+
+void ClsItem::UpdateEquipmentprice(std::int32_t itmid, std::string_view prc) {
+    updatePrice("Equipment", "Equipment price updated in master file", itmid, prc);
+}
+
+std::optional<RowArray> ClsItem::GetAllItems(long Page, long& PageCount, std::string_view FldName,
+                                             std::string_view AscOrDesc) {
+    return readPage("Select *  from Item", Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName,
+                                              std::string_view AscOrDesc) {
+    if (isItemCode(FldName)) FldName = AscOrDesc == "A" ? " Val(itemcode),itemcode" : " Val(itemcode) desc,itemcode";
+    return readPage(
+        "SELECT Item.ItemID,Item.ItemName,Category.CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
+        "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id",
+        Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view FldName,
+                                                std::string_view AscOrDesc) {
+    return readPage(
+        "SELECT Item.ItemID,Item.ItemName,Category.CatName, item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
+        "Item,Category,Units  where  Item.CategoryID = Category.CatId  and Item.UnitId=Units.Id",
+        Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName,
+                                                std::string_view AscOrDesc) {
+    const std::string statement =
+        SearchFld == "All"
+            ? joined("SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName, "
+                     "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID "
+                     "= Category.CatId and Item.UnitId=Units.Id and  (ItemName like '",
+                     SearchVal, "%' or CatName like '", SearchVal, "%') ")
+            : joined("SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as "
+                     "CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  "
+                     "Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and ",
+                     SearchFld, " like '", SearchVal, "%'");
+    return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
+}
+
+}  // namespace torvane

@@ -1,0 +1,165 @@
+#include "masters/screens/frm_customer.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace torvane {
+
+frmCustomer::frmCustomer(Program& program, CustomerPick& pick)
+    : FormOf(program, "frmCustomer"), pick_(pick), custMast_(program, *this) {}
+
+ClsCustomer& frmCustomer::Cust() {
+    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().environment());
+    return *cust_;
+}
+
+ListSkeleton::Controls frmCustomer::controls() {
+    return {ui().ListView1, ui().txtCustName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+}
+
+std::vector<ListSkeleton::Column> frmCustomer::columns() const {
+    return {{{"Customer ID", 0}, ""},
+            {{"Customer Name", 1800}, "CustName"},
+            {{"City", 1200}, "BCity"},
+            {{"Phone", 1200}, "BPhone"},
+            {{"E-Mail Id", 2400}, "BEmail"}};
+}
+
+std::vector<ListSkeleton::Mode> frmCustomer::modes() {
+    return {{"A", "Add Customer", ui().cmdAdd},
+            {"C", "Copy Customer", ui().cmdCopy},
+            {"D", "Delete Customer", ui().cmdDel},
+            {"E", "Edit Customer", ui().CmdEdit},
+            {"S", "Select Customer", ui().CmdSelect}};
+}
+
+void frmCustomer::Form_Load() {
+    cust_.reset();  // the list's own object is new at each load
+    const auto click = [this](QAbstractButton* button, auto handler) {
+        on(*this, button, &QAbstractButton::clicked, handler);
+    };
+    click(ui().cmdSearch, [this] { cmdSearch_Click(); });
+    click(ui().CmdAll, [this] { CmdAll_Click(); });
+    click(ui().CmdPrev, [this] { CmdPrev_Click(); });
+    click(ui().CmdNext, [this] { CmdNext_Click(); });
+    click(ui().cmdAdd, [this] { cmdAdd_Click(); });
+    click(ui().cmdCopy, [this] { cmdCopy_Click(); });
+    click(ui().CmdEdit, [this] { CmdEdit_Click(); });
+    click(ui().cmdDel, [this] { cmdDel_Click(); });
+    click(ui().CmdSelect, [this] { CmdSelect_Click(); });
+    click(ui().cmdMainHelp, [this] { cmdMainHelp_Click(); });
+    click(ui().cmdExit, [this] { Unload(); });
+    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
+    on(*this, ui().ListView1, &ReportList::ColumnClick, [this](int column) { sortBy(column); });
+    program().StartUp(*this);
+    loadList("CustName");
+}
+
+std::optional<RowArray> frmCustomer::readAllRows() {
+    return Cust().GetAllCustomers(Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> frmCustomer::readSearchedRows() {
+    return Cust().GetSearchCustomers(Page, PageCount, FldName, AscOrDesc);
+}
+
+std::vector<std::string> frmCustomer::rowTexts(const RowArray& rows, int row) {
+    std::vector<std::string> texts;
+    for (int column = 0; column < 5; ++column) texts.push_back(textOrEmpty(rows(column, row)));
+    return texts;
+}
+
+void frmCustomer::cmdSearch_Click() {
+    Cust().SearchVal = ui().txtCustName->Text();
+    const std::pair<QRadioButton*, std::string_view> options[] = {{ui().OptAll, "All"},
+                                                                  {ui().OptName, "CustName"},
+                                                                  {ui().OptCity, "BCity"},
+                                                                  {ui().OptPhone, "BPhone"},
+                                                                  {ui().OptEmail, "BEmail"}};
+    const auto* option = std::find_if(std::begin(options), std::end(options),
+                                      [](const auto& candidate) { return candidate.first->isChecked(); });
+    if (option == std::end(options)) fail(Failure::ObjectNotSet);
+    Cust().SearchFld = option->second;
+    startSearch();
+}
+
+void frmCustomer::cmdAdd_Click() {
+    Which = "A";
+    Cust().AddEditDel = "A";
+    custMast_.Cust().AddEditDel = "A";
+    custMast_.ui().TxtCname->setText(ui().txtCustName->Text());
+    custMast_.ShowModal();
+    RefreshGrid();
+}
+
+void frmCustomer::cmdCopy_Click() {
+    Which = "C";
+    Cust().AddEditDel = "A";
+    custMast_.Cust().AddEditDel = "A";
+    custMast_.Cust().CustId = strictInt16(selectedKey());
+    custMast_.Cust().GetCustomer();
+    custMast_.ShowModal();
+    RefreshGrid();
+}
+
+void frmCustomer::CmdEdit_Click() {
+    if (ui().ListView1->RowCount() == 0) return;
+    custMast_.Cust().CustId = strictInt16(selectedKey());
+    custMast_.Cust().GetCustomer();
+    custMast_.Cust().AddEditDel = "E";
+    custMast_.ShowModal();
+    RefreshGrid();
+}
+
+void frmCustomer::ListView1_DblClick() {
+    if (ui().ListView1->RowCount() == 0) return;
+    if (Which == "S") {
+        CmdSelect_Click();
+        Unload();
+        return;
+    }
+    custMast_.Cust().CustId = strictInt16(selectedKey());
+    custMast_.Cust().GetCustomer();
+    enterDoubleClickMode();
+    custMast_.Cust().AddEditDel = "E";
+    custMast_.ShowModal();
+    refill();
+}
+
+void frmCustomer::cmdDel_Click() {
+    if (ui().ListView1->RowCount() == 0) return;
+    Cust().CustId = strictInt16(selectedKey());
+    if (program().confirm("Are you sure you want to Delete ' " + selectedName() + " '", "Inventory")) {
+        Cust().AddEditDel = "D";
+        Cust().CustId = strictInt16(selectedKey());
+        Cust().Delete();
+        program().say("Deleted", defaultTitle);
+    }
+    RefreshGrid();
+    ui().txtCustName->setText("");
+    ui().txtCustName->setEnabled(true);
+    ui().txtCustName->setFocus();
+}
+
+void frmCustomer::CmdSelect_Click() {
+    const std::int32_t key = strictInt32(selectedKey());
+    pick_.takeCustomer(key, selectedName());
+    Unload();
+}
+
+void frmCustomer::cmdMainHelp_Click() {
+    const std::string_view text =
+        Which == "A" ? "This screen allows you to enter the Customer details in the master table. Click on 'Add' button "
+                       "to add a new record in the Customers database. "
+        : Which == "E"
+            ? "This screen allows you to edit the Customer data in the master table. Select the record by double "
+              "clicking on the customer row or selecting the Customer and pressing 'Edit' button"
+        : Which == "D"
+            ? "This screen allows you to delete the Customer data from the master table. Select the customer record by "
+              "clicking the customer row and pressing 'Delete' button. It will delete the record after confirmation."
+            : "";
+    program().speakHelp(text);
+}
+
+}  // namespace torvane

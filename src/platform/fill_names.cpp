@@ -1,0 +1,18 @@
+#include "platform/fill_names.h"
+
+#include "platform/controls.h"
+
+namespace torvane {
+
+void fillNames(DropList& list, const std::optional<RowArray>& rows) {
+    list.Clear();
+    if (!rows) return;
+    std::vector<DropList::Entry> entries;
+    entries.reserve(static_cast<std::size_t>(rows->rows()));
+    for (int row = 0; row < rows->rows(); ++row)
+        entries.push_back({textOrEmpty((*rows)(1, row)), toInt32((*rows)(0, row))});
+    list.fill(std::move(entries));
+    list.select(0);
+}
+
+}  // namespace torvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <functional>
+#include <memory>
+
+#include "datastore/file_copy.h"
+#include "estimates/screens/frm_order.h"
+#include "masters/screens/frm_customer.h"
+#include "platform/program.h"
+#include "reports/screens/data_reports.h"
+#include "shell/frm_main_menu.h"
+
+namespace torvane {
+
+// The one instance of each screen, put together. main() makes one, and so does each test of whole journeys.
+struct Application {
+    Application(Program& program, FileSystem& files, bool previousInstance,
+                std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
+
+    DataReports reports;
+    frmOrder order;
+    frmCustomer customer;
+    frmMainMenu mainMenu;
+};
+
+}  // namespace torvane

@@ -1,0 +1,78 @@
+#include "shell/backup.h"
+
+#include <string>
+
+#include "datastore/file_copy.h"
+#include "datastore/store.h"
+#include "values/failure.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::string_view ending = ".bak";
+constexpr std::string_view filter = "Backup (*.bak)";
+
+// Engine numbers of a file that holds no usable database; restoring over it is what mends that.
+constexpr int corrupt = 11;
+constexpr int cannotOpen = 14;
+constexpr int notADatabase = 26;
+
+// Makes the database file whole and leaves no journal beside it, which would be played into the file that replaces it.
+void settleBeforeReplacing(const Environment& environment, FileSystem& files, const std::string& database) {
+    try {
+        environment.store.settle(database);
+    } catch (const RuntimeFailure& failure) {
+        const int code = failure.number() & 0xFF;
+        if (code != corrupt && code != cannotOpen && code != notADatabase) throw;
+        files.remove(database + "-journal");
+    }
+    files.remove(database + "-wal");
+    files.remove(database + "-shm");
+}
+
+std::string databaseOf(const Environment& environment) {
+    return dataSource(connectionText(environment.host.programDirectory()));
+}
+
+}  // namespace
+
+void takeBackup(const Environment& environment, FileSystem& files) {
+    try {
+        Host& host = environment.host;
+        auto name = host.askSaveName("Larkfen.bak", filter);
+        if (!name) return;
+        if (!name->ends_with(ending)) *name += ending;
+        if (files.exists(*name) &&
+            host.box("File already Exists. Overwrite it?", "Take Backup", Buttons::YesNo) != Answer::Yes)
+            return;
+        const std::string database = databaseOf(environment);
+        environment.store.settle(database);
+        if (copyFile(files, database, *name)) host.box("Data File Exported", "Success");
+    } catch (const RuntimeFailure&) {
+        // Silent on purpose: a backup that can't be made looks as if nothing had happened.
+    }
+}
+
+void restoreBackup(const Environment& environment, FileSystem& files) {
+    try {
+        Host& host = environment.host;
+        const auto name = host.askOpenName(filter);
+        if (!name) return;
+        if (!name->ends_with(ending)) {
+            host.box("Not a Backup of database file", "Error while importing");
+            return;
+        }
+        if (!files.exists(*name)) {
+            host.box("File not found.", "File Import");
+            return;
+        }
+        const std::string database = databaseOf(environment);
+        settleBeforeReplacing(environment, files, database);
+        if (copyFile(files, *name, database)) host.box("Data File Imported", "Success");
+    } catch (const RuntimeFailure&) {
+        // Silent on purpose, as above.
+    }
+}
+
+}  // namespace torvane

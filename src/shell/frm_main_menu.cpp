@@ -1,0 +1,264 @@
+#include "shell/frm_main_menu.h"
+
+#include <QAction>
+#include <QFontMetricsF>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "estimates/screens/frm_order.h"
+#include "masters/screens/frm_customer.h"
+#include "platform/controls.h"
+#include "platform/pictures.h"
+#include "shell/backup.h"
+#include "shell/menu_tree.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr std::string_view workingMenus[] = {"mnuFile",   "mnuInventory", "mnuEstimates",
+                                             "mnuReport", "mnuBlank",     "mnuCalc"};
+
+struct ButtonPlace {
+    std::string_view name;
+    std::string_view word;
+    std::string_view picture;
+    int top;                 // twips in Frame2
+    std::string_view entry;  // the menu that pops up beside it, or the entry that it runs
+};
+constexpr ButtonPlace buttons[] = {
+    {"cmd_Files", "Files", "files", 0, "mnuFile"},
+    {"cmd_Masters", "Masters", "masters", 360, "mnuInventory"},
+    {"cmd_Estimates", "Estimates", "estimates", 720, "mnuEstimates"},
+    {"cmd_Calculators", "Calculators", "calculators", 1080, "mnuCalc"},
+    {"cmd_Reports", "Reports", "reports", 1440, "mnuReport"},
+    {"cmd_Blank", "Notes", "notes", 1800, "mnuBlank"},
+    {"cmd_Exit", "Exit", "exit", 2160, "mnuExit"},
+};
+
+// A rectangle in twips of the client area under the menu bar.
+struct Twips {
+    int left, top, width, height;
+};
+constexpr Twips titlePlace{285, 120, 9990, 555};
+constexpr Twips image1Place{1800, 840, 5400, 4335};
+constexpr Twips image2Place{7380, 840, 2895, 4335};
+constexpr Twips frame2Place{0, 2640, 1575, 2535};
+constexpr Twips clientSize{0, 0, 10560, 5415};
+constexpr int buttonWidth = 1575;
+constexpr int buttonHeight = 375;
+
+QRect scaled(const Twips& place, double scale) {
+    return {pixels(place.left * scale), pixels(place.top * scale), pixels(place.width * scale),
+            pixels(place.height * scale)};
+}
+
+// The given coordinates hold for the usual font; with a larger one everything grows with it.
+double fontScale(const QWidget& widget) {
+    constexpr double usualHeight = 17;
+    return std::max(1.0, QFontMetricsF(widget.font()).height() / usualHeight);
+}
+
+QLabel* artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {
+    auto* image = new QLabel(&area);
+    image->setObjectName(QLatin1String(name));
+    image->setAccessibleName(QLatin1String(says));
+    const QRect where = scaled(place, scale);
+    image->setGeometry(where);
+    image->setAlignment(Qt::AlignCenter);
+    image->setPixmap(picture(QLatin1String(name).toString().toLower()).pixmap(where.size(), area.devicePixelRatioF()));
+    return image;
+}
+
+}  // namespace
+
+frmMainMenu::frmMainMenu(Program& program, Screens screens, FileSystem& files, bool previousInstance,
+                         std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
+    : Form(program, "frmMainMenu"),
+      screens_(screens),
+      files_(files),
+      previousInstance_(previousInstance),
+      loadAssistant_(std::move(loadAssistant)) {}
+
+frmMainMenu::~frmMainMenu() { program().setMerlin(nullptr); }
+
+// --- The window ------------------------------------------------------------------------------------------------------
+
+void frmMainMenu::build(QWidget& window) {
+    window.setWindowTitle(QStringLiteral("Main Menu"));
+    auto* layout = new QVBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* bar = new QMenuBar(&window);
+    layout->addWidget(bar);
+    auto* area = new QWidget(&window);
+    const double scale = fontScale(window);
+    area->setMinimumSize(scaled(clientSize, scale).size());
+    layout->addWidget(area);
+
+    auto* title = new QLabel(QStringLiteral("TORVANE Construction Estimator Ver. 2.0"), area);
+    title->setObjectName(QStringLiteral("Label1"));
+    title->setGeometry(scaled(titlePlace, scale));
+    title->setAlignment(Qt::AlignCenter);
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * 1.9);
+    large.setBold(true);
+    title->setFont(large);
+    artwork(*area, "Image1", "A building site", image1Place, scale);
+    artwork(*area, "Image2", "An estimate sheet", image2Place, scale);
+
+    buildMenus(*bar);
+    buildButtons(*area, scale);
+    program().setMainWindow(&window);
+}
+
+void frmMainMenu::buildMenus(QMenuBar& bar) {
+    const auto isMenu = [](std::string_view name) {
+        return std::ranges::any_of(menuTree(), [&](const MenuEntry& entry) { return entry.parent == name; });
+    };
+    for (const MenuEntry& entry : menuTree()) {
+        const QString name = qstring(entry.name);
+        const QString caption = qstring(entry.caption);
+        QMenu* parent = menus_.value(qstring(entry.parent));
+        QAction* action = nullptr;
+        if (isMenu(entry.name)) {
+            QMenu* menu = parent ? parent->addMenu(caption) : bar.addMenu(caption);
+            menu->setObjectName(name);
+            menus_.insert(name, menu);
+            action = menu->menuAction();
+        } else if (caption.isEmpty()) {
+            action = parent->addSeparator();
+        } else {
+            action = parent ? parent->addAction(caption) : bar.addAction(caption);
+        }
+        action->setObjectName(name);
+        entries_.insert(name, action);
+    }
+}
+
+void frmMainMenu::buildButtons(QWidget& area, double scale) {
+    Frame2_ = new QWidget(&area);
+    Frame2_->setObjectName(QStringLiteral("Frame2"));
+    Frame2_->setGeometry(scaled(frame2Place, scale));
+    for (const ButtonPlace& place : buttons) {
+        auto* button = new PictureButton(Frame2_);
+        button->setObjectName(qstring(place.name));
+        button->setAccessibleName(qstring(place.word));
+        button->setPicture(qstring(place.picture));
+        button->setText(qstring(place.word));
+        button->setStyleSheet(QStringLiteral("text-align: left; padding-left: 6px;"));
+        button->setGeometry(scaled({0, place.top, buttonWidth, buttonHeight}, scale));
+        if (menus_.contains(qstring(place.entry)))
+            on(*this, button, &QAbstractButton::clicked, [this, button, &place] { popUp(*button, place.entry); });
+        else
+            on(*this, button, &QAbstractButton::clicked, [this, &place] { runEntry(place.entry); });
+    }
+}
+
+void frmMainMenu::dropControls() {
+    entries_.clear();
+    menus_.clear();
+    Frame2_ = nullptr;
+}
+
+void frmMainMenu::popUp(QWidget& button, std::string_view menu) {
+    menus_.value(qstring(menu))->popup(button.mapToGlobal(QPoint(button.width(), 0)));
+}
+
+void frmMainMenu::runEntry(std::string_view name) { entries_.value(qstring(name))->trigger(); }
+
+void frmMainMenu::setWorkingMenusVisible(bool visible) {
+    for (const std::string_view menu : workingMenus) entries_.value(qstring(menu))->setVisible(visible);
+    Frame2_->setVisible(visible);
+}
+
+// --- Start -----------------------------------------------------------------------------------------------------------
+
+void frmMainMenu::Form_Load() {
+    connectEntries();
+    setWorkingMenusVisible(false);
+    if (previousInstance_) {
+        // The assistant is not there yet, so this is where a second copy ends.
+        program().Merlin().Play("Sad");
+        program().Merlin().Speak("Previous Instance of this Application is already running");
+        Unload();
+        return;
+    }
+    connection_ = std::make_unique<Connection>(program().environment().store);
+    connection_->open(connectionText(program().host().programDirectory()));
+    ActivateMerlin();
+    Assistant& merlin = program().Merlin();
+    merlin.MoveTo(100, 100);
+    merlin.Play("Wave");
+    merlin.Speak("Hello");
+    merlin.Play("Greet");
+    merlin.Speak("Welcome to Torvane Construction Estimator");
+    setWorkingMenusVisible(true);
+    merlin.Hide();
+    setHelpContext(1);
+}
+
+void frmMainMenu::ActivateMerlin() {
+    assistant_ = loadAssistant_(program().host().programDirectory() + "/Merlin.ACS");
+    program().setMerlin(assistant_.get());
+    program().Merlin().Show();
+}
+
+void frmMainMenu::Form_Unload() {
+    program().setMerlin(nullptr);
+    assistant_.reset();
+}
+
+// --- Menu entries ----------------------------------------------------------------------------------------------------
+
+void frmMainMenu::onEntry(std::string_view name, std::function<void()> handler) {
+    on(*this, entries_.value(qstring(name)), &QAction::triggered, std::move(handler));
+}
+
+void frmMainMenu::notThereYet(std::string_view name, std::string_view what) {
+    onEntry(name, [this, text = std::string(what) + " not there yet."] { program().speakHelp(text); });
+}
+
+void frmMainMenu::connectEntries() {
+    onEntry("mnuExport", [this] { takeBackup(program().environment(), files_); });
+    onEntry("mnuImport", [this] { restoreBackup(program().environment(), files_); });
+    onEntry("mnuClose", [this] { Unload(); });
+    onEntry("mnuExit", [this] { Unload(); });
+
+    const auto openCustomers = [this](std::string_view entry, const char* which) {
+        onEntry(entry, [this, which] {
+            screens_.customer.Which = which;
+            screens_.customer.Show();
+        });
+    };
+    openCustomers("SubMnuAddCust", "A");
+    openCustomers("SubMnuEditCust", "E");
+    openCustomers("SubMnuDelCust", "D");
+
+    onEntry("mnuNewEstimate", [this] {
+        screens_.order.AddOrDelete = "A";
+        screens_.order.Show();
+    });
+
+    for (const std::string_view entry : {"SubMnuAddCat", "SubMnuEditCat", "SubMnuDelCat"})
+        notThereYet(entry, "The categories screen is");
+    for (const std::string_view entry : {"SubMnuAddItem", "SubMnuEditItem", "SubMnuDelItem"})
+        notThereYet(entry, "The items screen is");
+    notThereYet("mnuRooms", "The takeoff names screen is");
+    notThereYet("mnuUnits", "The units screen is");
+    notThereYet("mnuEditEstimate", "The search for estimates is");
+    notThereYet("mnuDelEstimate", "The screen for deleting estimates is");
+    for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
+    notThereYet("mnusalesrpt", "The estimates report is");
+    notThereYet("mnucustrpt", "The customers report is");
+    notThereYet("mnuBlank", "The notes area is");
+    notThereYet("mnuHelpContents", "The help book is");
+    notThereYet("mnuHelpSearch", "The search in the help book is");
+    notThereYet("mnuHelpAbout", "The about window is");
+    program().setHelp([this](int) { program().speakHelp("The help book is not there yet."); });
+}
+
+}  // namespace torvane

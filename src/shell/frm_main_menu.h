@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QHash>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "datastore/store.h"
+#include "platform/form.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+class QMenuBar;
+
+namespace torvane {
+
+class FileSystem;
+class frmCustomer;
+class frmOrder;
+
+// The screens that the main window opens.
+struct Screens {
+    frmOrder& order;
+    frmCustomer& customer;
+};
+
+// The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program and
+// holds what other objects take from it: the assistant, and the place of windows.
+class frmMainMenu : public Form {
+public:
+    // `previousInstance`: another copy of the program runs on the same folder. `loadAssistant` brings the assistant to
+    // life from a character file; it fails when the file is missing or damaged.
+    frmMainMenu(Program& program, Screens screens, FileSystem& files, bool previousInstance,
+                std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
+    ~frmMainMenu() override;
+
+protected:
+    void build(QWidget& window) override;
+    void dropControls() override;
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    void buildMenus(QMenuBar& bar);
+    void buildButtons(QWidget& area, double scale);
+    void connectEntries();
+    void onEntry(std::string_view name, std::function<void()> handler);
+    void notThereYet(std::string_view name, std::string_view what);
+    void setWorkingMenusVisible(bool visible);
+    void ActivateMerlin();
+    void popUp(QWidget& button, std::string_view menu);
+    void runEntry(std::string_view name);
+
+    Screens screens_;
+    FileSystem& files_;
+    bool previousInstance_;
+    std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant_;
+    std::unique_ptr<Connection> connection_;
+    std::unique_ptr<Assistant> assistant_;
+
+    QHash<QString, QAction*> entries_;
+    QHash<QString, QMenu*> menus_;
+    QWidget* Frame2_ = nullptr;
+};
+
+}  // namespace torvane
