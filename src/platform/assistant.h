@@ -11,7 +11,7 @@ public:
     virtual ~Assistant() = default;
     virtual void Show() = 0;
     virtual void Hide() = 0;
-    virtual void MoveTo(int x, int y) = 0;            // screen pixels
+    virtual void MoveTo(int x, int y) = 0;              // screen pixels
     virtual void Play(std::string_view animation) = 0;  // "Wave", "Greet", "Sad"
     virtual void Speak(std::string_view text) = 0;
 };

@@ -2,9 +2,11 @@
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QIcon>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <QWheelEvent>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +22,9 @@ std::string utf8(const QString& text);
 QString qstring(std::string_view text);
 
 // Coordinates of the system are twips: 15 to the pixel at 96 dots per inch.
-constexpr int pixels(double twips) { return static_cast<int>(twips / 15.0 + (twips < 0 ? -0.5 : 0.5)); }
+constexpr int pixels(double twips) {
+    return static_cast<int>(twips / 15.0 + (twips < 0 ? -0.5 : 0.5));
+}
 
 // A text box. `Change` is textChanged: it fires only when the text differs. Operations that may run handlers check that
 // the program still runs. Where a key filter is set, a typed character passes only if it is among `allowed`; paste,
@@ -30,7 +34,9 @@ class TextBox : public QLineEdit {
 public:
     explicit TextBox(QWidget* parent = nullptr);
     std::string Text() const;
+    // The caret goes to the front, so that a long text shows its beginning.
     void setText(std::string_view text);
+    void setText(const char* text) { setText(std::string_view(text)); }
     void setText(const QString& text);  // what uic calls
     void setKeyFilter(std::string_view allowed);
     // Shown like a result: read-only, greyed, no tab stop; still selectable for copying.
@@ -38,15 +44,18 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
+    bool passes(const QString& typed) const;
     QString allowed_;
     bool filtered_ = false;
 };
 
-// A drop-down list whose entries carry a number (item data). Nothing is selected until somebody selects. `Click` fires on
-// each act of selecting, by the user (also of the entry that stands already) or by `select`, and not on clearing, filling
-// or the wheel. ListIndex is -1 while nothing is selected.
+// A drop-down list whose entries carry a number (item data). Nothing is selected until somebody selects. `Click` fires
+// on each act of selecting, by the user (also of the entry that stands already) or by `select`, and not on clearing,
+// filling or the wheel, which changes no drop-down list at all. ListIndex is -1 while nothing is selected. The entries
+// are changed by Clear, AddItem and fill only.
 class DropList : public QComboBox {
     Q_OBJECT
 public:
@@ -68,17 +77,27 @@ public:
     // The number of an entry, or of the selected one. Failure::Subscript when there is none.
     int ItemData(int index) const;
     int ItemData() const { return ItemData(ListIndex()); }
+    // The text of an entry; "" when there is none.
     std::string List(int index) const;
     // The text of the selected entry, or "".
-    std::string Text() const;
+    std::string Text() const { return List(ListIndex()); }
+
+    void showPopup() override;
 
 signals:
     void Click();
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+private:
+    class Entries;
+    Entries* entries_;
 };
 
 // The report list: rows of texts under headers. Column 0 is the row's own text; the columns of width 0 are hidden and
-// carry keys that code reads by index. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the
-// selected row, separated by tabs; Enter is a double click.
+// carry keys that code reads by index. Sorted by the database, never by the list. Ctrl+C copies the visible texts of
+// the selected row, separated by tabs; Enter is a double click.
 class ReportList : public QTreeWidget {
     Q_OBJECT
 public:
@@ -95,30 +114,44 @@ public:
     void AddRow(const std::vector<std::string>& texts);
     // The same for many rows at once.
     void AddRows(const std::vector<std::vector<std::string>>& rows);
+    // Failure::Subscript when there is no such row; likewise where a row or column is named below.
     void RemoveRow(int row);
     int RowCount() const;
     // -1 when no row is selected.
     int SelectedRow() const;
     void selectRow(int row);
-    // Failure::Subscript outside the list (also -1: no row selected is a failure of the caller).
+    // -1, no row selected, is a failure of the caller like any other row that is not there.
     std::string Cell(int row, int column) const;
     void setCell(int row, int column, std::string_view text);
     void setRow(int row, const std::vector<std::string>& texts);
     void setColumnIcon(int column, Icon icon);
+    Icon columnIcon(int column) const;
     // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
     bool ascending = true;
 
 signals:
     void ColumnClick(int column);
-    void DblClick();  // a row was double-clicked, or Enter pressed on one
-    void RightClick(const QPoint& globalPosition);
+    void DblClick();                                // a row was double-clicked, or Enter pressed on one
+    void RightClick(const QPoint& globalPosition);  // the right button let go, or the menu key
+
+public:
+    void keyboardSearch(const QString& search) override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void keyboardSearch(const QString& search) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    QTreeWidgetItem& item(int row) const;
+    void requireColumn(int column) const;
+    int firstVisibleColumn() const;
+    std::vector<Icon> icons_;
 };
 
-// The date picker: typed in the machine's short date, or picked from a calendar.
+// The date picker: typed in the machine's short date (the year always with four digits), or picked from a calendar. The
+// wheel changes it only while it has the focus.
 class DateBox : public QDateEdit {
     Q_OBJECT
 public:
@@ -127,11 +160,13 @@ public:
     void setValue(const Date& date);
 
 protected:
+    bool event(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 };
 
-// A button with a picture that says what it does; the text is its accessible name, and its tool tip where it has none of
-// its own. The picture is named by the dynamic property "picture" in a form file, or set here: art/<name>.svg.
+// A button with a picture that says what it does. Its text is not drawn: it is its accessible name, and its tool tip
+// where it has none of its own. The picture is art/<name>.svg, drawn as large as the button allows; while there is none
+// of that name the button shows its text, or its accessible name.
 class PictureButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString picture READ picture WRITE setPicture)
@@ -139,9 +174,16 @@ public:
     explicit PictureButton(QWidget* parent = nullptr);
     QString picture() const { return picture_; }
     void setPicture(const QString& name);
+    QSize sizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    QString label() const;
     QString picture_;
+    QIcon face_;
 };
 
 }  // namespace torvane

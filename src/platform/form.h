@@ -2,13 +2,16 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include "platform/program.h"
 
-class QCloseEvent;
 class QEventLoop;
 
 namespace torvane {
@@ -34,8 +37,10 @@ public:
     void Unload();
     bool loaded() const { return !window_.isNull(); }
 
-    // The window; loads the screen.
+    // The window; loads the screen. Failure::ObjectNotSet when Form_Load has unloaded it again.
     QWidget& window();
+    // The window if there is one; loads nothing.
+    QWidget* standingWindow() const { return window_; }
     void setCaption(std::string_view caption);  // loads the screen
     std::string caption();
 
@@ -55,13 +60,42 @@ protected:
 
 private:
     friend class FormWindow;
+    void present(QWidget* front);
+    void drop();
     Program& program_;
     std::string name_;
-    QPointer<QWidget> window_;
-    QEventLoop* modalLoop_ = nullptr;
+    QPointer<QWidget> window_;  // a FormWindow
+    std::vector<QEventLoop*> modalLoops_;
     int helpContext_ = 0;
+    bool shown_ = false;
     bool unloading_ = false;
 };
+
+// As long as one of these stands, a window is not deleted, whatever unloads its screen.
+class Busy {
+public:
+    // The window of a screen, or null: then it holds nothing.
+    explicit Busy(QWidget* window);
+    ~Busy();
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    // Whether the screen has let go of the window; its events count no more.
+    bool unloaded() const;
+
+private:
+    QPointer<QWidget> window_;
+    bool given_;
+};
+
+// Runs what is entered neither by a signal nor by the screen itself (a timer, an event filter, an overridden event
+// handler) as a handler of the window: inside the event guard, and not at all once the window has been unloaded.
+template <class Body>
+void asHandler(Program& program, QWidget* window, Body&& body) {
+    const Busy busy(window);
+    program.guarded([&] {
+        if (!busy.unloaded()) body();
+    });
+}
 
 // A screen drawn by a form file: Ui is the struct that uic makes of it. `ui()` loads the screen, as touching a control
 // does.
@@ -71,6 +105,7 @@ public:
     using Form::Form;
     Ui& ui() {
         if (!controls_) Load();
+        if (!controls_) fail(Failure::ObjectNotSet);
         return *controls_;
     }
 
@@ -87,10 +122,46 @@ private:
 };
 
 // The only connect in screens: the handler runs inside the event guard, and the window can't be deleted under it. The
-// handler may take fewer arguments than the signal. The connection dies with the sender.
-//   on(form, ui().cmdAdd, &QAbstractButton::clicked, &frmOrder::cmdAdd_Click);   a member of the screen without arguments
-//   on(form, ui().list, &ReportList::ColumnClick, [this](int column) { ... });
+// handler may take fewer arguments than the signal. The connection dies with the sender, and is dead from the moment in
+// which the screen is unloaded; a sender that outlives the screen itself needs a connection of its own.
+//   on(form, ui().cmdAdd, &QAbstractButton::clicked, &frmOrder::cmdAdd_Click);   a member of the screen without
+//   arguments on(form, ui().list, &ReportList::ColumnClick, [this](int column) { ... });
 template <class Screen, class Sender, class Signal, class Handler>
 void on(Screen& form, Sender* sender, Signal signal, Handler handler);
+
+namespace detail {
+
+template <class Screen, class Handler, class Arguments, std::size_t... index>
+void callHandler(Screen& form, Handler& handler, Arguments& arguments, std::index_sequence<index...>) {
+    if constexpr (std::is_member_function_pointer_v<Handler> &&
+                  std::is_invocable_v<Handler&, Screen&, std::tuple_element_t<index, Arguments>...>) {
+        std::invoke(handler, form, std::get<index>(arguments)...);
+    } else if constexpr (std::is_invocable_v<Handler&, std::tuple_element_t<index, Arguments>...>) {
+        handler(std::get<index>(arguments)...);
+    } else {
+        static_assert(sizeof...(index) > 0, "the handler takes arguments that the signal does not give");
+        if constexpr (sizeof...(index) > 0)
+            callHandler(form, handler, arguments, std::make_index_sequence<sizeof...(index) - 1>{});
+    }
+}
+
+template <class Screen, class Sender, class Base, class... Arguments, class Handler>
+void connectHandler(Screen& form, Sender* sender, void (Base::*signal)(Arguments...), Handler handler) {
+    const QPointer<QWidget> window = form.standingWindow();
+    QObject::connect(sender, signal, sender,
+                     [&form, &program = form.program(), window, handler](Arguments... arguments) mutable {
+                         asHandler(program, window, [&] {
+                             std::tuple<Arguments&...> given(arguments...);
+                             callHandler(form, handler, given, std::index_sequence_for<Arguments...>{});
+                         });
+                     });
+}
+
+}  // namespace detail
+
+template <class Screen, class Sender, class Signal, class Handler>
+void on(Screen& form, Sender* sender, Signal signal, Handler handler) {
+    detail::connectHandler(form, sender, signal, std::move(handler));
+}
 
 }  // namespace torvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMargins>
 #include <QPointer>
 #include <QRect>
 #include <exception>
@@ -8,11 +9,13 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "datastore/environment.h"
 #include "platform/assistant.h"
 #include "values/failure.h"
 
+class QEventLoop;
 class QWidget;
 
 namespace torvane {
@@ -27,8 +30,8 @@ struct Ended {};
 // The program as every screen sees it. One object, made in main() and in each test.
 class Program {
 public:
-    // `end` is called when a failure has ended the program, after the run-time error box was shown and open write groups
-    // were committed; main() leaves the process there, with the status given. In tests it returns.
+    // `end` is called when a failure has ended the program, after the run-time error box was shown and open write
+    // groups were committed; main() leaves the process there, with the status given. In tests it returns.
     Program(Environment environment, std::function<void(int status)> end);
     ~Program();
     Program(const Program&) = delete;
@@ -38,8 +41,8 @@ public:
     Host& host() const { return environment_.host; }
 
     // --- The event guard ---------------------------------------------------------------------------------------------
-    // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Does nothing once
-    // the program has ended. A LostFocus that is still waiting comes before the handler.
+    // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Does nothing
+    // once the program has ended. A LostFocus that is still waiting comes before the handler.
     template <class Handler>
     void guarded(Handler&& handler) {
         if (!enter()) return;
@@ -58,12 +61,15 @@ public:
         if (ended_) throw Ended{};
     }
     bool ended() const { return ended_; }
-    // Makes all handlers inert, shows the run-time error box, commits open write groups and calls `end`.
+    // Makes all handlers inert, shows the run-time error box, commits open write groups and calls `end`; when that
+    // returns, every modal window is left. Nothing when the program has ended.
     void end(const RuntimeFailure& failure);
+    // What shows the failure, in place of the run-time error box.
+    void setErrorBox(std::function<void(const RuntimeFailure&)> show) { showFailure_ = std::move(show); }
 
     // --- Boxes (Host, with the check behind it) ----------------------------------------------------------------------
-    void say(std::string_view text, std::string_view title);       // OK
-    bool confirm(std::string_view text, std::string_view title);   // Yes/No; true on Yes
+    void say(std::string_view text, std::string_view title);      // OK
+    bool confirm(std::string_view text, std::string_view title);  // Yes/No; true on Yes
 
     // --- The assistant -----------------------------------------------------------------------------------------------
     // Failure::ObjectNotSet while there is none.
@@ -76,7 +82,8 @@ public:
     // The window that StartUp places others over; its last geometry is remembered when it has gone.
     void setMainWindow(QWidget* window);
     bool mainWindowHasGone() const { return mainWindowHasGone_; }
-    // Centres the screen's window over the main window and lifts it by 250 twips, wholly on the screen.
+    // Centres the screen's window over the main window and lifts it by 250 twips, wholly on the screen. Over the middle
+    // of the screen while no main window has ever been set.
     void StartUp(Form& form);
     // F1: opens the help at a context. Set by the shell.
     void setHelp(std::function<void(int context)> open) { openHelp_ = std::move(open); }
@@ -84,10 +91,7 @@ public:
 
     FocusWatcher& focusWatcher() { return *watcher_; }
 
-    // Called by Form: the process ends (Host-independent) when the last window has closed; `lastWindowClosed` is what to
-    // do then.
-    void windowShown();
-    void windowGone();
+    // What to do when the last window that was shown has gone and the handlers are done.
     void onLastWindowGone(std::function<void()> leave) { lastWindowGone_ = std::move(leave); }
 
 private:
@@ -98,17 +102,29 @@ private:
     };
     bool enter();
     void leave();
+    void windowShown() { ++shownWindows_; }
+    void windowUnloaded(QWidget* window, bool wasShown);
+    void leaveWithLastWindow();
+
     Environment environment_;
     std::function<void(int)> end_;
+    std::function<void(const RuntimeFailure&)> showFailure_;
     std::function<void(int)> openHelp_;
     std::function<void()> lastWindowGone_;
     std::unique_ptr<FocusWatcher> watcher_;
     Assistant* merlin_ = nullptr;
     QPointer<QWidget> mainWindow_;
     QRect mainGeometry_;
+    QMargins mainFrame_;
+    std::vector<int> handlers_;  // the depth of event loops in which each running handler was entered
+    std::vector<QEventLoop*> modalLoops_;
     int shownWindows_ = 0;
+    bool lastWindowWent_ = false;
     bool mainWindowHasGone_ = false;
     bool ended_ = false;
 };
+
+// Leaves the process at once with this status: output is flushed, no destructor runs. What main() gives as `end`.
+[[noreturn]] void leaveProcess(int status);
 
 }  // namespace torvane

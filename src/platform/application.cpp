@@ -1,0 +1,29 @@
+#include "platform/application.h"
+
+#include "platform/program.h"
+#include "platform/style.h"
+
+namespace torvane {
+
+TorvaneApplication::TorvaneApplication(int& argc, char** argv) : QApplication(argc, argv) {
+    setQuitOnLastWindowClosed(false);
+    applyStyle(*this);
+}
+
+bool TorvaneApplication::notify(QObject* receiver, QEvent* event) {
+    const auto caught = [this](const RuntimeFailure& failure) {
+        if (caught_) caught_(failure);
+        return false;
+    };
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeFailure& failure) {
+        return caught(failure);
+    } catch (const Ended&) {
+        return caught(RuntimeFailure{0, "a handler outside the event guard met the end of the program"});
+    } catch (const std::exception& failure) {
+        return caught(RuntimeFailure{0, failure.what()});
+    }
+}
+
+}  // namespace torvane

@@ -1,0 +1,466 @@
+#include "platform/controls.h"
+
+#include <QAbstractListModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QListView>
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "platform/form_window.h"
+#include "platform/pictures.h"
+#include "platform/program.h"
+
+namespace torvane {
+
+std::string utf8(const QString& text) {
+    return text.toStdString();
+}
+
+QString qstring(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// --- TextBox ---------------------------------------------------------------------------------------------------------
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {}
+
+std::string TextBox::Text() const {
+    return utf8(text());
+}
+
+void TextBox::setText(std::string_view text) {
+    setText(qstring(text));
+}
+
+void TextBox::setText(const QString& text) {
+    QLineEdit::setText(text);
+    setCursorPosition(0);
+    checkProgram(*this);
+}
+
+void TextBox::setKeyFilter(std::string_view allowed) {
+    allowed_ = qstring(allowed);
+    filtered_ = true;
+}
+
+bool TextBox::passes(const QString& typed) const {
+    return !filtered_ || std::all_of(typed.begin(), typed.end(),
+                                     [this](QChar sign) { return !sign.isPrint() || allowed_.contains(sign); });
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (passes(event->text()))
+        QLineEdit::keyPressEvent(event);
+    else
+        event->accept();
+}
+
+// Composed characters and those of an on-screen keyboard come this way.
+void TextBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (passes(event->commitString()))
+        QLineEdit::inputMethodEvent(event);
+    else
+        event->accept();
+}
+
+void TextBox::setResult(bool result) {
+    setReadOnly(result);
+    setFocusPolicy(result ? Qt::ClickFocus : Qt::StrongFocus);
+    QPalette colours = parentWidget() ? parentWidget()->palette() : QPalette();
+    if (result) colours.setColor(QPalette::Base, colours.color(QPalette::Window));
+    setPalette(colours);
+}
+
+// --- DropList --------------------------------------------------------------------------------------------------------
+
+class DropList::Entries : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        const Entry* entry = at(index.row());
+        if (!entry || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+        return qstring(entry->text);
+    }
+    const Entry* at(int row) const {
+        return row >= 0 && row < rowCount() ? &entries_[static_cast<std::size_t>(row)] : nullptr;
+    }
+    void replace(std::vector<Entry> entries) {
+        beginResetModel();
+        entries_ = std::move(entries);
+        endResetModel();
+    }
+    void add(Entry entry) {
+        beginInsertRows({}, rowCount(), rowCount());
+        entries_.push_back(std::move(entry));
+        endInsertRows();
+    }
+
+private:
+    std::vector<Entry> entries_;
+};
+
+DropList::DropList(QWidget* parent) : QComboBox(parent), entries_(new Entries(this)) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMaxVisibleItems(16);
+    setPlaceholderText(" ");  // else the first entry would select itself
+    // Else the first show measures every entry.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(12);
+    setModel(entries_);
+    connect(this, &QComboBox::activated, this, &DropList::Click);
+}
+
+void DropList::Clear() {
+    fill({});
+}
+
+void DropList::AddItem(std::string_view text, int itemData) {
+    entries_->add({std::string(text), itemData});
+    checkProgram(*this);
+}
+
+void DropList::fill(std::vector<Entry> entries) {
+    entries_->replace(std::move(entries));
+    setCurrentIndex(-1);
+    checkProgram(*this);
+}
+
+int DropList::ListCount() const {
+    return entries_->rowCount();
+}
+
+int DropList::ListIndex() const {
+    return currentIndex();
+}
+
+void DropList::select(int index) {
+    if (index < -1 || index >= ListCount()) fail(Failure::InvalidCall);
+    setCurrentIndex(index);
+    if (index >= 0) emit Click();
+    checkProgram(*this);
+}
+
+void DropList::selectItemData(int itemData) {
+    for (int index = 0; index < ListCount(); ++index)
+        if (ItemData(index) == itemData) select(index);
+}
+
+int DropList::ItemData(int index) const {
+    const Entry* entry = entries_->at(index);
+    if (!entry) fail(Failure::Subscript);
+    return entry->itemData;
+}
+
+std::string DropList::List(int index) const {
+    const Entry* entry = entries_->at(index);
+    return entry ? entry->text : std::string();
+}
+
+void DropList::showPopup() {
+    // Made at the first opening only: a list that nobody opens needs no view.
+    if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
+    QComboBox::showPopup();
+}
+
+// --- ReportList ------------------------------------------------------------------------------------------------------
+
+namespace {
+
+QStringList qstrings(const std::vector<std::string>& texts) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (const std::string& text : texts) list.append(qstring(text));
+    return list;
+}
+
+class RightAligned : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    }
+};
+
+// All three are of one size, or the captions would jump from one to the other.
+QIcon headerIcon(const QWidget& list, ReportList::Icon icon) {
+    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list);
+    const qreal ratio = list.devicePixelRatioF();
+    QPixmap pixmap(QSize(side, side) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    if (icon != ReportList::Icon::Blank) {
+        const qreal middle = side / 2.0;
+        const qreal reach = side * 0.3;
+        const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(list.palette().color(QPalette::ButtonText));
+        painter.drawPolygon(QPolygonF(
+            {{middle - reach, middle - tip / 2}, {middle + reach, middle - tip / 2}, {middle, middle + tip / 2}}));
+    }
+    return QIcon(pixmap);
+}
+
+}  // namespace
+
+ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    header()->setSectionsClickable(true);
+    connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+}
+
+void ReportList::setColumns(const std::vector<Column>& columns) {
+    const int count = static_cast<int>(columns.size());
+    setColumnCount(count);
+    icons_.assign(columns.size(), Icon::Blank);
+    auto* captions = new QTreeWidgetItem;
+    auto* right = new RightAligned(this);
+    for (int index = 0; index < count; ++index) {
+        const Column& column = columns[static_cast<std::size_t>(index)];
+        captions->setText(index, qstring(column.header));
+        captions->setTextAlignment(index, (column.numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        if (column.numeric) setItemDelegateForColumn(index, right);
+    }
+    setHeaderItem(captions);
+    for (int index = 0; index < count; ++index) {
+        const int width = pixels(columns[static_cast<std::size_t>(index)].twips);
+        setColumnHidden(index, width == 0);  // a width of 0 alone could be dragged open
+        if (width > 0) setColumnWidth(index, width);
+    }
+}
+
+void ReportList::ClearRows() {
+    clear();
+    checkProgram(*this);
+}
+
+void ReportList::AddRow(const std::vector<std::string>& texts) {
+    AddRows({texts});
+}
+
+void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const std::vector<std::string>& row : rows) items.append(new QTreeWidgetItem(qstrings(row)));
+    const bool first = RowCount() == 0;
+    addTopLevelItems(items);
+    if (first && !items.isEmpty()) setCurrentItem(items.constFirst());
+    checkProgram(*this);
+}
+
+void ReportList::RemoveRow(int row) {
+    item(row);
+    delete takeTopLevelItem(row);
+    checkProgram(*this);
+}
+
+int ReportList::RowCount() const {
+    return topLevelItemCount();
+}
+
+int ReportList::SelectedRow() const {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.constFirst().row();
+}
+
+void ReportList::selectRow(int row) {
+    setCurrentItem(&item(row));
+    checkProgram(*this);
+}
+
+QTreeWidgetItem& ReportList::item(int row) const {
+    if (row < 0 || row >= RowCount()) fail(Failure::Subscript);
+    return *topLevelItem(row);
+}
+
+void ReportList::requireColumn(int column) const {
+    if (column < 0 || column >= columnCount()) fail(Failure::Subscript);
+}
+
+std::string ReportList::Cell(int row, int column) const {
+    requireColumn(column);
+    return utf8(item(row).text(column));
+}
+
+void ReportList::setCell(int row, int column, std::string_view text) {
+    requireColumn(column);
+    item(row).setText(column, qstring(text));
+}
+
+void ReportList::setRow(int row, const std::vector<std::string>& texts) {
+    item(row);
+    if (!texts.empty()) requireColumn(static_cast<int>(texts.size()) - 1);
+    for (std::size_t column = 0; column < texts.size(); ++column) setCell(row, static_cast<int>(column), texts[column]);
+}
+
+void ReportList::setColumnIcon(int column, Icon icon) {
+    requireColumn(column);
+    icons_[static_cast<std::size_t>(column)] = icon;
+    if (headerItem()->icon(column).isNull())
+        for (int other = 0; other < columnCount(); ++other)
+            headerItem()->setIcon(other, headerIcon(*this, Icon::Blank));
+    headerItem()->setIcon(column, headerIcon(*this, icon));
+}
+
+ReportList::Icon ReportList::columnIcon(int column) const {
+    requireColumn(column);
+    return icons_[static_cast<std::size_t>(column)];
+}
+
+int ReportList::firstVisibleColumn() const {
+    for (int column = 0; column < columnCount(); ++column)
+        if (!isColumnHidden(column)) return column;
+    return 0;
+}
+
+// The stock search would look at the key in the hidden first column.
+void ReportList::keyboardSearch(const QString& search) {
+    if (RowCount() == 0) return;
+    const int row = std::max(0, currentIndex().row());
+    selectionModel()->setCurrentIndex(model()->index(row, firstVisibleColumn()), QItemSelectionModel::NoUpdate);
+    QTreeWidget::keyboardSearch(search);
+}
+
+void ReportList::keyPressEvent(QKeyEvent* event) {
+    const int row = SelectedRow();
+    if (event->matches(QKeySequence::Copy)) {
+        event->accept();
+        if (row < 0) return;
+        QStringList texts;
+        for (int column = 0; column < columnCount(); ++column)
+            if (!isColumnHidden(column)) texts.append(item(row).text(column));
+        QApplication::clipboard()->setText(texts.join('\t'));
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        if (row >= 0) emit DblClick();
+    } else {
+        QTreeWidget::keyPressEvent(event);
+    }
+}
+
+void ReportList::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool onRow = event->button() == Qt::LeftButton && itemAt(event->position().toPoint());
+    QTreeWidget::mouseDoubleClickEvent(event);
+    if (onRow) emit DblClick();
+}
+
+void ReportList::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton) emit RightClick(event->globalPosition().toPoint());
+}
+
+void ReportList::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    // The mouse has its own way: the menu comes when the button is let go, on every platform.
+    if (event->reason() != QContextMenuEvent::Keyboard) return;
+    const QRect row = visualRect(currentIndex());
+    emit RightClick(viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint()));
+}
+
+// --- DateBox ---------------------------------------------------------------------------------------------------------
+
+DateBox::DateBox(QWidget* parent) : QDateEdit(parent) {
+    setCalendarPopup(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
+}
+
+Date DateBox::Value() const {
+    return {date().year(), date().month(), date().day()};
+}
+
+void DateBox::setValue(const Date& date) {
+    setDate(QDate(date.year, date.month, date.day));
+    checkProgram(*this);
+}
+
+bool DateBox::event(QEvent* event) {
+    if (event->type() == QEvent::Polish) {
+        if (const auto* inWindow = qobject_cast<const FormWindow*>(window())) {
+            // Two digits would be read back as years of the last century.
+            QString pattern = qstring(inWindow->program().host().shortDate().pattern);
+            if (!pattern.contains("yyyy")) pattern.replace("yy", "yyyy");
+            setDisplayFormat(pattern);
+        }
+    }
+    return QDateEdit::event(event);
+}
+
+void DateBox::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+// --- PictureButton ---------------------------------------------------------------------------------------------------
+
+PictureButton::PictureButton(QWidget* parent) : QPushButton(parent) {}
+
+void PictureButton::setPicture(const QString& name) {
+    picture_ = name;
+    face_ = torvane::picture(name);
+    updateGeometry();
+    update();
+}
+
+QString PictureButton::label() const {
+    return text().isEmpty() ? accessibleName() : text();
+}
+
+bool PictureButton::event(QEvent* event) {
+    if (event->type() == QEvent::Polish) {
+        const QString name = label().remove('&');
+        if (accessibleName().isEmpty()) setAccessibleName(name);
+        if (toolTip().isEmpty()) setToolTip(name);
+    }
+    return QPushButton::event(event);
+}
+
+QSize PictureButton::sizeHint() const {
+    const QFontMetrics metrics = fontMetrics();
+    const int margin = metrics.height() / 2;
+    const int height = metrics.height() * 3 / 2;
+    const QSize room(8 * height, height);
+    const QSize content =
+        face_.isNull() ? QSize(metrics.horizontalAdvance(label().remove('&')), height) : face_.actualSize(room);
+    return content.grownBy({margin, margin / 2, margin, margin / 2});
+}
+
+void PictureButton::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = face_.isNull() ? label() : QString();
+    option.icon = QIcon();
+    painter.drawControl(QStyle::CE_PushButton, option);
+    if (face_.isNull()) return;
+    constexpr int bevel = 3;
+    face_.paint(&painter, rect().marginsRemoved({bevel, bevel, bevel, bevel}), Qt::AlignCenter,
+                isEnabled() ? QIcon::Normal : QIcon::Disabled);
+}
+
+}  // namespace torvane

@@ -1,0 +1,42 @@
+#include "platform/dialogs.h"
+
+#include <QPointer>
+#include <QScreen>
+
+#include "platform/form_window.h"
+
+namespace torvane {
+
+void prepareBox(QMessageBox& box, const QString& text, const QString& title, Buttons buttons) {
+    box.setObjectName("MessageBox");
+    box.setTextFormat(Qt::PlainText);
+    box.setIcon(QMessageBox::NoIcon);
+    box.setWindowTitle(title);
+    box.setText(text);
+    if (buttons == Buttons::Ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+    } else {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
+        box.setEscapeButton(QMessageBox::No);
+    }
+}
+
+int runOverFront(QDialog& dialog) {
+    const QPointer<QWidget> before = frontWindow(&dialog);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.ensurePolished();
+    dialog.adjustSize();
+    if (before) {
+        standOver(dialog, before);
+        QRect place(QPoint(), dialog.size());
+        place.moveCenter(before->frameGeometry().center());
+        dialog.move(whollyOn(before->screen()->availableGeometry(), place).topLeft());
+    }
+    const int result = dialog.exec();
+    // Without a window manager nobody gives the keys back to the window before.
+    if (before && before->isVisible()) before->activateWindow();
+    return result;
+}
+
+}  // namespace torvane

@@ -1,0 +1,32 @@
+#include "platform/error_box.h"
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr qsizetype longestRefused = 400;
+
+}  // namespace
+
+QString errorBoxText(const RuntimeFailure& failure) {
+    QString text = QStringLiteral("Run-time error %1\n\n").arg(failure.number());
+    text += qstring(failure.text());
+    text += QStringLiteral(
+        "\n\nThe program met something that it cannot work with and has to end now; what was saved before stays.");
+    QString refused = qstring(failure.refused());
+    if (refused.isEmpty()) return text;
+    if (refused.size() > longestRefused) refused = refused.left(longestRefused) + QChar(0x2026);
+    return text + QStringLiteral("\n\nRefused: ") + refused;
+}
+
+void showErrorBox(const RuntimeFailure& failure) {
+    QMessageBox box;
+    prepareBox(box, errorBoxText(failure), qstring(defaultTitle), Buttons::Ok);
+    box.setObjectName("RuntimeErrorBox");
+    runOverFront(box);
+}
+
+}  // namespace torvane

@@ -1,0 +1,198 @@
+#include "platform/form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QShortcut>
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/controls.h"
+#include "platform/focus_watcher.h"
+#include "platform/form_window.h"
+
+namespace torvane {
+
+// --- FormWindow ------------------------------------------------------------------------------------------------------
+
+FormWindow::FormWindow(Form& form) : QWidget(nullptr, Qt::Window), program_(form.program()), form_(&form) {
+    // A shortcut and not a key event: some controls keep the keys they do not know.
+    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(help, &QShortcut::activated, this,
+            [this] { asHandler(program_, this, [this] { program_.help(form_->helpContext()); }); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    asHandler(program_, this, [this] { form_->Unload(); });
+    event->setAccepted(unloaded() || program_.ended());
+}
+
+// Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.
+void FormWindow::letGo() {
+    if (unloaded() && handlers_ == 0) deleteLater();
+}
+
+QWidget* frontWindow(const QWidget* except) {
+    const auto fits = [except](const QWidget* window) {
+        return window && window != except && window->isVisible() &&
+               (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+    };
+    for (QWidget* window : {QApplication::activeModalWidget(), QApplication::activeWindow()})
+        if (fits(window)) return window;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (fits(window)) return window;
+    return nullptr;
+}
+
+void standOver(QWidget& window, QWidget* front) {
+    if (!front || front == &window) return;
+    window.winId();  // makes the native window
+    QWindow* const above = window.windowHandle();
+    QWindow* const below = front->windowHandle();
+    if (!above || !below) return;
+    // A list may stand over an entry form that stands over the list's own former place: never in a ring.
+    for (QWindow* step = below; step; step = step->transientParent())
+        if (step->transientParent() == above) step->setTransientParent(nullptr);
+    above->setTransientParent(below);
+}
+
+QRect whollyOn(const QRect& screen, QRect window) {
+    window.moveLeft(std::max(screen.left(), std::min(window.left(), screen.right() + 1 - window.width())));
+    window.moveTop(std::max(screen.top(), std::min(window.top(), screen.bottom() + 1 - window.height())));
+    return window;
+}
+
+void checkProgram(const QWidget& control) {
+    if (const auto* window = qobject_cast<const FormWindow*>(control.window())) window->program().check();
+}
+
+// --- Busy ------------------------------------------------------------------------------------------------------------
+
+Busy::Busy(QWidget* window) : window_(window), given_(window != nullptr) {
+    if (window_) ++static_cast<FormWindow*>(window_.data())->handlers_;
+}
+
+Busy::~Busy() {
+    if (auto* window = static_cast<FormWindow*>(window_.data())) {
+        --window->handlers_;
+        window->letGo();
+    }
+}
+
+bool Busy::unloaded() const {
+    return given_ && (!window_ || static_cast<const FormWindow*>(window_.data())->unloaded());
+}
+
+// --- Form ------------------------------------------------------------------------------------------------------------
+
+Form::Form(Program& program, const char* name) : program_(program), name_(name) {}
+
+Form::~Form() {
+    auto* window = static_cast<FormWindow*>(window_.data());
+    if (!window) return;
+    window->form_ = nullptr;
+    program_.focusWatcher().forget(window);
+    window->hide();
+    if (window->handlers_ == 0) delete window;  // else the last handler sees to it
+}
+
+void Form::Load() {
+    program_.check();
+    if (window_) return;
+    auto* window = new FormWindow(*this);
+    const Busy busy(window);
+    window_ = window;
+    window->setObjectName(qstring(name_));
+    try {
+        build(*window);
+        Form_Load();
+    } catch (...) {
+        if (window_ == window) drop();
+        throw;
+    }
+    program_.check();
+}
+
+void Form::present(QWidget* front) {
+    QWidget& window = *window_;
+    standOver(window, front);
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    if (!shown_) program_.windowShown();
+    shown_ = true;
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void Form::Show() {
+    Load();
+    if (window_) present(QApplication::activeModalWidget());
+    program_.check();
+}
+
+void Form::ShowModal() {
+    Load();
+    if (!window_) return;
+    const QPointer<QWidget> before = frontWindow(window_);
+    // The modality of a window changes only with its next show.
+    window_->hide();
+    window_->setWindowModality(Qt::ApplicationModal);
+    present(before);
+
+    QEventLoop loop;
+    modalLoops_.push_back(&loop);
+    program_.modalLoops_.push_back(&loop);
+    loop.exec(QEventLoop::DialogExec);
+    std::erase(program_.modalLoops_, &loop);
+    std::erase(modalLoops_, &loop);
+
+    // Without a window manager nobody gives the keys back to the window before.
+    if (before && before->isVisible()) before->activateWindow();
+    program_.check();
+}
+
+void Form::Unload() {
+    if (!window_ || unloading_) return;
+    const Busy busy(window_);
+    unloading_ = true;
+    try {
+        Form_Unload();
+    } catch (...) {
+        unloading_ = false;
+        throw;
+    }
+    unloading_ = false;
+    drop();
+    program_.check();
+}
+
+// The window goes, without a word to the screen.
+void Form::drop() {
+    auto* window = static_cast<FormWindow*>(window_.data());
+    program_.windowUnloaded(window, std::exchange(shown_, false));
+    window_ = nullptr;
+    window->form_ = nullptr;
+    dropControls();
+    for (QEventLoop* loop : modalLoops_) loop->quit();
+    if (QWindow* handle = window->windowHandle())
+        for (QWindow* other : QGuiApplication::topLevelWindows())
+            if (other->transientParent() == handle) other->setTransientParent(nullptr);
+    window->hide();
+    window->letGo();
+}
+
+QWidget& Form::window() {
+    Load();
+    if (!window_) fail(Failure::ObjectNotSet);
+    return *window_;
+}
+
+void Form::setCaption(std::string_view caption) {
+    window().setWindowTitle(qstring(caption));
+}
+
+std::string Form::caption() {
+    return utf8(window().windowTitle());
+}
+
+}  // namespace torvane

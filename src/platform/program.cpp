@@ -1,0 +1,149 @@
+#include "platform/program.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScreen>
+#include <QThread>
+#include <QWidget>
+#include <cstdio>
+#include <cstdlib>
+
+#include "datastore/store.h"
+#include "platform/controls.h"
+#include "platform/error_box.h"
+#include "platform/focus_watcher.h"
+#include "platform/form.h"
+#include "platform/form_window.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr double liftInTwips = 250;
+
+QMargins frameOf(const QWidget& window) {
+    const QRect outer = window.frameGeometry();
+    const QRect inner = window.geometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+}  // namespace
+
+Program::Program(Environment environment, std::function<void(int)> end)
+    : environment_(environment),
+      end_(std::move(end)),
+      showFailure_(showErrorBox),
+      watcher_(std::make_unique<FocusWatcher>(*this)) {}
+
+Program::~Program() = default;
+
+bool Program::enter() {
+    if (ended_) return false;
+    // A handler that runs inside another one, because code wrote a box, is part of it; nothing comes between them. One
+    // in an inner event loop is an act of its own.
+    const int loops = QThread::currentThread()->loopLevel();
+    if (handlers_.empty() || loops > handlers_.back()) watcher_->flush();
+    if (ended_) return false;
+    handlers_.push_back(loops);
+    return true;
+}
+
+void Program::leave() {
+    handlers_.pop_back();
+    leaveWithLastWindow();
+}
+
+void Program::end(const RuntimeFailure& failure) {
+    if (ended_) return;
+    ended_ = true;
+    try {
+        showFailure_(failure);
+    } catch (const std::exception&) {
+        // There is nothing left to say it with; the rest of the end must come.
+    }
+    environment_.store.commitOpenGroups();
+    if (end_) end_(1);
+    for (QEventLoop* loop : modalLoops_) loop->quit();
+}
+
+void Program::say(std::string_view text, std::string_view title) {
+    check();
+    host().box(text, title, Buttons::Ok);
+    check();
+}
+
+bool Program::confirm(std::string_view text, std::string_view title) {
+    check();
+    const Answer answer = host().box(text, title, Buttons::YesNo);
+    check();
+    return answer == Answer::Yes;
+}
+
+Assistant& Program::Merlin() const {
+    if (!merlin_) fail(Failure::ObjectNotSet);
+    return *merlin_;
+}
+
+void Program::speakHelp(std::string_view text) {
+    if (mainWindowHasGone_) return;
+    Merlin().Show();
+    Merlin().Speak(text);
+}
+
+void Program::setMainWindow(QWidget* window) {
+    mainWindow_ = window;
+    mainWindowHasGone_ = false;
+}
+
+void Program::StartUp(Form& form) {
+    QWidget& window = form.window();
+    window.ensurePolished();
+    window.resize(window.size().expandedTo(window.minimumSizeHint()));
+    if (mainWindow_) {
+        mainGeometry_ = mainWindow_->frameGeometry();
+        mainFrame_ = frameOf(*mainWindow_);
+    }
+    QScreen* screen = mainGeometry_.isNull() ? nullptr : QGuiApplication::screenAt(mainGeometry_.center());
+    if (!screen) screen = QGuiApplication::primaryScreen();
+    const QRect available = screen->availableGeometry();
+    const QRect main = mainGeometry_.isNull() ? available : mainGeometry_;
+
+    // The frame of a window that was never shown is not known; the main window's is as good.
+    QRect place(QPoint(), window.size().grownBy(mainFrame_));
+    place.moveLeft(main.left() + (main.width() - place.width()) / 2);
+    place.moveTop(main.top() + (main.height() - place.height()) / 2 - pixels(liftInTwips));
+    window.move(whollyOn(available, place).topLeft());
+}
+
+void Program::help(int context) {
+    if (openHelp_) openHelp_(context);
+}
+
+void Program::windowUnloaded(QWidget* window, bool wasShown) {
+    watcher_->forget(window);
+    if (window == mainWindow_) {
+        mainGeometry_ = window->frameGeometry();
+        mainFrame_ = frameOf(*window);
+        mainWindow_ = nullptr;
+        mainWindowHasGone_ = true;
+    }
+    if (!wasShown) return;
+    --shownWindows_;
+    lastWindowWent_ = true;
+    leaveWithLastWindow();
+}
+
+// A handler may close the last window and open another one: it counts when the handlers are done.
+void Program::leaveWithLastWindow() {
+    if (!handlers_.empty() || !lastWindowWent_) return;
+    lastWindowWent_ = false;
+    if (shownWindows_ == 0 && lastWindowGone_) lastWindowGone_();
+}
+
+void leaveProcess(int status) {
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+}  // namespace torvane

@@ -1,0 +1,73 @@
+#include "platform/qt_host.h"
+
+#include <QDate>
+#include <QFileDialog>
+#include <QLocale>
+#include <QStandardPaths>
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+
+namespace torvane {
+
+namespace {
+
+ShortDate machineShortDate() {
+    const QLocale machine = QLocale::system();
+    ShortDate style;
+    style.pattern = utf8(machine.dateFormat(QLocale::ShortFormat));
+    for (int month = 1; month <= 12; ++month) {
+        const auto index = static_cast<std::size_t>(month - 1);
+        style.monthNames[index] = utf8(machine.monthName(month, QLocale::LongFormat));
+        style.shortMonthNames[index] = utf8(machine.monthName(month, QLocale::ShortFormat));
+    }
+    return style;
+}
+
+std::optional<std::string> chosenName(QFileDialog& dialog, std::string_view filter, QString& folder) {
+    dialog.setObjectName("FileDialog");
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    dialog.setFileMode(QFileDialog::AnyFile);  // also when opening: the asker says what a missing file means
+    dialog.setNameFilter(qstring(filter));
+    if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    dialog.setDirectory(folder);
+    if (runOverFront(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    folder = dialog.directory().absolutePath();
+    return utf8(dialog.selectedFiles().constFirst());
+}
+
+}  // namespace
+
+QtHost::QtHost(std::string programDirectory)
+    : programDirectory_(std::move(programDirectory)), shortDate_(machineShortDate()) {}
+
+Answer QtHost::box(std::string_view text, std::string_view title, Buttons buttons) {
+    QMessageBox box;
+    prepareBox(box, qstring(text), qstring(title), buttons);
+    const int pressed = runOverFront(box);
+    if (buttons == Buttons::Ok) return Answer::Ok;
+    return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+std::optional<std::string> QtHost::askSaveName(std::string_view proposed, std::string_view filter) {
+    QFileDialog dialog;
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setWindowTitle("Save As");
+    const QString name = qstring(proposed);
+    dialog.selectFile(name);
+    return chosenName(dialog, filter, lastFolder_);
+}
+
+std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
+    QFileDialog dialog;
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setWindowTitle("Open");
+    return chosenName(dialog, filter, lastFolder_);
+}
+
+Date QtHost::today() const {
+    const QDate day = QDate::currentDate();
+    return {day.year(), day.month(), day.day()};
+}
+
+}  // namespace torvane

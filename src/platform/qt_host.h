@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+#include "host/host.h"
+
+namespace torvane {
+
+// The host over Qt's message boxes and file dialogs and the machine's own clock and date form.
+class QtHost : public Host {
+public:
+    // The folder of the program, without a slash behind it.
+    explicit QtHost(std::string programDirectory);
+
+    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
+    std::optional<std::string> askOpenName(std::string_view filter) override;
+    Date today() const override;
+    const ShortDate& shortDate() const override { return shortDate_; }
+    const std::string& programDirectory() const override { return programDirectory_; }
+    std::int16_t NoInList() const override { return 15; }
+
+private:
+    std::string programDirectory_;
+    ShortDate shortDate_;
+    QString lastFolder_;  // where the file dialogs open next
+};
+
+}  // namespace torvane

@@ -1,0 +1,26 @@
+#include "platform/style.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+
+namespace torvane {
+
+namespace {
+
+class Style : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        // As a pop-up menu a drop-down list measures every entry before it opens and fills the whole screen.
+        if (hint == SH_ComboBox_Popup) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
+}  // namespace
+
+void applyStyle(QApplication& application) {
+    application.setStyle(new Style);
+}
+
+}  // namespace torvane
