@@ -26,6 +26,8 @@ function(torvane_room name)
   target_link_libraries(torvane_${name} PUBLIC ${ROOM_LINKS} PRIVATE torvane_warnings ${ROOM_PRIVATE_LINKS})
   if(ROOM_WINDOWS)
     set_target_properties(torvane_${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON AUTOUIC_SEARCH_PATHS ${folder})
+    # A screen's header shows its form, so rooms above include what uic makes of it.
+    target_include_directories(torvane_${name} PUBLIC ${PROJECT_BINARY_DIR}/torvane_${name}_autogen/include)
   endif()
 endfunction()
 

@@ -1,6 +1,7 @@
 #include "estimates/coln_order_items.h"
 
 #include "values/failure.h"
+#include "values/numbers.h"
 
 namespace torvane {
 

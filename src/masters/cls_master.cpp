@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "datastore/statement.h"
+#include "values/numbers.h"
 
 namespace torvane {
 

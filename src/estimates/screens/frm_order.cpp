@@ -5,6 +5,7 @@
 #include "masters/screens/frm_customer.h"
 #include "platform/fill_names.h"
 #include "platform/focus_watcher.h"
+#include "values/numbers.h"
 
 namespace torvane {
 

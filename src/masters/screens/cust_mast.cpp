@@ -2,6 +2,7 @@
 
 #include "masters/screens/frm_customer.h"
 #include "platform/fill_names.h"
+#include "values/numbers.h"
 
 namespace torvane {
 

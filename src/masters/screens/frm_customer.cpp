@@ -1,4 +1,5 @@
 #include "masters/screens/frm_customer.h"
+#include "values/numbers.h"
 
 #include <algorithm>
 #include <iterator>

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "platform/form.h"
+#include "values/numbers.h"
 
 namespace torvane {
 
