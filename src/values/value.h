@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -9,7 +10,7 @@
 namespace torvane {
 
 struct Null {
-    bool operator==(const Null&) const = default;
+    auto operator<=>(const Null&) const = default;
 };
 
 // One cell of a database row. A float is a float32 column, narrowed when it was read; a double is a computed number.

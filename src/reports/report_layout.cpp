@@ -1,0 +1,91 @@
+#include "reports/report_layout.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr auto Label = ReportControl::Label;
+constexpr auto Text = ReportControl::Text;
+constexpr auto Line = ReportControl::Line;
+constexpr auto Left = Align::Left;
+constexpr auto Right = Align::Right;
+constexpr auto Plain = Face::Plain;
+constexpr auto Bold = Face::Bold;
+constexpr auto Title = Face::Title;
+constexpr auto General = Format::General;
+constexpr auto Money = Format::TwoDecimals;
+
+constexpr ReportField proposalReportHeader[] = {
+    {"Label6", Label, "Estimates Proposal", 144, 144, 3450, 435, Left, Title},
+};
+
+// The captions stand over their columns only roughly, and one of them stands for two columns: they stay where they are.
+constexpr ReportField proposalGroupHeader[] = {
+    {"Label8", Label, "Customer Name", 144, 144, 1290, 240, Left, Bold},
+    {"Label4", Label, "Estimate No.", 4176, 144, 1290, 240, Left, Bold},
+    {"txtorderinfoOrderNo", Text, "orderinfo.OrderNo", 5616, 144, 1440, 240},
+    {"txtCustName", Text, "CustName", 144, 432, 2880, 240},
+    {"Label7", Label, "Estimate Date", 4176, 432, 1290, 240, Left, Bold},
+    {"txtOrderDate", Text, "OrderDate", 5616, 432, 1440, 240},
+    {"txtSStreet1", Text, "SStreet1", 144, 720, 2880, 240},
+    {"txtSStreet2", Text, "SStreet2", 144, 1008, 2880, 240},
+    {"txtSCity", Text, "SCity", 144, 1296, 2880, 240},
+    {"txtSState", Text, "SState", 144, 1584, 2880, 240},
+    {"txtSZip", Text, "SZip", 144, 1872, 1440, 240},
+    {"txtSCountry", Text, "SCountry", 144, 2160, 1440, 240},
+    {"Label14", Label, "Takeoff Name", 144, 2592, 1440, 285, Left, Bold},
+    {"Line3", Line, "", 144, 2592, 8790, 0},
+    {"Label1", Label, "Qty", 1728, 2592, 585, 240, Left, Bold},
+    {"Label10", Label, "Unit", 2304, 2592, 585, 240, Left, Bold},
+    {"Label9", Label, "Item", 3312, 2592, 1290, 240, Left, Bold},
+    {"Label11", Label, "Material", 5472, 2592, 720, 240, Right, Bold},
+    {"Label13", Label, "Labor", 6048, 2592, 720, 240, Right, Bold},
+    {"Label12", Label, "SubLabor Others", 6336, 2592, 1872, 240, Right, Bold},
+    {"Label2", Label, "Item Total", 8208, 2592, 870, 285, Left, Bold},
+    {"Line1", Line, "", 144, 2880, 8790, 0},
+};
+
+constexpr ReportField proposalDetail[] = {
+    {"txtRoom", Text, "Room", 144, 0, 1440, 240},
+    {"txtQty", Text, "Qty", 1728, 0, 576, 240},
+    {"txtUnit", Text, "Unit", 2304, 0, 855, 240},
+    {"txtItem", Text, "Item", 3312, 0, 2010, 240},
+    {"txtMaterial", Text, "Material", 5472, 0, 720, 240, Right, Plain, Money},
+    {"txtLabor", Text, "Labor", 6192, 0, 576, 240, Right, Plain, Money},
+    {"txtExtension", Text, "Extension", 6768, 0, 576, 240, Right, Plain, Money},
+    {"txtOthers", Text, "Others", 7344, 0, 720, 240, Right, Plain, Money},
+    {"txttotitem", Text, "totitem", 8064, 0, 870, 240, Right, Plain, Money},
+};
+
+constexpr ReportField proposalGroupFooter[] = {
+    {"Line2", Line, "", 144, 144, 8790, 0},
+    {"Label5", Label, "Amount", 6192, 144, 1290, 240, Right, Bold},
+    {"txtAmount", Text, "Amount", 7488, 144, 1440, 240, Right, Plain, Money},
+    {"Label15", Label, "Tax:", 5760, 576, 720, 240, Right, Bold},
+    {"txtTax", Text, "Tax", 6480, 576, 585, 240, Right, Plain, Money},
+    {"Label17", Label, "%", 7056, 576, 285, 285, Left, Bold},
+    {"txttaxtot", Text, "taxtot", 7488, 576, 1440, 240, Right, Plain, General},
+    {"Label16", Label, "Overhead:", 5616, 864, 870, 240, Right, Bold},
+    {"txtOverhead", Text, "Overhead", 6480, 864, 585, 240, Right, Plain, Money},
+    {"Label18", Label, "%", 7056, 864, 285, 285, Left, Bold},
+    {"txtohtot", Text, "ohtot", 7488, 864, 1440, 240, Right, Plain, General},
+    {"Label3", Label, "Total:", 6192, 1152, 1305, 240, Right, Bold},
+    {"txtTotal", Text, "Total", 7488, 1152, 1440, 240, Right, Plain, Money},
+    {"Line4", Line, "", 144, 1440, 8790, 0},
+};
+
+constexpr ReportLayout proposal{
+    "DataReport3",        "Estimate Proposal",
+    {723, proposalReportHeader},
+    {},
+    {2937, proposalGroupHeader},
+    {300, proposalDetail},
+    {1560, proposalGroupFooter},
+    {},
+};
+
+}  // namespace
+
+const ReportLayout& proposalLayout() { return proposal; }
+
+}  // namespace torvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "reports/report_layout.h"
+#include "reports/report_rows.h"
+#include "values/dates.h"
+
+namespace torvane {
+
+// A text or a line in its place on a page; twips from the page's top left corner.
+struct Placed {
+    ReportControl kind = ReportControl::Text;
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    Align align = Align::Left;
+    Face face = Face::Plain;
+    std::string text;
+};
+
+// The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves the
+// preview, the printer, the PDF and the tests.
+class ReportPages {
+public:
+    // `dates`: how the machine writes a date.
+    ReportPages(const ReportLayout& layout, ReportRows rows, ShortDate dates);
+
+    const ReportLayout& layout() const { return *layout_; }
+    int pageCount() const { return static_cast<int>(pages_.size()); }
+    // What stands on a page, from 0, in the order of the layout. Failure::Subscript when there is no such page.
+    std::vector<Placed> page(int number) const;
+    // The whole report as text, a line per placed thing: page, left, top, width, height, face, alignment, text.
+    std::string dump() const;
+
+private:
+    struct PlacedBand {
+        const Band* band;
+        int row;  // -1: a band without a row
+        int top;
+    };
+    void layOut();
+    void place(const Band& band, int row);
+    std::string fieldText(const ReportField& field, int row) const;
+
+    const ReportLayout* layout_;
+    ReportRows rows_;
+    ShortDate dates_;
+    std::vector<std::vector<PlacedBand>> pages_;
+    int top_ = 0;
+};
+
+}  // namespace torvane

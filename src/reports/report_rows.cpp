@@ -1,0 +1,41 @@
+#include "reports/report_rows.h"
+
+#include <algorithm>
+#include <map>
+
+#include "values/failure.h"
+
+namespace torvane {
+
+namespace {
+
+bool sameName(std::string_view a, std::string_view b) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+}  // namespace
+
+ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by)
+    : names_(std::move(names)), rows_(std::move(rows)) {
+    std::vector<int> columns;
+    for (const std::string& name : by) columns.push_back(column(name));
+    std::map<std::vector<Value>, std::size_t> known;
+    for (int row = 0; row < rows_.rows(); ++row) {
+        std::vector<Value> parent;
+        for (const int column : columns) parent.push_back(rows_(column, row));
+        const auto [place, added] = known.try_emplace(std::move(parent), groups_.size());
+        if (added) groups_.emplace_back();
+        groups_[place->second].rows.push_back(row);
+    }
+}
+
+int ReportRows::column(std::string_view name) const {
+    const auto place = std::ranges::find_if(names_, [&](const std::string& known) { return sameName(known, name); });
+    if (place == names_.end()) fail(Failure::InvalidCall, name);
+    return static_cast<int>(place - names_.begin());
+}
+
+const Value& ReportRows::cell(std::string_view column_, int row) const { return rows_(column(column_), row); }
+
+}  // namespace torvane

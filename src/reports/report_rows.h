@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "datastore/rows.h"
+
+namespace torvane {
+
+// The rows that a report is filled with, and how they fall into groups.
+class ReportRows {
+public:
+    // A run of rows that share one parent row.
+    struct Group {
+        std::vector<int> rows;
+    };
+
+    // No rows, and no groups.
+    ReportRows() = default;
+    // One group per distinct combination of the columns `by`, in the order of their first row; with no such columns one
+    // group of all rows. Failure::InvalidCall when a column is missing.
+    ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by);
+
+    const std::vector<Group>& groups() const { return groups_; }
+    // A cell, by the column's name without regard to case. Failure::InvalidCall when there is no such column.
+    const Value& cell(std::string_view column, int row) const;
+
+private:
+    int column(std::string_view name) const;
+    std::vector<std::string> names_;
+    RowArray rows_{0, {}};
+    std::vector<Group> groups_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,56 @@
+#include "reports/screens/page_painter.h"
+
+#include <QFontMetricsF>
+#include <array>
+
+#include "platform/controls.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr double twipsPerPoint = 20;
+constexpr int lineWidth = 15;  // twips
+
+QFont faceFont(Face face) {
+    QFont font(QStringLiteral("Arial"));
+    // The painter's unit is a twip, so the font is measured in twips and not in the device's own dots.
+    font.setPixelSize(static_cast<int>(twipsPerPoint * (face == Face::Title ? titlePoints : textPoints)));
+    font.setBold(face != Face::Plain);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+}  // namespace
+
+void paintPage(QPainter& painter, const std::vector<Placed>& page) {
+    const std::array<QFont, 3> fonts{faceFont(Face::Plain), faceFont(Face::Bold), faceFont(Face::Title)};
+    const std::array<QFontMetricsF, 3> metrics{QFontMetricsF(fonts[0]), QFontMetricsF(fonts[1]),
+                                               QFontMetricsF(fonts[2])};
+    painter.setPen(QPen(Qt::black, lineWidth));
+    for (const Placed& placed : page) {
+        if (placed.kind == ReportControl::Line) {
+            painter.drawLine(placed.left, placed.top, placed.left + placed.width, placed.top + placed.height);
+            continue;
+        }
+        QString text = qstring(placed.text);
+        if (text.isEmpty()) continue;
+        const auto face = static_cast<std::size_t>(placed.face);
+        const QFontMetricsF& measure = metrics[face];
+        painter.setFont(fonts[face]);
+        // One line: a break inside a text stands as a blank.
+        text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+        const double advance = measure.horizontalAdvance(text);
+        const bool cut = advance > placed.width;
+        if (cut) {
+            painter.save();
+            painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
+        }
+        // A text that is cut loses its end and never its beginning, which is what an amount is read by.
+        const double x = placed.align == Align::Right && !cut ? placed.left + placed.width - advance : placed.left;
+        painter.drawText(QPointF(x, placed.top + measure.ascent()), text);
+        if (cut) painter.restore();
+    }
+}
+
+}  // namespace torvane

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QPainter>
+#include <vector>
+
+#include "reports/report_pages.h"
+
+namespace torvane {
+
+// Paints a page onto whatever the painter stands on. One unit of the painter has to be one twip. A text wider than its
+// box is cut at the box.
+void paintPage(QPainter& painter, const std::vector<Placed>& page);
+
+}  // namespace torvane

@@ -1,0 +1,46 @@
+#include "reports/screens/page_view.h"
+
+#include <QPainter>
+
+#include "platform/controls.h"
+#include "reports/screens/page_painter.h"
+
+namespace torvane {
+
+PageView::PageView(QWidget* parent) : QWidget(parent) { resizeToZoom(); }
+
+void PageView::setPages(std::shared_ptr<const ReportPages> pages) {
+    pages_ = std::move(pages);
+    setPage(0);
+}
+
+void PageView::setPage(int number) {
+    placed_ = pages_->page(number);
+    QString words;
+    for (const Placed& placed : placed_)
+        if (!placed.text.empty()) words += qstring(placed.text) + QLatin1Char('\n');
+    setAccessibleDescription(words);
+    update();
+}
+
+void PageView::setZoom(int percent) {
+    zoom_ = percent;
+    resizeToZoom();
+}
+
+void PageView::resizeToZoom() {
+    setFixedSize(pixels(pageWidth * zoom_ / 100.0), pixels(pageHeight * zoom_ / 100.0));
+    update();
+}
+
+void PageView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.setPen(Qt::gray);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    painter.scale(static_cast<double>(width()) / pageWidth, static_cast<double>(height()) / pageHeight);
+    paintPage(painter, placed_);
+}
+
+}  // namespace torvane

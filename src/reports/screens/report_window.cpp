@@ -1,0 +1,136 @@
+#include "reports/screens/report_window.h"
+
+#include <QFile>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+#include "reports/screens/page_painter.h"
+#include "values/numbers.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int twipsPerInch = 1440;
+constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};
+
+}  // namespace
+
+ReportWindow::ReportWindow(Program& program, const char* name) : FormOf(program, name) {}
+
+void ReportWindow::Form_Load() {
+    const auto click = [this](QAbstractButton* button, auto handler) {
+        on(*this, button, &QAbstractButton::clicked, handler);
+    };
+    click(ui().cmdFirst, [this] { showPage(0); });
+    click(ui().cmdPrevious, [this] { showPage(page_ - 1); });
+    click(ui().cmdNext, [this] { showPage(page_ + 1); });
+    click(ui().cmdLast, [this] { showPage(pages_->pageCount() - 1); });
+    click(ui().cmdPrint, [this] { print(); });
+    click(ui().cmdPdf, [this] { exportPdf(); });
+    click(ui().cmdClose, [this] { Unload(); });
+    for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
+    on(*this, ui().cmbZoom, &DropList::Click, [this] { ui().page->setZoom(ui().cmbZoom->ItemData()); });
+    ui().cmbZoom->selectItemData(100);
+    program().StartUp(*this);
+}
+
+void ReportWindow::Form_Unload() { pages_.reset(); }
+
+void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages) {
+    pages_ = std::move(pages);
+    Load();
+    setCaption(pages_->layout().caption);
+    ui().page->setPages(pages_);
+    showPage(0);
+    Show();
+}
+
+void ReportWindow::showPage(int number) {
+    page_ = std::clamp(number, 0, pages_->pageCount() - 1);
+    ui().page->setPage(page_);
+    ui().scroll->verticalScrollBar()->setValue(0);
+    ui().lblPage->setText(QStringLiteral("Page %1 of %2").arg(page_ + 1).arg(pages_->pageCount()));
+    ui().cmdFirst->setEnabled(page_ > 0);
+    ui().cmdPrevious->setEnabled(page_ > 0);
+    ui().cmdNext->setEnabled(page_ + 1 < pages_->pageCount());
+    ui().cmdLast->setEnabled(page_ + 1 < pages_->pageCount());
+}
+
+bool ReportWindow::writePdf(const ReportPages& pages, const std::string& fileName) {
+    QSaveFile file(qstring(fileName));
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(twipsPerInch);
+        writer.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()));
+        writer.setTitle(qstring(pages.layout().caption));
+        QPainter painter;
+        if (!painter.begin(&writer)) return false;
+        for (int number = 0; number < pages.pageCount(); ++number) {
+            if (number > 0 && !writer.newPage()) return false;
+            paintPage(painter, pages.page(number));
+        }
+        if (!painter.end()) return false;
+    }
+    return file.commit();
+}
+
+void ReportWindow::exportPdf() {
+    const auto name = program().host().askSaveName(caption() + ".pdf", "PDF (*.pdf)");
+    program().check();
+    if (!name) return;
+    const std::string file = name->ends_with(".pdf") ? *name : *name + ".pdf";
+    if (QFile::exists(qstring(file)) && !program().confirm("File already Exists. Overwrite it?", caption())) return;
+    if (writePdf(*pages_, file))
+        program().say("The report was written to " + file, caption());
+    else
+        program().say("The report could not be written to " + file + ". Nothing was changed there.", caption());
+}
+
+void ReportWindow::print() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageSize(QPageSize(QPageSize::Letter));
+    printer.setFullPage(true);
+    printer.setDocName(qstring(caption()));
+    QPrintDialog dialog(&printer, &window());
+    dialog.setObjectName(QStringLiteral("PrintDialog"));
+    dialog.setMinMax(1, pages_->pageCount());
+    dialog.setFromTo(1, pages_->pageCount());
+    dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
+    const bool accepted = runOverFront(dialog) == QDialog::Accepted;
+    program().check();
+    if (accepted && loaded()) printPages(printer);
+}
+
+void ReportWindow::printPages(QPrinter& printer) {
+    int from = 0;
+    int to = pages_->pageCount() - 1;
+    if (printer.printRange() == QPrinter::PageRange) {
+        from = std::max(printer.fromPage() - 1, 0);
+        to = std::min(printer.toPage() - 1, to);
+    } else if (printer.printRange() == QPrinter::CurrentPage) {
+        from = to = page_;
+    }
+    QPainter painter;
+    bool done = painter.begin(&printer);
+    for (int number = from; done && number <= to; ++number) {
+        if (number > from) done = printer.newPage();
+        if (!done) break;
+        painter.resetTransform();
+        const double scale = static_cast<double>(printer.resolution()) / twipsPerInch;
+        painter.scale(scale, scale);
+        paintPage(painter, pages_->page(number));
+    }
+    if (painter.isActive()) done = painter.end() && done;
+    if (!done || printer.printerState() == QPrinter::Error)
+        program().say("The report could not be printed. Is there a printer, and is it ready?", caption());
+}
+
+}  // namespace torvane
