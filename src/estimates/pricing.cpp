@@ -26,8 +26,9 @@ LineAmounts loadedAmounts(const ClsOrderItems& line) {
     amounts.quantity = narrowToInt32(line.mvarQty);
     amounts.material = narrowToCurrency(line.mvarMaterial);
     amounts.labor = narrowToCurrency(line.mvarLabor);
-    amounts.extension = line.mvarExtension;
-    amounts.others = line.mvarOthers;
+    // As they are shown, so that the four amounts on screen add up to the total beside them.
+    amounts.extension = lenientNumber(generalText(line.mvarExtension));
+    amounts.others = lenientNumber(generalText(line.mvarOthers));
     amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
     return amounts;
 }

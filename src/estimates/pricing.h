@@ -39,7 +39,7 @@ struct LineAmounts {
 LineAmounts lineAmounts(const LinePanel& panel);
 
 // The amounts that a stored line shows when its estimate is opened: the quantity as a whole number (half to even),
-// material and labor in four decimals. Sub-labor and others stay as they are.
+// material and labor in four decimals, sub-labor and others in their 7 digits.
 LineAmounts loadedAmounts(const ClsOrderItems& line);
 
 // Price per unit of a listed line, as a text: extended material (strictly read) by quantity, or "0" where the quantity

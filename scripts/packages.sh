@@ -1,0 +1,24 @@
+# What building and testing need, as Debian packages. Sourced by run, test and .ci/run.
+# Installs what is missing, saying what, as root or with sudo.
+
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl1-mesa-dev libsqlite3-dev
+                fonts-liberation)
+test_packages=(libgtest-dev sqlite3 poppler-utils)
+check_packages=(clang-format-14 clang-tidy-14)
+
+need() {
+  local missing=()
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install these packages, or sudo, as root first." >&2; return 1; }
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -qq || return 1
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+    >/dev/null || { echo "Installing failed." >&2; return 1; }
+}

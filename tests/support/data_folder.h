@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace torvane {
+
+// A temporary program folder with a database in it, looked at and prepared by the engine itself and not by the program's
+// own data store. Gone with the object.
+class DataFolder {
+public:
+    DataFolder();
+    ~DataFolder();
+    DataFolder(const DataFolder&) = delete;
+    DataFolder& operator=(const DataFolder&) = delete;
+
+    const std::string& path() const { return path_; }
+    std::string database() const { return path_ + "/Larkfen.mdb"; }
+
+    // Puts a delivered file in place: the empty database, or the sample business.
+    void useEmpty();
+    void useSample();
+
+    // Carries out statements; a failure fails the test.
+    void execute(std::string_view statements) const;
+    // The rows of a select, cells joined by '|', Null as "null".
+    std::vector<std::string> rows(std::string_view select) const;
+    // The one cell of a select.
+    std::string cell(std::string_view select) const;
+
+private:
+    std::string path_;
+};
+
+}  // namespace torvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "datastore/environment.h"
+#include "datastore/store.h"
+#include "support/data_folder.h"
+#include "support/test_host.h"
+#include "values/failure.h"
+
+namespace torvane {
+
+// A test of records on a database of its own, without a window.
+class RecordTest : public ::testing::Test {
+protected:
+    void TearDown() override { host.verify(); }
+
+    // The failure of an act; the test fails when there is none.
+    static RuntimeFailure failureOf(const std::function<void()>& act) {
+        try {
+            act();
+        } catch (const RuntimeFailure& failure) {
+            return failure;
+        }
+        ADD_FAILURE() << "a failure was expected";
+        return {0, ""};
+    }
+    // The statement that an act fails on: what an apostrophe in a text shows word for word.
+    static std::string refusedBy(const std::function<void()>& act) { return failureOf(act).refused(); }
+    static int numberOf(const std::function<void()>& act) { return failureOf(act).number(); }
+
+    DataFolder folder;
+    TestHost host{folder.path()};
+    Store store;
+    Environment environment{host, store};
+};
+
+}  // namespace torvane
