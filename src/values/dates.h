@@ -17,6 +17,7 @@ struct Date {
     auto operator<=>(const Date&) const = default;
 };
 
+// Whether the calendar has the day, in the years 100 to 9999.
 bool isValid(const Date& date);
 
 // How the machine writes a short date; the program is told once, at start. `pattern` uses d, dd, M, MM, MMM, MMMM, yy,

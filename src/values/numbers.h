@@ -41,7 +41,7 @@ double finite(double value);
 
 // General form: no fixed decimals, no trailing zeros, a zero before the point, at most 15 significant digits for a
 // double and 7 for a float. Exponent form (1E+15, 1.234568E+07, 2.5E-05) from 1E15 or 1E7 up and below 1E-04.
-// Minus zero is "0".
+// Minus zero is "0". Failure::Overflow for an infinite or undefined value.
 std::string generalText(double value);
 std::string generalText(float value);
 std::string generalText(std::int64_t value);
@@ -49,7 +49,7 @@ inline std::string generalText(int value) { return generalText(static_cast<std::
 inline std::string generalText(std::int16_t value) { return generalText(static_cast<std::int64_t>(value)); }
 
 // The value with exactly `places` decimals (the report format 0.00 is places = 2), rounded as roundHalfEven does.
-// Never "-0.00".
+// Never "-0.00". Failure::Overflow for an infinite or undefined value.
 std::string fixedText(double value, int places);
 
 // --- Rounding --------------------------------------------------------------------------------------------------------

@@ -23,7 +23,8 @@ std::string textOf(const Value& value, const ShortDate& style = {});
 std::string textOrEmpty(const Value& value, const ShortDate& style = {});
 
 // Strict conversions. Null fails with Failure::NullValue, a text that is no number (or no date) with
-// Failure::TypeMismatch, a number out of range with Failure::Overflow. Fractions go half to even.
+// Failure::TypeMismatch, a number out of range with Failure::Overflow. Fractions go half to even. Between dates and
+// numbers the days since 1899-12-30 count.
 double toDouble(const Value& value);
 float toSingle(const Value& value);
 std::int16_t toInt16(const Value& value);

@@ -1,0 +1,38 @@
+#include "values/failure.h"
+
+#include <utility>
+
+namespace torvane {
+
+RuntimeFailure::RuntimeFailure(int number, std::string text, std::string refused)
+    : number_(number), text_(std::move(text)), refused_(std::move(refused)) {}
+
+namespace {
+
+const char* wordsFor(Failure failure) {
+    switch (failure) {
+        case Failure::InvalidCall:
+            return "Invalid call";
+        case Failure::Overflow:
+            return "Overflow";
+        case Failure::Subscript:
+            return "Subscript out of range";
+        case Failure::DivisionByZero:
+            return "Division by zero";
+        case Failure::TypeMismatch:
+            return "Type mismatch";
+        case Failure::ObjectNotSet:
+            return "Object not set";
+        case Failure::NullValue:
+            return "Null where a value is needed";
+    }
+    return "Failure";
+}
+
+}  // namespace
+
+void fail(Failure failure, std::string_view refused) {
+    throw RuntimeFailure(static_cast<int>(failure), wordsFor(failure), std::string(refused));
+}
+
+}  // namespace torvane
