@@ -31,14 +31,15 @@ function(torvane_room name)
   endif()
 endfunction()
 
-# A test program over one or more rooms; SCREENS runs it offscreen.
+# A test program over one or more rooms; SCREENS is one of screens, which runs offscreen.
 function(torvane_test name)
   cmake_parse_arguments(TEST "SCREENS" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE ${TEST_LINKS} torvane_warnings)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   if(TEST_SCREENS)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE torvane::test_support)  # with the main() of such programs
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
     set(properties PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120)
   else()
     target_link_libraries(${name} PRIVATE GTest::gtest_main)

@@ -182,7 +182,7 @@ void Form::drop() {
 }
 
 QWidget& Form::window() {
-    Load();
+    if (!window_) Load();
     if (!window_) fail(Failure::ObjectNotSet);
     return *window_;
 }

@@ -36,7 +36,15 @@ Program::Program(Environment environment, std::function<void(int)> end)
       showFailure_(showErrorBox),
       watcher_(std::make_unique<FocusWatcher>(*this)) {}
 
-Program::~Program() = default;
+Program::~Program() {
+    // Those that still wait for their deletion would look for the program.
+    std::vector<FormWindow*> ours;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* one = qobject_cast<FormWindow*>(window);
+        if (one && &one->program() == this) ours.push_back(one);
+    }
+    for (FormWindow* window : ours) delete window;
+}
 
 bool Program::enter() {
     if (ended_) return false;

@@ -1,0 +1,374 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QPainter>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "platform/pictures.h"
+#include "platform/probe.h"
+#include "support/screen_test.h"
+
+namespace torvane {
+
+namespace {
+
+using Log = std::vector<std::string>;
+
+class ControlsTest : public ScreenTest {
+protected:
+    ControlsTest() {
+        form.Show();
+        settle();
+    }
+    void note(std::string text) { log.push_back(std::move(text)); }
+    void wheel(QWidget& control) {
+        const QPointF centre = control.rect().center();
+        QWheelEvent turn(centre, control.mapToGlobal(centre), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&control, &turn);
+    }
+    Probe form{program, "frmForm"};
+    Log log;
+};
+
+TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
+    form.first->setKeyFilter("0123456789.");
+    struct Row {
+        const char* name;
+        std::function<void(TextBox&)> act;
+        std::string expected;
+    };
+    const Row rows[] = {
+        {"digits and points", [](TextBox& box) { type(box, "1.2.3"); }, "1.2.3"},
+        {"all else is dropped", [](TextBox& box) { type(box, "-1a 2,e3"); }, "123"},
+        {"backspace", [](TextBox& box) { type(box, "12"), key(box, Qt::Key_Backspace); }, "1"},
+        {"arrow and Delete",
+         [](TextBox& box) { type(box, "12"), key(box, Qt::Key_Left), key(box, Qt::Key_Delete); }, "1"},
+        {"paste by key",
+         [](TextBox& box) {
+             QApplication::clipboard()->setText("1,234 (ab)");
+             key(box, Qt::Key_V, Qt::ControlModifier);
+         },
+         "1,234 (ab)"},
+        {"copy and cut",
+         [](TextBox& box) {
+             type(box, "75");
+             key(box, Qt::Key_A, Qt::ControlModifier);
+             key(box, Qt::Key_X, Qt::ControlModifier);
+             key(box, Qt::Key_V, Qt::ControlModifier);
+             key(box, Qt::Key_V, Qt::ControlModifier);
+         },
+         "7575"},
+        {"composed characters",
+         [](TextBox& box) {
+             for (const char* text : {"5", "-"}) {
+                 QInputMethodEvent composed;
+                 composed.setCommitString(text);
+                 QApplication::sendEvent(&box, &composed);
+             }
+         },
+         "5"},
+        {"code", [](TextBox& box) { box.setText("n/a"); }, "n/a"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        form.first->setText("");
+        row.act(*form.first);
+        EXPECT_EQ(form.first->Text(), row.expected);
+    }
+    key(*form.first, Qt::Key_Tab);
+    EXPECT_TRUE(form.second->hasFocus());
+}
+
+TEST_F(ControlsTest, ChangeComesWithTypedAndWrittenTextThatDiffers) {
+    on(form, form.first, &TextBox::textChanged, [&](const QString& text) { note(utf8(text)); });
+    form.first->setText("2");
+    form.first->setText(std::string("2"));
+    key(*form.first, Qt::Key_End);
+    type(*form.first, "5");
+    EXPECT_EQ(log, (Log{"2", "25"}));
+}
+
+TEST_F(ControlsTest, ResultBoxCanBeCopiedFromButNotTypedInto) {
+    form.second->setResult(true);
+    form.second->setText("12.5");
+    key(*form.first, Qt::Key_Tab);
+    EXPECT_TRUE(form.choice->hasFocus());
+    type(*form.second, "9");
+    EXPECT_EQ(form.second->Text(), "12.5");
+    key(*form.second, Qt::Key_A, Qt::ControlModifier);
+    key(*form.second, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12.5");
+}
+
+// Each act, and the clicks that it gives.
+TEST_F(ControlsTest, DropListClicksOnEachActOfSelecting) {
+    struct Row {
+        const char* name;
+        std::function<void(DropList&)> act;
+        Log expected;
+        int index;
+    };
+    const Row rows[] = {
+        {"fill selects nothing", [](DropList& list) { list.fill({{"a", 4}, {"b", 5}, {"c", 4}}); }, {}, -1},
+        {"add selects nothing",
+         [](DropList& list) {
+             list.Clear();
+             list.AddItem("a", 4);
+             list.AddItem("b", 5);
+             list.AddItem("c", 4);
+         },
+         {},
+         -1},
+        {"select", [](DropList& list) { list.select(1); }, {"b"}, 1},
+        {"select the same again", [](DropList& list) { list.select(1), list.select(1); }, {"b", "b"}, 1},
+        {"by number, each that fits", [](DropList& list) { list.selectItemData(4); }, {"a", "c"}, 2},
+        {"by a number that none has", [](DropList& list) { list.select(0), list.selectItemData(6); }, {"a"}, 0},
+        {"select none", [](DropList& list) { list.select(0), list.select(-1); }, {"a"}, -1},
+        {"clear", [](DropList& list) { list.select(0), list.Clear(); }, {"a"}, -1},
+        {"picked", [](DropList& list) { pickInList(list, "b"); }, {"b"}, 1},
+        {"picked the same again", [](DropList& list) { pickInList(list, 1), pickInList(list, 1); }, {"b", "b"}, 1},
+        {"arrow keys",
+         [](DropList& list) { key(list, Qt::Key_Down), key(list, Qt::Key_Down), key(list, Qt::Key_Up); },
+         {"a", "b", "a"},
+         0},
+        {"letter", [](DropList& list) { type(list, "c"); }, {"c"}, 2},
+        {"arrows in the open list, then Escape",
+         [](DropList& list) {
+             list.setFocus();
+             list.showPopup();
+             QTest::keyClick(list.view(), Qt::Key_Down);
+             QTest::keyClick(list.view(), Qt::Key_Escape);
+         },
+         {},
+         -1},
+        {"wheel, with the focus or without",
+         [this](DropList& list) {
+             list.select(0);
+             wheel(list);
+             list.setFocus();
+             wheel(list);
+         },
+         {"a"},
+         0},
+    };
+    on(form, form.choice, &DropList::Click, [&] { note(form.choice->Text()); });
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        form.second->setFocus();
+        form.choice->fill({{"a", 4}, {"b", 5}, {"c", 4}});
+        log.clear();
+        row.act(*form.choice);
+        settle();
+        EXPECT_EQ(log, row.expected);
+        EXPECT_EQ(form.choice->ListIndex(), row.index);
+    }
+}
+
+TEST_F(ControlsTest, DropListPickedWithTheMouse) {
+    on(form, form.choice, &DropList::Click, [&] { note(form.choice->Text()); });
+    click(*form.choice);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    waitFor([] { return false; }, QApplication::doubleClickInterval() + 50);  // sooner it counts as part of the click
+    QAbstractItemView& view = *form.choice->view();
+    const QPoint place = view.visualRect(form.choice->model()->index(2, 0)).center();
+    QTest::mouseClick(view.window()->windowHandle(), Qt::LeftButton, {}, view.viewport()->mapTo(view.window(), place));
+    settle();
+    EXPECT_EQ(log, Log{"three"});
+    EXPECT_FALSE(QApplication::activePopupWidget());
+}
+
+TEST_F(ControlsTest, DropListRefusesWhatIsNotThere) {
+    struct Row {
+        const char* name;
+        std::function<void(DropList&)> act;
+        int failure;
+    };
+    const Row rows[] = {
+        {"select past the end", [](DropList& list) { list.select(3); }, 5},
+        {"select before none", [](DropList& list) { list.select(-2); }, 5},
+        {"number of nothing selected", [](DropList& list) { (void)list.ItemData(); }, 9},
+        {"number past the end", [](DropList& list) { (void)list.ItemData(3); }, 9},
+    };
+    for (const Row& row : rows) {
+        try {
+            row.act(*form.choice);
+            ADD_FAILURE() << row.name << " passed";
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), row.failure) << row.name;
+        }
+    }
+    EXPECT_EQ(form.choice->List(3), "");
+    EXPECT_EQ(form.choice->Text(), "");
+    EXPECT_EQ(form.choice->List(2), "three");
+    EXPECT_EQ(form.choice->ItemData(2), 3);
+}
+
+TEST_F(ControlsTest, LongDropListOpensAtOnce) {
+    std::vector<DropList::Entry> entries;
+    for (int number = 0; number < 32767; ++number) entries.push_back({"Item " + std::to_string(number), number});
+    form.choice->fill(entries);
+    form.choice->showPopup();
+    // As a menu it would be as tall as the screen, all entries measured.
+    EXPECT_LT(form.choice->view()->height(), 40 * form.choice->fontMetrics().height());
+    EXPECT_GT(form.choice->view()->height(), 10 * form.choice->fontMetrics().height());
+    form.choice->hidePopup();
+    form.choice->selectItemData(32766);
+    EXPECT_EQ(form.choice->Text(), "Item 32766");
+}
+
+TEST_F(ControlsTest, ReportListHoldsTextsByRowAndColumn) {
+    ReportList& list = *form.list;
+    EXPECT_EQ(list.SelectedRow(), 0);
+    list.selectRow(2);
+    list.AddRow({"10", "Lime"});
+    EXPECT_EQ(list.SelectedRow(), 2);
+    list.setCell(3, 2, "9.99");
+    list.setRow(1, {"18", "Cement"});
+    EXPECT_EQ(list.Cell(3, 0) + list.Cell(3, 1) + list.Cell(3, 2), "10Lime9.99");
+    EXPECT_EQ(list.Cell(1, 0) + list.Cell(1, 1) + list.Cell(1, 2), "18Cement4");
+    list.RemoveRow(0);
+    EXPECT_EQ(list.RowCount(), 3);
+    EXPECT_EQ(list.Cell(list.SelectedRow(), 1), "Sand");
+    list.ClearRows();
+    EXPECT_EQ(list.RowCount(), 0);
+    EXPECT_EQ(list.SelectedRow(), -1);
+    list.AddRows({{"1"}, {"2"}});
+    EXPECT_EQ(list.SelectedRow(), 0);
+    const std::function<void()> refused[] = {
+        [&] { (void)list.Cell(-1, 0); },   [&] { (void)list.Cell(2, 0); }, [&] { (void)list.Cell(0, 3); },
+        [&] { list.setCell(0, -1, ""); },  [&] { list.RemoveRow(2); },     [&] { list.selectRow(-1); },
+        [&] { list.setRow(2, {}); },       [&] { list.setRow(0, {"", "", "", ""}); },
+        [&] { list.setColumnIcon(3, ReportList::Icon::Up); },
+    };
+    for (const auto& act : refused) EXPECT_THROW(act(), RuntimeFailure) << &act - refused;
+    EXPECT_EQ(list.RowCount(), 2);
+}
+
+TEST_F(ControlsTest, ReportListByKeyAndMouse) {
+    struct Row {
+        const char* name;
+        std::function<void(ReportList&)> act;
+        Log expected;
+        int selected;
+    };
+    const Row rows[] = {
+        {"Down, Down, Up",
+         [](ReportList& list) { key(list, Qt::Key_Down), key(list, Qt::Key_Down), key(list, Qt::Key_Up); }, {}, 1},
+        {"End", [](ReportList& list) { key(list, Qt::Key_End); }, {}, 2},
+        {"End, Home", [](ReportList& list) { key(list, Qt::Key_End), key(list, Qt::Key_Home); }, {}, 0},
+        {"PgDn", [](ReportList& list) { key(list, Qt::Key_PageDown); }, {}, 2},
+        {"letter finds by the first column shown", [](ReportList& list) { type(list, "s"); }, {}, 2},
+        {"the key's digit finds nothing", [](ReportList& list) { type(list, "9"); }, {}, 0},
+        {"Enter", [](ReportList& list) { key(list, Qt::Key_Down), key(list, Qt::Key_Return); }, {"DblClick 1"}, 1},
+        {"Enter on the keypad", [](ReportList& list) { key(list, Qt::Key_Enter); }, {"DblClick 0"}, 0},
+        {"click", [](ReportList& list) { clickRow(list, 1); }, {}, 1},
+        {"double click", [](ReportList& list) { doubleClickRow(list, 2); }, {"DblClick 2"}, 2},
+        {"double click below the rows",
+         [](ReportList& list) {
+             QWidget& area = *list.viewport();
+             QTest::mouseDClick(&area, Qt::LeftButton, {}, area.rect().bottomLeft() + QPoint(20, -3));
+         },
+         {},
+         0},
+        {"right button", [](ReportList& list) { clickRow(list, 1, Qt::RightButton); }, {"RightClick"}, 1},
+        {"menu key",
+         [](ReportList& list) {
+             QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
+             QApplication::sendEvent(list.viewport(), &menu);
+         },
+         {"RightClick"},
+         0},
+        {"headers", [](ReportList& list) { clickHeader(list, 2), clickHeader(list, 1); }, {"Column 2", "Column 1"}, 0},
+        {"Enter in an empty list", [](ReportList& list) { list.ClearRows(), key(list, Qt::Key_Return); }, {}, -1},
+        {"letter in an empty list", [](ReportList& list) { list.ClearRows(), type(list, "s"); }, {}, -1},
+    };
+    form.window().resize(500, 700);
+    settle();
+    on(form, form.list, &ReportList::DblClick,
+       [&] { note("DblClick " + std::to_string(form.list->SelectedRow())); });
+    on(form, form.list, &ReportList::ColumnClick, [&](int column) { note("Column " + std::to_string(column)); });
+    on(form, form.list, &ReportList::RightClick, [&] { note("RightClick"); });
+    const std::vector<std::vector<std::string>> content{{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        form.list->ClearRows();
+        form.list->AddRows(content);
+        log.clear();
+        waitFor([] { return false; }, 5);
+        row.act(*form.list);
+        EXPECT_EQ(log, row.expected);
+        EXPECT_EQ(form.list->SelectedRow(), row.selected);
+        waitFor([] { return false; }, QApplication::keyboardInputInterval() / 8);
+    }
+}
+
+TEST_F(ControlsTest, ReportListCopiesWhatIsShown) {
+    form.list->selectRow(1);
+    key(*form.list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Mortar\t4");
+}
+
+TEST_F(ControlsTest, ReportListHeader) {
+    ReportList& list = *form.list;
+    EXPECT_TRUE(list.isColumnHidden(0));
+    EXPECT_EQ(list.columnWidth(1), 120);
+    const auto header = [&] { return list.header()->grab().toImage(); };
+    list.setColumnIcon(1, ReportList::Icon::Blank);
+    const QImage blank = header();
+    list.setColumnIcon(1, ReportList::Icon::Up);
+    const QImage up = header();
+    list.setColumnIcon(1, ReportList::Icon::Down);
+    const QImage down = header();
+    EXPECT_EQ(list.columnIcon(1), ReportList::Icon::Down);
+    EXPECT_EQ(list.columnIcon(2), ReportList::Icon::Blank);
+    EXPECT_NE(blank, up);
+    EXPECT_NE(up, down);
+    // Nothing but the icon differs: beyond its place the three are the same.
+    const int behind = list.style()->pixelMetric(QStyle::PM_SmallIconSize) + 12;
+    const auto caption = [&](const QImage& image) { return image.copy(behind, 0, 400, image.height()); };
+    EXPECT_EQ(caption(blank), caption(up));
+    EXPECT_EQ(caption(blank), caption(down));
+}
+
+TEST_F(ControlsTest, DateBoxShowsTheMachinesFormAndKeepsTheDay) {
+    host.style.pattern = "dd.MM.yy";
+    form.Unload();
+    form.Show();
+    form.date->setValue({2031, 2, 28});
+    EXPECT_EQ(utf8(form.date->text()), "28.02.2031");
+    EXPECT_EQ(form.date->Value(), (Date{2031, 2, 28}));
+    form.first->setFocus();
+    wheel(*form.date);
+    EXPECT_EQ(form.date->Value(), (Date{2031, 2, 28}));
+    form.date->setValue({1899, 12, 30});
+    EXPECT_EQ(form.date->Value(), (Date{1899, 12, 30}));
+}
+
+TEST_F(ControlsTest, PictureButtonIsNeverBlank) {
+    PictureButton button;
+    button.setText("&Select");
+    button.setPicture("no such picture");
+    button.show();
+    EXPECT_EQ(utf8(button.accessibleName()), "Select");
+    EXPECT_EQ(utf8(button.toolTip()), "Select");
+    const QImage withText = button.grab().toImage();
+    button.setText("");
+    EXPECT_EQ(button.grab().toImage().size(), withText.size());
+    QPushButton bare;
+    bare.resize(button.size());
+    EXPECT_NE(button.grab().toImage(), bare.grab().toImage());
+    EXPECT_TRUE(torvane::picture("no such picture").isNull());
+}
+
+TEST(Twips, FifteenToThePixel) {
+    EXPECT_EQ(pixels(0), 0);
+    EXPECT_EQ(pixels(1800), 120);
+    EXPECT_EQ(pixels(1575), 105);
+    EXPECT_EQ(pixels(-250), -17);
+}
+
+}  // namespace
+
+}  // namespace torvane

@@ -1,0 +1,197 @@
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+#include <QWindow>
+
+#include "platform/focus_watcher.h"
+#include "platform/probe.h"
+#include "platform/qt_host.h"
+#include "support/screen_test.h"
+
+namespace torvane {
+
+namespace {
+
+using Log = std::vector<std::string>;
+
+class FocusTest : public ScreenTest {
+protected:
+    FocusTest() {
+        form.whenLoaded = [this] {
+            program.focusWatcher().watch(form, form.first, [this] {
+                note("LostFocus");
+                if (!asks) return;
+                whenModal([](QWidget& box) { click(*static_cast<QMessageBox&>(box).button(QMessageBox::Yes)); });
+                if (boxes.box("Change the price?", "", Buttons::YesNo) == Answer::Yes) note("Yes");
+            });
+            on(form, form.button, &QPushButton::clicked, [this] { note("Click"); });
+            on(form, form.choice, &DropList::Click, [this] { note("pick " + form.choice->Text()); });
+        };
+        form.Show();
+        other.Show();
+        form.Show();
+        form.first->setFocus();
+        settle();
+    }
+    void note(std::string text) { log.push_back(std::move(text)); }
+
+    QtHost boxes{""};
+    Probe form{program, "frmForm"};
+    Probe other{program, "frmOther"};
+    Log log;
+    bool asks = true;
+};
+
+// What takes the focus, and what has run when it is over. The same once more: no event comes twice.
+TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
+    struct Row {
+        const char* name;
+        std::function<void()> act;
+        Log expected;
+    };
+    const Log asked{"LostFocus", "Yes"};
+    const Row rows[] = {
+        {"Tab", [&] { key(*form.first, Qt::Key_Tab); }, asked},
+        {"click on another box", [&] { click(*form.second); }, asked},
+        {"click on a button", [&] { click(*form.button); }, {"LostFocus", "Yes", "Click"}},
+        {"click on a row", [&] { clickRow(*form.list, 1); }, asked},
+        {"pick in a list", [&] { pickInList(*form.choice, "two"); }, {"pick two", "LostFocus", "Yes"}},
+        {"code", [&] { form.second->setFocus(); }, asked},
+        {"disabled by code", [&] { form.first->setEnabled(false); }, asked},
+        {"code while another window is active",
+         [&] {
+             other.Show();
+             settle();
+             form.second->setFocus();
+             settle();
+             EXPECT_EQ(log, Log{});
+             form.Show();
+         },
+         asked},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        form.first->setEnabled(true);
+        form.Show();
+        form.first->setFocus();
+        settle();
+        log.clear();
+        row.act();
+        EXPECT_TRUE(waitFor([&] { return log.size() >= row.expected.size(); }, 1000));
+        waitFor([] { return false; }, 40);
+        EXPECT_EQ(log, row.expected);
+        EXPECT_FALSE(form.button->isDown());
+    }
+}
+
+TEST_F(FocusTest, NothingElseTakesTheFocusFromAControl) {
+    struct Row {
+        const char* name;
+        std::function<void()> act;
+    };
+    const Row rows[] = {
+        {"message box",
+         [&] {
+             whenModal([](QWidget& box) { key(box, Qt::Key_Escape); });
+             boxes.box("Item Saved", "");
+         }},
+        {"another window",
+         [&] {
+             click(*other.second);
+             form.Show();
+         }},
+        {"modal form",
+         [&] {
+             whenModal([&](QWidget& top) { closeBox(top); });
+             run([&] { other.ShowModal(); });
+         }},
+        {"menu bar",
+         [&] {
+             key(*form.first, Qt::Key_F, Qt::AltModifier);
+             ASSERT_TRUE(QApplication::activePopupWidget());
+             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+         }},
+        {"pop-up menu",
+         [&] {
+             QMenu menu;
+             menu.addAction("Entry");
+             menu.popup(form.window().mapToGlobal(QPoint(5, 5)));
+             settle();
+             menu.close();
+         }},
+        {"focus away and back within a handler",
+         [&] {
+             run([&] {
+                 form.first->clearFocus();
+                 form.first->setFocus();
+             });
+         }},
+        {"unloading", [&] { form.Unload(); }},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        row.act();
+        waitFor([] { return false; }, 40);
+        EXPECT_EQ(log, Log{});
+    }
+}
+
+TEST_F(FocusTest, UnloadingDropsWhatWaits) {
+    run([&] {
+        form.second->setFocus();
+        form.Unload();
+    });
+    waitFor([] { return false; }, 40);
+    EXPECT_EQ(log, Log{});
+}
+
+TEST_F(FocusTest, WaitsWhileAMouseButtonIsDown) {
+    asks = false;
+    QWindow* const window = form.window().windowHandle();
+    const QPoint place = form.button->mapTo(&form.window(), form.button->rect().center());
+    QTest::mousePress(window, Qt::LeftButton, {}, place);
+    waitFor([] { return false; }, 60);
+    EXPECT_EQ(log, Log{});
+    QTest::mouseRelease(window, Qt::LeftButton, {}, place);
+    EXPECT_EQ(log, (Log{"LostFocus", "Click"}));
+}
+
+TEST_F(FocusTest, ButtonOfAWindowThatTheQuestionHasUnloadedDoesNotAct) {
+    program.focusWatcher().watch(form, form.second, [&] { form.Unload(); });
+    form.second->setFocus();
+    settle();
+    log.clear();
+    asks = false;
+    click(*form.button);
+    EXPECT_EQ(log, Log{});
+    EXPECT_FALSE(form.loaded());
+}
+
+TEST_F(FocusTest, FailureInTheHandlerEndsTheProgramBeforeTheButtonActs) {
+    program.focusWatcher().watch(form, form.second, [] { fail(Failure::Subscript); });
+    form.second->setFocus();
+    settle();
+    click(*form.button);
+    EXPECT_EQ(takeFailureNumber(), 9);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "Click"), 0);
+}
+
+// Inside a handler nothing comes between its steps; the two losses come after it, in order.
+TEST_F(FocusTest, WaitsForTheHandlerThatMovedTheFocus) {
+    asks = false;
+    program.focusWatcher().watch(form, form.second, [&] { note("LostFocus 2"); });
+    on(form, form.first, &TextBox::textChanged, [&] { note("Change"); });
+    run([&] {
+        form.second->setFocus();
+        form.list->setFocus();
+        form.first->setText("5");
+        note("done");
+    });
+    EXPECT_TRUE(waitFor([&] { return log.size() == 4; }));
+    EXPECT_EQ(log, (Log{"Change", "done", "LostFocus", "LostFocus 2"}));
+}
+
+}  // namespace
+
+}  // namespace torvane

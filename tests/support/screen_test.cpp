@@ -1,0 +1,209 @@
+#include "support/screen_test.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QPointer>
+#include <QTest>
+#include <QWindow>
+#include <stdexcept>
+
+#include "platform/application.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int patienceMs = 20000;
+constexpr int pollMs = 5;
+
+std::string nameOf(const QObject& object) {
+    return object.objectName().isEmpty() ? object.metaObject()->className() : utf8(object.objectName());
+}
+
+// Whether a user could get at it at all.
+bool reachable(const QWidget& control) {
+    QCoreApplication::processEvents();  // a window that was just shown becomes the active one
+    if (control.isVisible() && control.isEnabled()) return true;
+    ADD_FAILURE() << nameOf(control) << " is " << (control.isVisible() ? "disabled" : "hidden");
+    return false;
+}
+
+QWindow* windowOf(const QWidget& control) { return control.window()->windowHandle(); }
+
+QPoint inWindow(const QWidget& control, QPoint position) { return control.mapTo(control.window(), position); }
+
+void clickAt(QWidget& control, QPoint position, Qt::MouseButton button) {
+    if (!reachable(control)) return;
+    QTest::mouseClick(windowOf(control), button, {}, inWindow(control, position));
+    settle();
+}
+
+QPoint rowCentre(ReportList& list, int row) {
+    QTreeWidgetItem* item = list.topLevelItem(row);
+    if (!item) throw std::out_of_range(nameOf(list) + " has no row " + std::to_string(row));
+    list.scrollToItem(item);
+    const QRect rect = list.visualItemRect(item);
+    return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
+}
+
+TorvaneApplication& application() { return *static_cast<TorvaneApplication*>(qApp); }
+
+void focusOn(QWidget& control) {
+    if (!control.hasFocus()) control.setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace
+
+void failNotFound(const QObject& in, std::string_view name, const QObjectList& candidates) {
+    std::string message = "no \"" + std::string(name) + "\" in " + nameOf(in) + "; there are:";
+    for (const QObject* one : candidates)
+        if (!one->objectName().isEmpty() && !one->objectName().startsWith("qt_")) message += " " + nameOf(*one);
+    throw std::runtime_error(message);
+}
+
+void click(QWidget& control, Qt::MouseButton button) { clickAt(control, control.rect().center(), button); }
+
+void clickRow(ReportList& list, int row, Qt::MouseButton button) {
+    clickAt(*list.viewport(), rowCentre(list, row), button);
+}
+
+void doubleClickRow(ReportList& list, int row) {
+    if (!reachable(list)) return;
+    QTest::mouseDClick(windowOf(list), Qt::LeftButton, {}, inWindow(*list.viewport(), rowCentre(list, row)));
+    settle();
+}
+
+void clickHeader(ReportList& list, int column) {
+    QHeaderView& header = *list.header();
+    const int left = header.sectionViewportPosition(column);
+    clickAt(*header.viewport(), {left + header.sectionSize(column) / 2, header.height() / 2}, Qt::LeftButton);
+}
+
+void pickInList(DropList& list, int index) {
+    if (!reachable(list)) return;
+    focusOn(list);
+    list.showPopup();
+    list.view()->setCurrentIndex(list.model()->index(index, 0));
+    QTest::keyClick(windowOf(*list.view()), Qt::Key_Return);
+    settle();
+}
+
+void pickInList(DropList& list, std::string_view text) {
+    for (int index = 0; index < list.ListCount(); ++index)
+        if (list.List(index) == text) return pickInList(list, index);
+    throw std::runtime_error("no entry \"" + std::string(text) + "\" in " + nameOf(list));
+}
+
+void type(QWidget& control, std::string_view text) {
+    if (!reachable(control)) return;
+    focusOn(control);
+    for (const char sign : text) QTest::keyClick(windowOf(control), sign);
+    settle();
+}
+
+void key(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (!reachable(control)) return;
+    focusOn(control);
+    QTest::keyClick(windowOf(control), key, modifiers);
+    settle();
+}
+
+void trigger(QAction& entry) {
+    if (!entry.isVisible() || !entry.isEnabled()) {
+        ADD_FAILURE() << nameOf(entry) << " is " << (entry.isVisible() ? "disabled" : "hidden");
+        return;
+    }
+    entry.trigger();
+    settle();
+}
+
+void closeBox(QWidget& window) {
+    window.windowHandle()->close();  // the way of a close that comes from the window system
+    settle();
+}
+
+void settle() {
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+bool waitFor(const std::function<bool()>& condition, int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > milliseconds) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, pollMs);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return true;
+}
+
+ScreenTest::ScreenTest()
+    : host(utf8(directory.path())),
+      program(Environment{host, store}, [this](int status) { endStatus.push_back(status); }) {
+    program.setErrorBox([this](const RuntimeFailure& failure) { failure_ = failure; });
+    application().setLastNet([this](const RuntimeFailure& failure) {
+        ADD_FAILURE() << "got past the event guard: " << failure.number() << " " << failure.text();
+        program.end(failure);
+    });
+    watchdog_.callOnTimeout([this] {
+        ADD_FAILURE() << "the test hangs" << (QApplication::activeModalWidget() ? " in " : "")
+                      << (QApplication::activeModalWidget() ? nameOf(*QApplication::activeModalWidget()) : "");
+        unblock();
+    });
+    watchdog_.start(patienceMs);
+}
+
+ScreenTest::~ScreenTest() { application().setLastNet({}); }
+
+// Leaves every modal window, and lets no handler run any more.
+void ScreenTest::unblock() {
+    program.end(RuntimeFailure{0, "the test was stopped"});
+    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->reject();
+}
+
+void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
+    auto* poll = new QTimer(&watchdog_);
+    waiting_.append(poll);
+    const QPointer<QWidget> present = QApplication::activeModalWidget();
+    QObject::connect(poll, &QTimer::timeout, poll, [this, poll, present, act] {
+        QWidget* top = QApplication::activeModalWidget();
+        if (!top || top == present || !top->isVisible()) return;
+        poll->stop();
+        poll->deleteLater();
+        waiting_.removeOne(poll);
+        const auto run = act;
+        try {
+            run(*top);
+        } catch (const std::exception& failure) {
+            ADD_FAILURE() << "while " << nameOf(*top) << " stood: " << failure.what();
+            unblock();
+        }
+    });
+    poll->start(pollMs);
+}
+
+std::optional<RuntimeFailure> ScreenTest::takeFailure() { return std::exchange(failure_, std::nullopt); }
+
+std::optional<int> ScreenTest::takeFailureNumber() {
+    const auto failure = takeFailure();
+    return failure ? std::optional(failure->number()) : std::nullopt;
+}
+
+void ScreenTest::TearDown() {
+    settle();
+    if (failure_) {
+        ADD_FAILURE() << "the program ended: " << failure_->number() << " " << failure_->text() << " "
+                      << failure_->refused();
+    }
+    if (!waiting_.isEmpty()) ADD_FAILURE() << "a modal window that was waited for has not come";
+    host.verify();
+}
+
+}  // namespace torvane

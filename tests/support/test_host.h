@@ -1,0 +1,66 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/host.h"
+
+namespace torvane {
+
+// A host for tests. Boxes are answered from a queue: each must come with just the text, title and buttons that were
+// expected, in that order. A box that nobody expected, and an expected one that did not come, fail the test.
+class TestHost : public Host {
+public:
+    explicit TestHost(std::string programDirectory = {});
+    ~TestHost() override;
+
+    struct Box {
+        std::string text;
+        std::string title;
+        Buttons buttons = Buttons::Ok;
+        Answer answer = Answer::Ok;
+        std::function<void()> meanwhile = {};  // runs while the box stands
+    };
+    void expect(Box box) { boxes_.push_back(std::move(box)); }
+    void expectOk(std::string text, std::string title) { expect({std::move(text), std::move(title)}); }
+    void expectYesNo(std::string text, std::string title, Answer answer) {
+        expect({std::move(text), std::move(title), Buttons::YesNo, answer});
+    }
+    // Fails the test if an expected box or file dialog has not come; the queues are empty afterwards.
+    void verify();
+
+    // The answers of the next file dialogs, in order; nothing is Cancel.
+    void answerSaveName(std::optional<std::string> name) { saveNames_.push_back(std::move(name)); }
+    void answerOpenName(std::optional<std::string> name) { openNames_.push_back(std::move(name)); }
+    // What the file dialogs were given: the proposed name ("" for the open dialog) and the filter.
+    struct Asked {
+        std::string proposed;
+        std::string filter;
+        bool operator==(const Asked&) const = default;
+    };
+    std::vector<Asked> fileDialogs;
+
+    Date now{2024, 3, 15};
+    ShortDate style;
+    std::string folder;
+    std::int16_t rowsPerPage = 15;
+
+    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
+    std::optional<std::string> askOpenName(std::string_view filter) override;
+    Date today() const override { return now; }
+    const ShortDate& shortDate() const override { return style; }
+    const std::string& programDirectory() const override { return folder; }
+    std::int16_t NoInList() const override { return rowsPerPage; }
+
+private:
+    std::optional<std::string> next(std::deque<std::optional<std::string>>& names, const char* dialog);
+    std::deque<Box> boxes_;
+    std::deque<std::optional<std::string>> saveNames_;
+    std::deque<std::optional<std::string>> openNames_;
+};
+
+}  // namespace torvane
