@@ -4,10 +4,14 @@
 
 // The linker would drop the resource of a static library unless somebody asks for it, and the macro must stand outside
 // every namespace.
-static void registerDrawings() { Q_INIT_RESOURCE(art); }
+static void registerDrawings() {
+    Q_INIT_RESOURCE(art);
+}
 
 namespace torvane {
 
-void initPictures() { registerDrawings(); }
+void initPictures() {
+    registerDrawings();
+}
 
 }  // namespace torvane

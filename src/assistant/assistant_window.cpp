@@ -1,0 +1,188 @@
+#include "assistant/assistant_window.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPainter>
+#include <QScreen>
+#include <QSvgRenderer>
+#include <QWindow>
+#include <algorithm>
+
+#include "assistant/balloon.h"
+
+namespace torvane {
+
+AssistantWindow::AssistantWindow(const Character& character)
+    // A tool tip's window is the one kind that no desktop gives the focus to.
+    : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus),
+      character_(character) {
+    setObjectName("Assistant");
+    setWindowTitle("Assistant");
+    setAccessibleName("Assistant");
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusPolicy(Qt::NoFocus);
+    resize(character.size());
+    move(100, 100);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &AssistantWindow::comeToFront);
+}
+
+AssistantWindow::~AssistantWindow() {
+    qApp->removeEventFilter(this);
+}
+
+void AssistantWindow::enter() {
+    moveTo(x(), y());
+    qApp->installEventFilter(this);
+    show();
+    standOverModal();
+    comeToFront();
+}
+
+void AssistantWindow::leave() {
+    hide();
+    qApp->removeEventFilter(this);
+    pictures_.clear();
+}
+
+void AssistantWindow::moveTo(int x, int y) {
+    const QScreen* screen = QGuiApplication::screenAt(QPoint(x, y));
+    if (!screen) screen = QGuiApplication::primaryScreen();
+    const QRect room = screen->availableGeometry();
+    move(std::max(room.left(), std::min(x, room.right() + 1 - width())),
+         std::max(room.top(), std::min(y, room.bottom() + 1 - height())));
+    if (textShown()) placeBalloon();
+}
+
+void AssistantWindow::showFrame(int frame) {
+    frame_ = frame;
+    const QRegion& mask = picture(frame).mask;
+    // A window can't have an empty mask: a character that is out of sight keeps one dot.
+    setMask(mask.isEmpty() ? QRegion(0, height() - 1, 1, 1) : mask);
+    update();
+}
+
+void AssistantWindow::showText(const std::string& text) {
+    if (!balloon_) {
+        balloon_ = new Balloon(this);
+        connect(balloon_, &Balloon::clicked, this, &AssistantWindow::dismissed);
+        connect(balloon_, &Balloon::menuAsked, this, &AssistantWindow::showMenu);
+    }
+    balloon_->setText(QString::fromStdString(text));
+    placeBalloon();
+    balloon_->show();
+    comeToFront();
+    QAccessibleEvent spoken(balloon_->findChild<QWidget*>("Balloon"), QAccessible::Alert);
+    QAccessible::updateAccessibility(&spoken);
+}
+
+void AssistantWindow::hideText() {
+    if (balloon_) balloon_->hide();
+}
+
+bool AssistantWindow::textShown() const {
+    return balloon_ && balloon_->isVisible();
+}
+
+void AssistantWindow::placeBalloon() {
+    const QScreen* at = QGuiApplication::screenAt(geometry().center());
+    balloon_->placeAt(geometry(), (at ? at : screen())->availableGeometry());
+}
+
+const AssistantWindow::Picture& AssistantWindow::picture(int frame) {
+    if (drawnAt_ != devicePixelRatioF()) {
+        drawnAt_ = devicePixelRatioF();
+        pictures_.clear();
+    }
+    const auto known = pictures_.constFind(frame);
+    if (known != pictures_.constEnd()) return *known;
+    QImage drawn((QSizeF(size()) * drawnAt_).toSize(), QImage::Format_ARGB32_Premultiplied);
+    drawn.setDevicePixelRatio(drawnAt_);
+    drawn.fill(Qt::transparent);
+    QSvgRenderer renderer(character_.drawing(frame));
+    QPainter painter(&drawn);
+    renderer.render(&painter, QRectF(QPointF(), QSizeF(size())));
+    painter.end();
+    return *pictures_.insert(frame, Picture{QPixmap::fromImage(drawn), seenRegion(drawn)});
+}
+
+bool AssistantWindow::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::Show:
+        case QEvent::Hide:
+            if (!watched->isWidgetType() || !static_cast<QWidget*>(watched)->isModal()) break;
+            // It counts as modal only when it has been shown, and no longer when it has gone.
+            QMetaObject::invokeMethod(this, &AssistantWindow::standOverModal, Qt::QueuedConnection);
+            break;
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress:
+            // A question's Escape is an answer to it, and a menu's closes the menu.
+            if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape || !textShown() ||
+                QApplication::activePopupWidget() || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                break;
+            if (event->type() == QEvent::KeyPress)
+                emit dismissed();
+            else
+                event->accept();
+            return true;
+        default:
+            break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void AssistantWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture(frame_).pixmap);
+}
+
+void AssistantWindow::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->globalPosition().toPoint() - pos();
+    dragged_ = false;
+}
+
+void AssistantWindow::mouseMoveEvent(QMouseEvent* event) {
+    if (!(event->buttons() & Qt::LeftButton)) return;
+    const QPoint to = event->globalPosition().toPoint() - pressed_;
+    if (!dragged_ && (to - pos()).manhattanLength() < QApplication::startDragDistance()) return;
+    dragged_ = true;
+    moveTo(to.x(), to.y());
+}
+
+void AssistantWindow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && !dragged_) emit dismissed();
+}
+
+void AssistantWindow::contextMenuEvent(QContextMenuEvent* event) {
+    showMenu(event->globalPos());
+}
+
+void AssistantWindow::showMenu(const QPoint& globalPosition) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName("AssistantMenu");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addAction("Hide"), &QAction::triggered, this, &AssistantWindow::sentAway);
+    menu->popup(globalPosition);
+}
+
+// A window that stands over the modal one is not blocked by it; with no modal window it stands over none, so that it
+// does not go with it.
+void AssistantWindow::standOverModal() {
+    QWindow* const handle = windowHandle();
+    QWindow* const modal = QGuiApplication::modalWindow();
+    if (!handle || handle->transientParent() == modal) return;
+    handle->setTransientParent(modal);
+    comeToFront();
+}
+
+void AssistantWindow::comeToFront() {
+    if (!isVisible() || QApplication::activePopupWidget()) return;
+    raise();
+    if (textShown()) balloon_->raise();
+}
+
+}  // namespace torvane

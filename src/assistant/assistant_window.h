@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QHash>
+#include <QPixmap>
+#include <QRegion>
+#include <QWidget>
+#include <string>
+
+#include "assistant/narrator.h"
+
+namespace torvane {
+
+class Balloon;
+
+// The character's window: frameless, see-through, above the others, and never with the focus. It stays usable while a
+// modal window stands. A click, or Escape in any window but a question, asks for the text to go; the character can be
+// dragged, and its menu sends it away.
+class AssistantWindow : public QWidget, public Stage {
+    Q_OBJECT
+public:
+    // The character outlives the window.
+    explicit AssistantWindow(const Character& character);
+    ~AssistantWindow() override;
+
+    void enter() override;
+    void leave() override;
+    // The upper left corner of the character, moved so that the screen shows all of it.
+    void moveTo(int x, int y) override;
+    void showFrame(int frame) override;
+    void showText(const std::string& text) override;
+    void hideText() override;
+
+signals:
+    void dismissed();
+    void sentAway();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    struct Picture {
+        QPixmap pixmap;
+        QRegion mask;
+    };
+    const Picture& picture(int frame);
+    bool textShown() const;
+    void placeBalloon();
+    void showMenu(const QPoint& globalPosition);
+    void standOverModal();
+    void comeToFront();
+
+    const Character& character_;
+    Balloon* balloon_ = nullptr;
+    QHash<int, Picture> pictures_;
+    qreal drawnAt_ = 0;
+    int frame_ = 0;
+    QPoint pressed_;
+    bool dragged_ = false;
+};
+
+}  // namespace torvane
