@@ -37,9 +37,9 @@ public:
 
     // Closes the handle of a file for the time in which it is copied or replaced: an interrupted write is played back
     // first (so that the file is whole and no journal stands beside it), connections stay open in name and reopen at
-    // their next statement. Failure as of any statement when the file is there but can't be settled, is busy, or a write
-    // group is open. A missing file is no failure, nor is one that is no database: nothing can be played back into it,
-    // and a journal beside it is removed.
+    // their next statement. Failure as of any statement when the file is there but can't be settled, is busy, or a
+    // write group is open. A missing file is no failure, nor is one that is no database: nothing can be played back
+    // into it, and a journal beside it is removed.
     void settle(const std::string& file);
 
 private:
@@ -58,8 +58,8 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Opens the file that the text names. A missing or damaged file is a RuntimeFailure with its name in refused(); none
-    // is created. Failure::InvalidCall when it is open already.
+    // Opens the file that the text names. A missing or damaged file is a RuntimeFailure with its name in refused();
+    // none is created. Failure::InvalidCall when it is open already.
     void open(std::string_view connectionText);
     void close();
     // 1 open, 0 closed.
@@ -111,8 +111,9 @@ public:
     // (rows that tie keep the order of the statement's first column). Leaves the recordset closed.
     //   statement   without an order clause; the clause " order by <FldName>", with " Desc" unless AscOrDesc is "A", is
     //               appended to it
-    //   Page        from 1; below 1 (of a statement with rows) is Failure::InvalidCall, with the parameters untouched. It is positioned by the page
-    //               size that stood before this read, 10 for the first read of the instance; from now on by PageSize
+    //   Page        from 1; below 1 (of a statement with rows) is Failure::InvalidCall, with the parameters untouched.
+    //               It is positioned by the page size that stood before this read, 10 for the first read of the
+    //               instance; from now on by PageSize
     //   PageCount, RecordCount   stay untouched when the statement has no rows at all; the count is narrowed to 16 bits
     //               with Failure::Overflow
     // Result: the rows; an empty array for a page past the end; nothing when there are no rows at all.
@@ -134,9 +135,9 @@ private:
     std::int16_t pageSize_ = 10;
 };
 
-// The statements of one operation, flushed to the disk once. Each takes effect at once for every reader of this program;
-// on the disk they arrive together, so a killed process leaves all of them or none. When the body fails, what was
-// executed before is committed and the failure goes on. Groups inside a group join it. A commit that fails is a
+// The statements of one operation, flushed to the disk once. Each takes effect at once for every reader of this
+// program; on the disk they arrive together, so a killed process leaves all of them or none. When the body fails, what
+// was executed before is committed and the failure goes on. Groups inside a group join it. A commit that fails is a
 // RuntimeFailure, and nothing of the group remains.
 void grouped(Connection& connection, const std::function<void()>& body);
 

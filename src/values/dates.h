@@ -21,7 +21,8 @@ struct Date {
 bool isValid(const Date& date);
 
 // How the machine writes a short date; the program is told once, at start. `pattern` uses d, dd, M, MM, MMM, MMMM, yy,
-// yyyy and literal signs ('quoted' where they are letters). The month names serve MMM and MMMM and the reading of dates.
+// yyyy and literal signs ('quoted' where they are letters). The month names serve MMM and MMMM and the reading of
+// dates.
 struct ShortDate {
     std::string pattern = "M/d/yyyy";
     std::array<std::string, 12> monthNames{"January", "February", "March",     "April",   "May",      "June",

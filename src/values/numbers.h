@@ -45,8 +45,12 @@ double finite(double value);
 std::string generalText(double value);
 std::string generalText(float value);
 std::string generalText(std::int64_t value);
-inline std::string generalText(int value) { return generalText(static_cast<std::int64_t>(value)); }
-inline std::string generalText(std::int16_t value) { return generalText(static_cast<std::int64_t>(value)); }
+inline std::string generalText(int value) {
+    return generalText(static_cast<std::int64_t>(value));
+}
+inline std::string generalText(std::int16_t value) {
+    return generalText(static_cast<std::int64_t>(value));
+}
 
 // The value with exactly `places` decimals (the report format 0.00 is places = 2), rounded as roundHalfEven does.
 // Never "-0.00". Failure::Overflow for an infinite or undefined value.

@@ -16,7 +16,9 @@ struct Null {
 // One cell of a database row. A float is a float32 column, narrowed when it was read; a double is a computed number.
 using Value = std::variant<Null, std::int64_t, double, float, Date, std::string>;
 
-inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool isNull(const Value& value) {
+    return std::holds_alternative<Null>(value);
+}
 
 // General conversion to text. Null fails with Failure::NullValue.
 std::string textOf(const Value& value, const ShortDate& style = {});

@@ -39,9 +39,11 @@ insert into Units values (1, 'each'), (2, 'box');
 insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
 insert into Customer values (1, 'Stone', 'Boston', '555-1', null, null), (2, 'abel', 'Austin', '777', 'a@b', '9');
 insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Labor, Qty)
-    values (1, '10', 'Stud', 1, 1, 3.1, 1, 1), (2, '9', 'nail', 2, 2, 0.125, null, 100), (3, 'A1', 'Beam', 1, 1, 80, 2, 1);
+    values (1, '10', 'Stud', 1, 1, 3.1, 1, 1), (2, '9', 'nail', 2, 2, 0.125, null, 100),
+    (3, 'A1', 'Beam', 1, 1, 80, 2, 1);
 insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Tax, Total, Overhead)
-    values (1, 1, '2003-07-04', 200, 5, 230, 10), (2, 9, '2003-08-01', 1, 0, 1, 0), (12, 2, null, 2, 0, 2, 0);
+    values (1, 1, '2003-07-04', 200, 5, 230, 10), (2, 9, '2003-08-01', 1, 0, 1, 0),
+    (12, 2, null, 2, 0, 2, 0);
 insert into OrderItem values (1, 1, 2, 6.2, 1, 1, 1, 2, 3), (1, 2, 1, 1, 2, 2, 0, 0, null);
 insert into Tax values (1, 6.25);
 insert into BlankNotes values ('');
