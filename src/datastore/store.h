@@ -38,7 +38,8 @@ public:
     // Closes the handle of a file for the time in which it is copied or replaced: an interrupted write is played back
     // first (so that the file is whole and no journal stands beside it), connections stay open in name and reopen at
     // their next statement. Failure as of any statement when the file is there but can't be settled, is busy, or a write
-    // group is open. A missing file is no failure.
+    // group is open. A missing file is no failure, nor is one that is no database: nothing can be played back into it,
+    // and a journal beside it is removed.
     void settle(const std::string& file);
 
 private:
@@ -57,14 +58,15 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Opens the file that the text names. A missing or damaged file is a RuntimeFailure; none is created.
+    // Opens the file that the text names. A missing or damaged file is a RuntimeFailure with its name in refused(); none
+    // is created. Failure::InvalidCall when it is open already.
     void open(std::string_view connectionText);
     void close();
     // 1 open, 0 closed.
     int state() const { return file_ ? 1 : 0; }
 
     // Carries out one statement that gives no rows (insert, update, delete). It takes effect at once, or with the write
-    // group that is open. Failure::InvalidCall on a closed connection.
+    // group that is open. Failure::InvalidCall on a closed connection, or for a statement that gives rows.
     void execute(std::string_view statement);
 
 private:
@@ -81,12 +83,15 @@ class Recordset {
 public:
     Recordset() = default;
 
-    // Failure::InvalidCall when it is open already; it stays as it was.
+    // Failure::InvalidCall when it is open already, on a closed connection, and for a statement that gives no rows; it
+    // stays as it was then, and nothing has been executed. Column names are those of the statement; a name that several
+    // columns bear is qualified as table.column.
     void open(std::string_view statement, Connection& connection);
     void close();
     int state() const { return open_ ? 1 : 0; }
 
     bool eof() const { return row_ >= rowCount_; }
+    // Failure::InvalidCall behind the last row.
     void moveNext();
     long recordCount() const { return rowCount_; }
     // Position from 1, as set by opening, moveNext and the setter; setting outside 1..recordCount is InvalidCall.
@@ -99,14 +104,14 @@ public:
     const Value& field(int index) const;
     const std::vector<std::string>& names() const { return names_; }
 
-    // All rows from the current one on, or nothing when there are none.
+    // All rows from the current one on, or nothing when there are none; moves behind the last row.
     std::optional<RowArray> getRows();
 
     // One page of a sorted list, read as a page: the count and the rows of the page, in one fixed order over all pages
     // (rows that tie keep the order of the statement's first column). Leaves the recordset closed.
     //   statement   without an order clause; the clause " order by <FldName>", with " Desc" unless AscOrDesc is "A", is
     //               appended to it
-    //   Page        from 1; below 1 is Failure::InvalidCall, with the parameters untouched. It is positioned by the page
+    //   Page        from 1; below 1 (of a statement with rows) is Failure::InvalidCall, with the parameters untouched. It is positioned by the page
     //               size that stood before this read, 10 for the first read of the instance; from now on by PageSize
     //   PageCount, RecordCount   stay untouched when the statement has no rows at all; the count is narrowed to 16 bits
     //               with Failure::Overflow

@@ -1,0 +1,103 @@
+#include "datastore/dialect.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "values/failure.h"
+
+// What the dialect has over SQLite's own:
+//
+//   delete * from <table> ...     the star is dropped
+//   #<date>#                      a date literal; becomes 'yyyy-mm-dd'
+//
+// and what it has not: remarks (-- and /* */), and anything but blanks behind a semicolon. Between quotes ('...',
+// "...",
+// `...`, [...]) everything stands as it is.
+
+namespace torvane {
+
+namespace {
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
+}
+
+[[noreturn]] void refuse(const char* why, std::string_view statement) {
+    throw RuntimeFailure(SQLITE_ERROR, why, std::string(statement));
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    return text;
+}
+
+// The rest behind the keyword and the blanks after it, or nothing when the text begins otherwise.
+std::optional<std::string_view> behind(std::string_view text, std::string_view keyword) {
+    text = withoutBlanks(text);
+    if (text.size() < keyword.size() ||
+        sqlite3_strnicmp(text.data(), keyword.data(), static_cast<int>(keyword.size())) != 0) {
+        return std::nullopt;
+    }
+    return withoutBlanks(text.substr(keyword.size()));
+}
+
+// The length of the quoted piece that `text` begins with, its doubled quotes included; all of it when none ends it.
+std::size_t quotedLength(std::string_view text) {
+    const char close = text.front() == '[' ? ']' : text.front();
+    for (std::size_t end = text.find(close, 1); end != std::string_view::npos; end = text.find(close, end + 2)) {
+        const bool doubled = close != ']' && end + 1 < text.size() && text[end + 1] == close;
+        if (!doubled) return end + 1;
+    }
+    return text.size();
+}
+
+}  // namespace
+
+std::string translate(std::string_view statement, const ShortDate& style) {
+    if (statement.find('\0') != std::string_view::npos) refuse("a statement holds no zero byte", statement);
+    std::string sql;
+    sql.reserve(statement.size() + 16);
+    std::string_view rest = statement;
+    if (const auto target = behind(rest, "delete"); target && !target->empty() && target->front() == '*') {
+        sql = "delete ";
+        rest = target->substr(1);
+    }
+
+    while (!rest.empty()) {
+        const std::size_t plain = std::min(rest.find_first_of("'\"`[#;-/"), rest.size());
+        sql += rest.substr(0, plain);
+        rest.remove_prefix(plain);
+        if (rest.empty()) break;
+
+        std::size_t length = 1;
+        switch (rest.front()) {
+            case '#': {
+                const std::size_t close = rest.find('#', 1);
+                if (close == std::string_view::npos) refuse("a date has no end", statement);
+                const auto date = readDate(rest.substr(1, close - 1), style);
+                if (!date) refuse("a date that is none", statement);
+                sql.append(1, '\'').append(isoText(*date)).append(1, '\'');
+                rest.remove_prefix(close + 1);
+                continue;
+            }
+            case ';':
+                if (!withoutBlanks(rest.substr(1)).empty()) refuse("text behind the statement", statement);
+                return sql;
+            case '-':
+            case '/':
+                if (rest.substr(0, 2) == "--" || rest.substr(0, 2) == "/*") {
+                    refuse("a remark in the statement", statement);
+                }
+                break;
+            default:
+                length = quotedLength(rest);
+        }
+        sql += rest.substr(0, length);
+        rest.remove_prefix(length);
+    }
+    return sql;
+}
+
+}  // namespace torvane

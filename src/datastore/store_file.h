@@ -1,0 +1,90 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "datastore/gate.h"
+#include "values/dates.h"
+#include "values/value.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace torvane {
+
+struct QueryResult {
+    std::vector<std::string> names;
+    std::vector<Value> cells;  // row by row
+    long rows = 0;
+};
+
+// One database file and the handle that all connections to it share. The handle is opened at the first statement, and
+// anew when another file stands in the place. Every failure is a RuntimeFailure with SQLite's primary result code.
+class StoreFile {
+public:
+    StoreFile(std::string name, ShortDate style);
+    ~StoreFile();
+    StoreFile(const StoreFile&) = delete;
+    StoreFile& operator=(const StoreFile&) = delete;
+
+    // Sees to it that the handle is open on the file that bears the name now.
+    void ready();
+    void execute(std::string_view statement);
+    QueryResult query(std::string_view statement);
+
+    // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.
+    void beginGroup();
+    void endGroup();
+    // Commits what the open group has executed so far; statements that still follow take effect one by one.
+    void commitEarly();
+
+    // See Store::settle.
+    void settle();
+
+private:
+    struct Compiled;
+    struct Identity {
+        dev_t device = 0;
+        ino_t inode = 0;
+        timespec changed{};
+        off_t size = 0;
+
+        bool sameFile(const Identity& other) const { return device == other.device && inode == other.inode; }
+        bool unchanged(const Identity& other) const {
+            return sameFile(other) && size == other.size && changed.tv_sec == other.changed.tv_sec &&
+                   changed.tv_nsec == other.changed.tv_nsec;
+        }
+    };
+    using Kept = std::list<std::unique_ptr<Compiled>>;
+
+    bool inGroup() const { return depth_ > 0 && !committedEarly_; }
+    std::optional<Identity> identify() const;
+    void openHandle();
+    void closeHandle();
+    void renewIdentity();
+    std::unique_ptr<Compiled> compile(std::string_view statement, bool keep);
+    Compiled& kept(std::string_view statement);
+    void own(const char* sql);
+    void commit();
+    void undo();
+    [[noreturn]] void failed(std::string_view refused) const;
+
+    std::string name_;
+    ShortDate style_;
+    sqlite3* handle_ = nullptr;
+    Gate gate_;
+    Identity identity_;
+    Kept kept_;  // the one used last stands first
+    std::unordered_map<std::string_view, Kept::iterator> keptByText_;
+    int depth_ = 0;
+    bool committedEarly_ = false;
+};
+
+}  // namespace torvane

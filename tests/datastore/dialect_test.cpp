@@ -1,0 +1,96 @@
+#include "datastore/dialect.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <string>
+
+#include "datastore/shape.h"
+#include "values/failure.h"
+
+namespace torvane {
+namespace {
+
+TEST(Dialect, Translation) {
+    const struct {
+        const char* statement;
+        const char* sql;
+    } rows[] = {
+        {"Delete * from Item where ItemId = 3", "delete  from Item where ItemId = 3"},
+        {" DELETE\t*from Item", "delete from Item"},
+        {"delete from Item", "delete from Item"},
+        {"select * from delete_log", "select * from delete_log"},
+        {"Update OrderInfo Set OrderDate = #7/4/2003#, SZip = '#1'",
+         "Update OrderInfo Set OrderDate = '2003-07-04', SZip = '#1'"},
+        {"orderdate>=#13.5.03# and orderdate <= # 4 Juli 2003 #",
+         "orderdate>='2003-05-13' and orderdate <= '2003-07-04'"},
+        {"where a = 'it''s -- ; /* # */' and b = \"#;\" and c = [x--] and d = `;`",
+         "where a = 'it''s -- ; /* # */' and b = \"#;\" and c = [x--] and d = `;`"},
+        {"select 1 ; \r\n", "select 1 "},
+        {"select 3-1/2", "select 3-1/2"},
+        {"values ('open", "values ('open"},
+        {"", ""},
+    };
+    ShortDate style;
+    style.monthNames[6] = "Juli";
+    for (const auto& row : rows) EXPECT_EQ(translate(row.statement, style), row.sql);
+}
+
+TEST(Dialect, RefusedTexts) {
+    const std::string rows[] = {
+        "select #13/13/2003#",
+        "select ##",
+        "select #7/4/2003",
+        "select 1 -- all",
+        "select 1 /* all */",
+        "select 'a'-- '",
+        "select 1; select 2",
+        "select 1;;",
+        std::string("select 1\0", 9),
+        std::string("select 1\0; drop table Item", 26),
+        std::string("select '\0'", 10),
+    };
+    for (const auto& row : rows) {
+        try {
+            translate(row, {});
+            ADD_FAILURE() << "accepted: " << row;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), SQLITE_ERROR) << row;
+            EXPECT_EQ(failure.refused(), row);
+        }
+    }
+}
+
+TEST(Shape, IsReadIntoItsPieces) {
+    const ShapedCommand command = readShape(
+        "SHAPE {SELECT Orderinfo.*, Item.Itemname as Item, '}' as Brace, \norderinfo.tax*orderinfo.amount/100 as "
+        "taxtot\n"
+        "   FROM orderinfo,Item }  AS Command3 COMPUTE Command3 BY 'orderinfo.OrderNo','OrderDate' , 'taxtot'\n");
+    EXPECT_EQ(
+        command.inner,
+        "SELECT Orderinfo.*, Item.Itemname as Item, '}' as Brace, \norderinfo.tax*orderinfo.amount/100 as taxtot\n"
+        "   FROM orderinfo,Item");
+    EXPECT_EQ(command.child, "Command3");
+    EXPECT_EQ(command.by, (std::vector<std::string>{"orderinfo.OrderNo", "OrderDate", "taxtot"}));
+    EXPECT_EQ(readShape("shape{select 1}as c compute C by 'a'").by.size(), 1U);
+}
+
+TEST(Shape, RefusedTexts) {
+    const char* rows[] = {
+        "",
+        "select * from customer",
+        "SHAPE {select 1 AS c COMPUTE c BY 'a'",
+        "SHAPE {} AS c COMPUTE c BY 'a'",
+        "SHAPE {select 1} AS c COMPUTE d BY 'a'",
+        "SHAPE {select 1} AS c COMPUTE c BY",
+        "SHAPE {select 1} AS c COMPUTE c BY 'a',",
+        "SHAPE {select 1} AS c COMPUTE c BY a",
+        "SHAPE {select 1} AS c COMPUTE c BY ''",
+        "SHAPE {select 1} AS c COMPUTE c BY 'a' and",
+        "RESHAPE {select 1} AS c COMPUTE c BY 'a'",
+    };
+    for (const char* row : rows) EXPECT_THROW(readShape(row), RuntimeFailure) << row;
+}
+
+}  // namespace
+}  // namespace torvane

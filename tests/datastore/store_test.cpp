@@ -1,0 +1,307 @@
+#include "datastore/store.h"
+
+#include <string>
+
+#include "sample.h"
+
+namespace torvane {
+namespace {
+
+TEST(ConnectionText, NamesItsFile) {
+    EXPECT_EQ(connectionText("/opt/a b"),
+              "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/opt/a b\\Larkfen.mdb;Persist Security Info=False");
+    const struct {
+        std::string text;
+        const char* source;  // empty: refused
+    } rows[] = {
+        {connectionText("/opt/a b"), "/opt/a b/Larkfen.mdb"},
+        {connectionText("/o;p/Data Source=x;Persist Security Info=y"),
+         "/o;p/Data Source=x;Persist Security Info=y/Larkfen.mdb"},
+        {connectionText("/back\\slash"), "/back\\slash/Larkfen.mdb"},
+        {connectionText(""), "/Larkfen.mdb"},
+        {"PROVIDER=P;DATA PROVIDER=Q;Data Source=Larkfen.mdb;Persist Security Info=False;", "Larkfen.mdb"},
+        {"Data Source=a.mdb;User=x", "a.mdb"},
+        {"Data Source=a.mdb", "a.mdb"},
+        {"Provider=P", ""},
+        {"Data Source=;Persist Security Info=False", ""},
+    };
+    for (const auto& row : rows) {
+        try {
+            EXPECT_EQ(dataSource(row.text), row.source);
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_STREQ(row.source, "") << row.text;
+            EXPECT_EQ(failure.number(), static_cast<int>(Failure::InvalidCall));
+        }
+    }
+}
+
+TEST_F(StoreTest, OpeningRefusesWhatIsNoDatabase) {
+    const struct {
+        const char* name;
+        std::function<void(const std::string&)> prepare;
+        int number;
+    } rows[] = {
+        {"missing", [](const auto&) {}, SQLITE_CANTOPEN},
+        {"empty", [](const auto& name) { write(name, ""); }, SQLITE_NOTADB},
+        {"text", [](const auto& name) { write(name, std::string(5000, 'x')); }, SQLITE_NOTADB},
+        {"short", [](const auto& name) { write(name, "x"); }, SQLITE_NOTADB},
+        {"cut", [this](const auto& name) { write(name, contents(file).substr(0, 3000)); }, SQLITE_CORRUPT},
+    };
+    for (const auto& row : rows) {
+        const std::string other = folder + "/" + row.name;
+        row.prepare(other);
+        Connection another{store};
+        try {
+            another.open("Data Source=" + other + ";Persist Security Info=False");
+            ADD_FAILURE() << "opened: " << row.name;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), row.number) << row.name;
+            EXPECT_EQ(failure.refused(), other);
+        }
+        EXPECT_EQ(another.state(), 0) << row.name;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder + "/missing"));
+    EXPECT_EQ(failureOf([&] { connection.open(connectionText(folder)); }), static_cast<int>(Failure::InvalidCall));
+    connection.close();
+    EXPECT_EQ(connection.state(), 0);
+    EXPECT_EQ(failureOf([&] { connection.execute("delete from Item"); }), static_cast<int>(Failure::InvalidCall));
+}
+
+TEST_F(StoreTest, AFileKeptWithAWriteAheadLogBecomesOneFile) {
+    connection.close();
+    raw(file, "pragma journal_mode = wal; insert into Rooms values (3, 'Hall')");
+    connection.open(connectionText(folder));
+    EXPECT_EQ(rows("select Name from Rooms where Id = 3"), "Hall;");
+    EXPECT_EQ(contents(file)[18], '\1');
+}
+
+TEST_F(StoreTest, ManyConnectionsShareOneHandle) {
+    std::vector<std::unique_ptr<Connection>> lines;
+    for (int i = 0; i < 3000; ++i) {
+        lines.push_back(std::make_unique<Connection>(store));
+        lines.back()->open(connectionText(folder));
+    }
+    lines.front()->execute("insert into Rooms (Name) values ('Hall')");
+    EXPECT_EQ(rows("select count(*) from Rooms", *lines.back()), "3;");
+}
+
+TEST_F(StoreTest, StatementsOfTheSystemRun) {
+    const struct {
+        const char* statement;
+        const char* result;
+    } reads[] = {
+        {"Select * from Item where ItemId= 2", "2|9|nail|2|2|0.125|~|~|~|100|~;"},
+        {"Select * from Item where Itemname ='NAIL' and CategoryId =2 and Material =0.125 and Qty =100",
+         "2|9|nail|2|2|0.125|~|~|~|100|~;"},
+        {"Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)", "10;"},
+        {"Select max(OrderNo) from OrderInfo", "12;"},
+        {"Select max(OrderNo) from OrderInfo where OrderNo > 99", "~;"},
+        {"SELECT Item.ItemID,Item.ItemName,Category.CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
+         "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id order by  "
+         "Val(itemcode) desc,itemcode Desc",
+         "1|Stud|Lumber|3.1|1|10|each;2|nail|Nails|0.125|100|9|box;3|Beam|Lumber|80|1|A1|each;"},
+        {"SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName,item.Material FROM "
+         "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and  (ItemName like "
+         "'N%' or CatName like 'N%') ",
+         "2|nail|Nails|0.125;"},
+        {"Select * from Categories  order by totitm Desc", "1|Lumber|2|~;2|Nails|1|1;"},
+        {"select * from Categories where Catname like 'na%' ", "2|Nails|1|1;"},
+        {"Select count(ItemId) from Item where CategoryId= 1", "2;"},
+        {"SELECT CustId,CustName,BCity,BPhone,BEmail,BCCNo from Customer  where CustName like '55%' or BCity like "
+         "'55%'  or BPhone like '55%' or BEmail like '55%'  or BCCNo like '55%' ",
+         "1|Stone|Boston|555-1|~|~;"},
+        {"Select * from Customer order by CustName", "2|abel|Austin|777|a@b|9;1|Stone|Boston|555-1|~|~;"},
+        {"select * from Rooms where Name like '%tt%'  order by name", "2|Attic;"},
+        {"SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
+         "Orderinfo.upstracking,orderinfo.total,orderinfo.overhead,orderinfo.tax FROM orderinfo left join customer  on "
+         "orderinfo.custid = customer.custid where  orderno like '%2%' order by orderno",
+         "2|8/1/2003|~|~|1|0|0;12|~|abel|~|2|0|0;"},
+        {"Select TaxRate from Tax where Stateid=1", "6.25;"},
+        {"SELECT Orderinfo.orderno, Orderinfo.Orderdate FROM orderinfo,customer where  orderinfo.custid = "
+         "customer.custid and orderdate>=#7/4/2003# and orderdate <= #4-Jul-2003#",
+         "1|7/4/2003;"},
+        {"SELECT OrderItem.OrderNo, Rooms.Name as Room, "
+         "orderitem.material+orderitem.extension+orderitem.labor+orderitem.others as totitem, \n"
+         "orderinfo.tax*orderinfo.amount/100 as taxtot, \norderinfo.overhead*orderinfo.amount/100 as ohtot\n"
+         "   FROM orderinfo,customer, OrderItem,Rooms, Units, Item where  orderinfo.custid = Customer.custid and "
+         "orderinfo.OrderNo = OrderItem.OrderNo and OrderItem.roomid=rooms.id and orderitem.UnitId = Units.id and "
+         "OrderItem.Itemid = Item.Itemid order by Room Desc",
+         "1|Kitchen|12.2|10|20;1|Attic|~|10|20;"},
+        {"Select val(' 1 2x'), Val(null), val(3), isnumeric('1e400'), isnumeric(null), isnumeric(5), cdbl(' 5 ');",
+         "12|~|3|0|0|1|5;"},
+        {"Select * from Item where ItemId= 0", "none"},
+    };
+    for (const auto& row : reads) EXPECT_EQ(rows(row.statement), row.result) << row.statement;
+
+    const struct {
+        const char* statement;
+        const char* check;
+        const char* result;
+    } writes[] = {
+        {"Insert into Item (Itemcode, Itemname, CategoryID,UnitId,Material,Labor,Qty,TU,SubLabor,Equipment) values "
+         "('11','Bolt;--',2,1,1.234568E+07,0.5,1,'',-2,2.5E-05)",
+         "select ItemId,Itemname,Material,SubLabor,Equipment from Item where ItemId=4",
+         "4|Bolt;--|1.234568E+07|-2|2.5E-05;"},
+        {"update Item set Material=3.5 where Itemid=1", "select Material from Item where ItemId=1", "3.5;"},
+        {"Delete * from Item where ItemId = 4", "select count(*) from Item", "3;"},
+        {"Update BlankNotes set Notes='it''s'", "Select * from BlankNotes", "it's;"},
+        {"Update OrderInfo Set CustId = 1, OrderDate = #12/31/1999#, UPSTracking='x' where OrderNo=12",
+         "select OrderDate,UPSTracking from OrderInfo where OrderNo=12", "12/31/1999|x;"},
+        {"Delete * from Orderitem where OrderNo = 1", "select count(*) from OrderItem", "0;"},
+    };
+    for (const auto& row : writes) {
+        connection.execute(row.statement);
+        EXPECT_EQ(rows(row.check), row.result) << row.statement;
+    }
+}
+
+TEST_F(StoreTest, RefusedStatementsChangeNothing) {
+    const std::string before = contents(file);
+    const std::string secret = folder + "/other";
+    const struct {
+        std::string statement;
+        int number;
+    } statements[] = {
+        {"insert into Rooms (Name) values ('O'Brien')", SQLITE_ERROR},
+        {"insert into Rooms (Name) values ('a'); delete from Rooms", SQLITE_ERROR},
+        {"delete from Rooms; -- '", SQLITE_ERROR},
+        {"delete from Rooms --", SQLITE_ERROR},
+        {"delete /* all */ from Rooms", SQLITE_ERROR},
+        {std::string("delete from Rooms\0 where Id = 1", 31), SQLITE_ERROR},
+        {"delete from Rooms where Id = ?", SQLITE_ERROR},
+        {"delete from Rooms where Id = $x(';)", SQLITE_ERROR},
+        {"", SQLITE_ERROR},
+        {" ; ", SQLITE_ERROR},
+        {"delete from Nowhere", SQLITE_ERROR},
+        {"update OrderInfo set OrderDate = #30.2.2003#", SQLITE_ERROR},
+        {"update Rooms set Name = \"Kitchen2\"", SQLITE_ERROR},
+        {"insert into Rooms (Id) select cdbl(Name) from Rooms", SQLITE_ERROR},
+        {"insert into Rooms (Id, Name) values (7, 'new'), (1, 'twice')", SQLITE_CONSTRAINT},
+        {"attach '" + secret + "' as other", SQLITE_AUTH},
+        {"pragma user_version = 3", SQLITE_AUTH},
+        {"vacuum", SQLITE_AUTH},
+        {"vacuum into '" + secret + "'", SQLITE_AUTH},
+        {"drop table Rooms", SQLITE_AUTH},
+        {"create table T (a)", SQLITE_AUTH},
+        {"create temp table T (a)", SQLITE_AUTH},
+        {"create view V as select 1", SQLITE_AUTH},
+        {"alter table Rooms add column x", SQLITE_AUTH},
+        {"begin", SQLITE_AUTH},
+        {"commit", SQLITE_AUTH},
+        {"savepoint a", SQLITE_AUTH},
+        {"reindex", SQLITE_AUTH},
+        {"analyze", SQLITE_AUTH},
+        {"delete from sqlite_schema", SQLITE_ERROR},
+        {"update Rooms set Name = load_extension('x')", SQLITE_ERROR},
+        {"update Rooms set Name = hex(fts3_tokenizer('simple'))", SQLITE_ERROR},
+        {"update Rooms set Name = randomblob(9)", SQLITE_ERROR},
+        {"with recursive a(n) as (select 1 union all select n+1 from a) insert into Rooms (Id) select n from a",
+         SQLITE_AUTH},
+    };
+    for (const auto& row : statements) {
+        try {
+            connection.execute(row.statement);
+            ADD_FAILURE() << "accepted: " << row.statement;
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), row.number) << row.statement << ": " << failure.text();
+            EXPECT_EQ(failure.refused(), row.statement);
+            EXPECT_NE(failure.text(), "");
+        }
+    }
+
+    const struct {
+        std::string statement;
+        int number;
+    } queries[] = {
+        {"select * from Rooms where Name = 'O'Brien'", SQLITE_ERROR},
+        {"select load_extension('x')", SQLITE_ERROR},
+        {"select fts3_tokenizer('simple')", SQLITE_ERROR},
+        {"select * from pragma_database_list", SQLITE_ERROR},
+        {"select cdbl('x')", SQLITE_ERROR},
+        {"select cdbl('')", SQLITE_ERROR},
+        {"select cdbl('1e400')", SQLITE_ERROR},
+        {"delete * from Rooms", static_cast<int>(Failure::InvalidCall)},
+        {"delete from Rooms returning Id", static_cast<int>(Failure::InvalidCall)},
+        {"select 1e39 as x from Rooms union all select Material*1e39 from Item", 0},
+    };
+    for (const auto& row : queries) {
+        Recordset recordset;
+        EXPECT_EQ(failureOf([&] { recordset.open(row.statement, connection); }), row.number) << row.statement;
+        EXPECT_EQ(recordset.state(), row.number == 0 ? 1 : 0) << row.statement;
+    }
+    EXPECT_EQ(failureOf([&] { connection.execute("select * from Rooms"); }), static_cast<int>(Failure::InvalidCall));
+    EXPECT_EQ(contents(file), before);
+    EXPECT_FALSE(std::filesystem::exists(secret));
+}
+
+TEST_F(StoreTest, CellsHaveTheirColumnsKinds) {
+    raw(file, "update OrderInfo set OrderDate = 'soon', Total = 12345678.5 where OrderNo = 2");
+    Recordset recordset;
+    recordset.open("select OrderNo, Total, Total*1, OrderDate, SCity, Tax from OrderInfo order by OrderNo", connection);
+    EXPECT_EQ(recordset.field(0), Value(std::int64_t{1}));
+    EXPECT_EQ(recordset.field("TOTAL"), Value(230.0F));
+    EXPECT_EQ(recordset.field(2), Value(230.0));
+    EXPECT_EQ(recordset.field("orderdate"), Value(Date{2003, 7, 4}));
+    EXPECT_EQ(recordset.field("SCity"), Value(Null{}));
+    recordset.moveNext();
+    EXPECT_EQ(recordset.field("Total"), Value(12345678.0F));
+    EXPECT_EQ(recordset.field("OrderDate"), Value(std::string("soon")));
+    recordset.close();
+
+    raw(file, "update OrderInfo set Total = 1e39 where OrderNo = 2");
+    EXPECT_EQ(failureOf([&] { rows("select Total from OrderInfo"); }), static_cast<int>(Failure::Overflow));
+    connection.execute("update OrderInfo set Total = 1 where OrderNo = 2");
+    EXPECT_EQ(rows("select Total from OrderInfo where OrderNo = 2"), "1;");
+}
+
+TEST_F(StoreTest, SharedColumnNamesAreQualified) {
+    Recordset recordset;
+    recordset.open(
+        "SELECT Orderinfo.OrderNo, OrderItem.*, Rooms.Name as Room, 1 as room FROM orderinfo, OrderItem, Rooms "
+        "where orderinfo.OrderNo = OrderItem.OrderNo and roomid = rooms.id order by Rooms.Id",
+        connection);
+    EXPECT_EQ(recordset.names()[0], "OrderInfo.OrderNo");
+    EXPECT_EQ(recordset.names()[1], "OrderItem.OrderNo");
+    EXPECT_EQ(recordset.names()[2], "ItemId");
+    EXPECT_EQ(recordset.field("orderinfo.OrderNo"), Value(std::int64_t{1}));
+    EXPECT_THROW(recordset.field("OrderNo"), RuntimeFailure);
+}
+
+TEST_F(StoreTest, RecordsetMovesAndKeepsItsRows) {
+    Recordset recordset;
+    EXPECT_TRUE(recordset.eof());
+    EXPECT_THROW(recordset.getRows(), RuntimeFailure);
+    EXPECT_THROW(recordset.field(0), RuntimeFailure);
+    recordset.open("Select Id, Name from Rooms order by Name", connection);
+    EXPECT_THROW(recordset.open("Select * from Units", connection), RuntimeFailure);
+    EXPECT_EQ(recordset.recordCount(), 2);
+    EXPECT_EQ(recordset.absolutePosition(), 1);
+    EXPECT_EQ(recordset.field("name"), Value(std::string("Attic")));
+    connection.execute("delete from Rooms");
+    recordset.setAbsolutePosition(2);
+    EXPECT_EQ(recordset.field(1), Value(std::string("Kitchen")));
+    for (const long position : {0L, 3L, -1L}) EXPECT_THROW(recordset.setAbsolutePosition(position), RuntimeFailure);
+    EXPECT_EQ(recordset.absolutePosition(), 2);
+    EXPECT_THROW(recordset.field("Names"), RuntimeFailure);
+    EXPECT_THROW(recordset.field(2), RuntimeFailure);
+    EXPECT_EQ(dump(recordset.getRows()), "1|Kitchen;");
+    EXPECT_TRUE(recordset.eof());
+    EXPECT_EQ(recordset.getRows(), std::nullopt);
+    EXPECT_THROW(recordset.moveNext(), RuntimeFailure);
+    recordset.close();
+    EXPECT_EQ(recordset.state(), 0);
+}
+
+TEST_F(StoreTest, KeptStatementsAreBoundedAndStayRight) {
+    for (int round = 0; round < 3; ++round) {
+        for (int i = 0; i < 100; ++i) {
+            EXPECT_EQ(rows("select " + std::to_string(i) + " + Id from Rooms where Id = 1"),
+                      std::to_string(i + 1) + ";");
+        }
+    }
+    raw(file, "alter table Rooms add column Floor integer default 7");
+    EXPECT_EQ(rows("select * from Rooms where Id = 1"), "1|Kitchen|7;");
+}
+
+}  // namespace
+}  // namespace torvane
