@@ -56,7 +56,10 @@ bool TextBox::passes(const QString& typed) const {
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
-    if (passes(event->text()))
+    // Control with a letter is a command; with Alt as well it is how some keyboards write a character.
+    const Qt::KeyboardModifiers held = event->modifiers();
+    const bool command = (held & Qt::ControlModifier) && !(held & Qt::AltModifier);
+    if (command || passes(event->text()))
         QLineEdit::keyPressEvent(event);
     else
         event->accept();
@@ -267,7 +270,7 @@ void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
     for (const std::vector<std::string>& row : rows) items.append(new QTreeWidgetItem(qstrings(row)));
     const bool first = RowCount() == 0;
     addTopLevelItems(items);
-    if (first && !items.isEmpty()) setCurrentItem(items.constFirst());
+    if (first && !items.isEmpty()) makeCurrent(*items.constFirst());
     checkProgram(*this);
 }
 
@@ -287,8 +290,13 @@ int ReportList::SelectedRow() const {
 }
 
 void ReportList::selectRow(int row) {
-    setCurrentItem(&item(row));
+    makeCurrent(item(row));
     checkProgram(*this);
+}
+
+// The current cell must be one that is shown: from a hidden one the arrow keys move on, but select nothing.
+void ReportList::makeCurrent(QTreeWidgetItem& row) {
+    setCurrentItem(&row, firstVisibleColumn());
 }
 
 QTreeWidgetItem& ReportList::item(int row) const {
@@ -342,6 +350,15 @@ void ReportList::keyboardSearch(const QString& search) {
     const int row = std::max(0, currentIndex().row());
     selectionModel()->setCurrentIndex(model()->index(row, firstVisibleColumn()), QItemSelectionModel::NoUpdate);
     QTreeWidget::keyboardSearch(search);
+}
+
+// A click beside the rows, or with Control held, would leave the list without a selected row, which none of its buttons
+// can do anything with.
+QItemSelectionModel::SelectionFlags ReportList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    if (!index.isValid()) return QItemSelectionModel::NoUpdate;
+    const auto flags = QTreeWidget::selectionCommand(index, event);
+    const bool takesAway = flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect);
+    return takesAway ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows : flags;
 }
 
 void ReportList::keyPressEvent(QKeyEvent* event) {

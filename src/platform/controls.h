@@ -142,9 +142,12 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
 
 private:
     QTreeWidgetItem& item(int row) const;
+    void makeCurrent(QTreeWidgetItem& row);
     void requireColumn(int column) const;
     int firstVisibleColumn() const;
     std::vector<Icon> icons_;

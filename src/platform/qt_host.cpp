@@ -1,7 +1,9 @@
 #include "platform/qt_host.h"
 
 #include <QDate>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
 
@@ -24,16 +26,20 @@ ShortDate machineShortDate() {
     return style;
 }
 
-std::optional<std::string> chosenName(QFileDialog& dialog, std::string_view filter, QString& folder) {
+std::optional<std::string> chosenName(QFileDialog& dialog, const QString& proposed, std::string_view filter,
+                                      QString& folder) {
     dialog.setObjectName("FileDialog");
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setFileMode(QFileDialog::AnyFile);  // also when opening: the asker says what a missing file means
     dialog.setNameFilter(qstring(filter));
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QDir(folder).exists()) folder = QDir::homePath();
     dialog.setDirectory(folder);
+    if (!proposed.isEmpty()) dialog.selectFile(proposed);
     if (runOverFront(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    folder = dialog.directory().absolutePath();
-    return utf8(dialog.selectedFiles().constFirst());
+    const QString name = dialog.selectedFiles().constFirst();
+    folder = QFileInfo(name).absolutePath();
+    return utf8(name);
 }
 
 }  // namespace
@@ -53,16 +59,14 @@ std::optional<std::string> QtHost::askSaveName(std::string_view proposed, std::s
     QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setWindowTitle("Save As");
-    const QString name = qstring(proposed);
-    dialog.selectFile(name);
-    return chosenName(dialog, filter, lastFolder_);
+    return chosenName(dialog, qstring(proposed), filter, lastFolder_);
 }
 
 std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
     QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setWindowTitle("Open");
-    return chosenName(dialog, filter, lastFolder_);
+    return chosenName(dialog, {}, filter, lastFolder_);
 }
 
 Date QtHost::today() const {

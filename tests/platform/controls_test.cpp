@@ -43,8 +43,8 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
         {"digits and points", [](TextBox& box) { type(box, "1.2.3"); }, "1.2.3"},
         {"all else is dropped", [](TextBox& box) { type(box, "-1a 2,e3"); }, "123"},
         {"backspace", [](TextBox& box) { type(box, "12"), key(box, Qt::Key_Backspace); }, "1"},
-        {"arrow and Delete",
-         [](TextBox& box) { type(box, "12"), key(box, Qt::Key_Left), key(box, Qt::Key_Delete); }, "1"},
+        {"arrow and Delete", [](TextBox& box) { type(box, "12"), key(box, Qt::Key_Left), key(box, Qt::Key_Delete); },
+         "1"},
         {"paste by key",
          [](TextBox& box) {
              QApplication::clipboard()->setText("1,234 (ab)");
@@ -111,7 +111,12 @@ TEST_F(ControlsTest, DropListClicksOnEachActOfSelecting) {
         int index;
     };
     const Row rows[] = {
-        {"fill selects nothing", [](DropList& list) { list.fill({{"a", 4}, {"b", 5}, {"c", 4}}); }, {}, -1},
+        {"fill selects nothing",
+         [](DropList& list) {
+             list.fill({{"a", 4}, {"b", 5}, {"c", 4}});
+         },
+         {},
+         -1},
         {"add selects nothing",
          [](DropList& list) {
              list.Clear();
@@ -237,9 +242,16 @@ TEST_F(ControlsTest, ReportListHoldsTextsByRowAndColumn) {
     list.AddRows({{"1"}, {"2"}});
     EXPECT_EQ(list.SelectedRow(), 0);
     const std::function<void()> refused[] = {
-        [&] { (void)list.Cell(-1, 0); },   [&] { (void)list.Cell(2, 0); }, [&] { (void)list.Cell(0, 3); },
-        [&] { list.setCell(0, -1, ""); },  [&] { list.RemoveRow(2); },     [&] { list.selectRow(-1); },
-        [&] { list.setRow(2, {}); },       [&] { list.setRow(0, {"", "", "", ""}); },
+        [&] { (void)list.Cell(-1, 0); },
+        [&] { (void)list.Cell(2, 0); },
+        [&] { (void)list.Cell(0, 3); },
+        [&] { list.setCell(0, -1, ""); },
+        [&] { list.RemoveRow(2); },
+        [&] { list.selectRow(-1); },
+        [&] { list.setRow(2, {}); },
+        [&] {
+            list.setRow(0, {"", "", "", ""});
+        },
         [&] { list.setColumnIcon(3, ReportList::Icon::Up); },
     };
     for (const auto& act : refused) EXPECT_THROW(act(), RuntimeFailure) << &act - refused;
@@ -255,7 +267,9 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
     };
     const Row rows[] = {
         {"Down, Down, Up",
-         [](ReportList& list) { key(list, Qt::Key_Down), key(list, Qt::Key_Down), key(list, Qt::Key_Up); }, {}, 1},
+         [](ReportList& list) { key(list, Qt::Key_Down), key(list, Qt::Key_Down), key(list, Qt::Key_Up); },
+         {},
+         1},
         {"End", [](ReportList& list) { key(list, Qt::Key_End); }, {}, 2},
         {"End, Home", [](ReportList& list) { key(list, Qt::Key_End), key(list, Qt::Key_Home); }, {}, 0},
         {"PgDn", [](ReportList& list) { key(list, Qt::Key_PageDown); }, {}, 2},
@@ -268,7 +282,16 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
         {"double click below the rows",
          [](ReportList& list) {
              QWidget& area = *list.viewport();
-             QTest::mouseDClick(&area, Qt::LeftButton, {}, area.rect().bottomLeft() + QPoint(20, -3));
+             const QPoint below = area.mapTo(list.window(), area.rect().bottomLeft() + QPoint(20, -3));
+             QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, {}, below);
+         },
+         {},
+         0},
+        {"click with Control on the selected row",
+         [](ReportList& list) {
+             const QPoint place =
+                 list.viewport()->mapTo(list.window(), list.visualItemRect(list.topLevelItem(0)).center());
+             QTest::mouseClick(list.window()->windowHandle(), Qt::LeftButton, Qt::ControlModifier, place);
          },
          {},
          0},
@@ -286,11 +309,11 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
     };
     form.window().resize(500, 700);
     settle();
-    on(form, form.list, &ReportList::DblClick,
-       [&] { note("DblClick " + std::to_string(form.list->SelectedRow())); });
+    on(form, form.list, &ReportList::DblClick, [&] { note("DblClick " + std::to_string(form.list->SelectedRow())); });
     on(form, form.list, &ReportList::ColumnClick, [&](int column) { note("Column " + std::to_string(column)); });
     on(form, form.list, &ReportList::RightClick, [&] { note("RightClick"); });
-    const std::vector<std::vector<std::string>> content{{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}};
+    const std::vector<std::vector<std::string>> content{
+        {"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}};
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         form.list->ClearRows();

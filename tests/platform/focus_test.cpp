@@ -55,7 +55,7 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         {"click on another box", [&] { click(*form.second); }, asked},
         {"click on a button", [&] { click(*form.button); }, {"LostFocus", "Yes", "Click"}},
         {"click on a row", [&] { clickRow(*form.list, 1); }, asked},
-        {"pick in a list", [&] { pickInList(*form.choice, "two"); }, {"pick two", "LostFocus", "Yes"}},
+        {"pick in a list", [&] { pickInList(*form.choice, "two"); }, {"LostFocus", "Yes", "pick two"}},
         {"code", [&] { form.second->setFocus(); }, asked},
         {"disabled by code", [&] { form.first->setEnabled(false); }, asked},
         {"code while another window is active",

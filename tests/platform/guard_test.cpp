@@ -47,7 +47,10 @@ TEST_F(GuardTest, OuterHandlerStopsAtEveryDoor) {
         {"DropList::fill", [](Program&, Probe& form) { form.choice->fill({}); }},
         {"DropList::Clear", [](Program&, Probe& form) { form.choice->Clear(); }},
         {"DropList::AddItem", [](Program&, Probe& form) { form.choice->AddItem("four", 4); }},
-        {"DateBox::setValue", [](Program&, Probe& form) { form.date->setValue({2020, 2, 29}); }},
+        {"DateBox::setValue",
+         [](Program&, Probe& form) {
+             form.date->setValue({2020, 2, 29});
+         }},
         {"ReportList::ClearRows", [](Program&, Probe& form) { form.list->ClearRows(); }},
         {"ReportList::AddRow", [](Program&, Probe& form) { form.list->AddRow({"1"}); }},
         {"ReportList::RemoveRow", [](Program&, Probe& form) { form.list->RemoveRow(0); }},
@@ -65,9 +68,7 @@ TEST_F(GuardTest, OuterHandlerStopsAtEveryDoor) {
         Program own(Environment{quiet, store}, [](int) {});
         own.setErrorBox([](const RuntimeFailure&) {});
         Probe form(own, "frmProbe");
-        form.whenLoaded = [&] {
-            on(form, form.second, &TextBox::textChanged, [] { fail(Failure::TypeMismatch); });
-        };
+        form.whenLoaded = [&] { on(form, form.second, &TextBox::textChanged, [] { fail(Failure::TypeMismatch); }); };
         form.Load();
         std::vector<std::string> reached;
         own.guarded([&] {
@@ -91,9 +92,7 @@ TEST_F(GuardTest, FailureTwoModalFormsDeepLeavesThemAll) {
             note("after the inner form");
         });
     };
-    inner.whenLoaded = [&] {
-        on(inner, inner.button, &QPushButton::clicked, [&] { inner.list->Cell(-1, 0); });
-    };
+    inner.whenLoaded = [&] { on(inner, inner.button, &QPushButton::clicked, [&] { inner.list->Cell(-1, 0); }); };
     whenModal([&](QWidget&) {
         whenModal([&](QWidget&) { click(*inner.button); });
         click(*outer.button);

@@ -30,9 +30,13 @@ bool reachable(const QWidget& control) {
     return false;
 }
 
-QWindow* windowOf(const QWidget& control) { return control.window()->windowHandle(); }
+QWindow* windowOf(const QWidget& control) {
+    return control.window()->windowHandle();
+}
 
-QPoint inWindow(const QWidget& control, QPoint position) { return control.mapTo(control.window(), position); }
+QPoint inWindow(const QWidget& control, QPoint position) {
+    return control.mapTo(control.window(), position);
+}
 
 void clickAt(QWidget& control, QPoint position, Qt::MouseButton button) {
     if (!reachable(control)) return;
@@ -48,7 +52,9 @@ QPoint rowCentre(ReportList& list, int row) {
     return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
 }
 
-TorvaneApplication& application() { return *static_cast<TorvaneApplication*>(qApp); }
+TorvaneApplication& application() {
+    return *static_cast<TorvaneApplication*>(qApp);
+}
 
 void focusOn(QWidget& control) {
     if (!control.hasFocus()) control.setFocus(Qt::OtherFocusReason);
@@ -63,7 +69,9 @@ void failNotFound(const QObject& in, std::string_view name, const QObjectList& c
     throw std::runtime_error(message);
 }
 
-void click(QWidget& control, Qt::MouseButton button) { clickAt(control, control.rect().center(), button); }
+void click(QWidget& control, Qt::MouseButton button) {
+    clickAt(control, control.rect().center(), button);
+}
 
 void clickRow(ReportList& list, int row, Qt::MouseButton button) {
     clickAt(*list.viewport(), rowCentre(list, row), button);
@@ -158,7 +166,9 @@ ScreenTest::ScreenTest()
     watchdog_.start(patienceMs);
 }
 
-ScreenTest::~ScreenTest() { application().setLastNet({}); }
+ScreenTest::~ScreenTest() {
+    application().setLastNet({});
+}
 
 // Leaves every modal window, and lets no handler run any more.
 void ScreenTest::unblock() {
@@ -189,7 +199,9 @@ void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
     poll->start(pollMs);
 }
 
-std::optional<RuntimeFailure> ScreenTest::takeFailure() { return std::exchange(failure_, std::nullopt); }
+std::optional<RuntimeFailure> ScreenTest::takeFailure() {
+    return std::exchange(failure_, std::nullopt);
+}
 
 std::optional<int> ScreenTest::takeFailureNumber() {
     const auto failure = takeFailure();

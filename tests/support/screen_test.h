@@ -59,9 +59,9 @@ void settle();
 // Runs events until the condition holds; false when it does not in time.
 bool waitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 
-// A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if the program
-// has ended with a failure that was not taken, an expected box has not come, a modal window that was waited for has not
-// come, an exception has got past the event guard, or the test hangs in a modal window.
+// A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if the
+// program has ended with a failure that was not taken, an expected box has not come, a modal window that was waited for
+// has not come, an exception has got past the event guard, or the test hangs in a modal window.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest();
@@ -71,8 +71,8 @@ protected:
     // Runs as a handler would: inside the event guard.
     void run(const std::function<void()>& body) { program.guarded(body); }
 
-    // Acts while a modal window stands: runs once, inside its event loop, when a modal window other than the present one
-    // has come. To act on one that opens from there, call it again inside.
+    // Acts while a modal window stands: runs once, inside its event loop, when a modal window other than the present
+    // one has come. To act on one that opens from there, call it again inside.
     void whenModal(std::function<void(QWidget& top)> act);
 
     // The failure that has ended the program, if one has; it counts as expected then.

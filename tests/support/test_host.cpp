@@ -15,10 +15,13 @@ std::string described(std::string_view text, std::string_view title, Buttons but
 
 TestHost::TestHost(std::string programDirectory) : folder(std::move(programDirectory)) {}
 
-TestHost::~TestHost() { verify(); }
+TestHost::~TestHost() {
+    verify();
+}
 
 void TestHost::verify() {
-    for (const Box& box : boxes_) ADD_FAILURE() << "box that did not come: " << described(box.text, box.title, box.buttons);
+    for (const Box& box : boxes_)
+        ADD_FAILURE() << "box that did not come: " << described(box.text, box.title, box.buttons);
     if (!saveNames_.empty()) ADD_FAILURE() << "save dialog that did not come";
     if (!openNames_.empty()) ADD_FAILURE() << "open dialog that did not come";
     boxes_.clear();

@@ -1,0 +1,313 @@
+// The tour: the real windows through the road of a new estimate, on the sample business, leaving a picture of each window
+// and the proposal as PDF.
+//
+//   tour <program folder> <folder for the pictures>
+//
+// It ends with status 0 when every step was reached, and says where it stopped otherwise.
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+
+#include "assistant/animated_assistant.h"
+#include "platform/application.h"
+#include "platform/controls.h"
+#include "platform/qt_host.h"
+#include "shell/application.h"
+#include "shell/pictures_init.h"
+
+namespace torvane {
+namespace {
+
+[[noreturn]] void stop(const QString& why) {
+    std::fprintf(stderr, "The tour stopped: %s\n", qPrintable(why));
+    std::fflush(stderr);
+    std::_Exit(1);
+}
+
+template <class T>
+T& find(QObject& in, const char* name) {
+    auto* found = in.findChild<T*>(QLatin1String(name));
+    if (!found) stop(QStringLiteral("%1 has no %2").arg(in.objectName(), QLatin1String(name)));
+    return *found;
+}
+
+class Tour {
+public:
+    Tour(Application& screens, QString folder) : screens_(screens), folder_(std::move(folder)) {}
+
+    void walk() {
+        mainWindow();
+        restore();
+        addCustomer();
+        newEstimate();
+        changePrice();
+        saveAndPrint();
+        openAgain();
+    }
+
+private:
+    // Lets the windows settle and paint.
+    static void pause(int milliseconds = 60) { QTest::qWait(milliseconds); }
+
+    static void wait(const char* what, const std::function<bool()>& condition) {
+        constexpr int patience = 20000;
+        QElapsedTimer clock;
+        clock.start();
+        while (!condition()) {
+            if (clock.elapsed() > patience) stop(QStringLiteral("waiting for %1").arg(QLatin1String(what)));
+            QTest::qWait(10);
+        }
+    }
+
+    void picture(QWidget& window, const char* name) {
+        pause();
+        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_).arg(++number_, 2, 10, QLatin1Char('0')).arg(QLatin1String(name));
+        if (!window.grab().save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
+        std::printf("%s\n", qPrintable(file));
+    }
+
+    // Acts on the modal window that comes next; `act` closes it.
+    void onModal(const char* what, std::function<void(QWidget&)> act) {
+        QWidget* present = QApplication::activeModalWidget();
+        auto* timer = new QTimer(qApp);
+        auto* clock = new QElapsedTimer;
+        clock->start();
+        QObject::connect(timer, &QTimer::timeout, timer, [=, act = std::move(act)] {
+            QWidget* top = QApplication::activeModalWidget();
+            if (!top || top == present || !top->isVisible()) {
+                if (clock->elapsed() > 20000) stop(QStringLiteral("%1 did not come").arg(QLatin1String(what)));
+                return;
+            }
+            timer->stop();
+            timer->deleteLater();
+            delete clock;
+            act(*top);
+        });
+        timer->start(20);
+    }
+
+    void onBox(const char* pictureName, QMessageBox::StandardButton answer, std::function<void()> then = {}) {
+        onModal("a message box", [this, pictureName, answer, then = std::move(then)](QWidget& top) {
+            auto* box = qobject_cast<QMessageBox*>(&top);
+            if (!box) stop(QStringLiteral("a message box was due, not %1").arg(top.objectName()));
+            if (pictureName) picture(*box, pictureName);
+            if (then) then();
+            if (!box->button(answer)) stop(QStringLiteral("no such button on: %1").arg(box->text()));
+            QTest::mouseClick(box->button(answer), Qt::LeftButton);
+        });
+    }
+
+    static void click(QWidget& in, const char* button) {
+        auto& control = find<QAbstractButton>(in, button);
+        if (!control.isVisible() || !control.isEnabled()) stop(QStringLiteral("%1 can't be pressed").arg(QLatin1String(button)));
+        QTest::mouseClick(&control, Qt::LeftButton);
+        pause(20);
+    }
+
+    static void entry(QWidget& mainWindow, const char* name) { find<QAction>(mainWindow, name).trigger(); }
+
+    static void type(QWidget& in, const char* box, const QString& text) {
+        auto& control = find<TextBox>(in, box);
+        control.setFocus();
+        control.selectAll();
+        QTest::keyClicks(&control, text);
+    }
+
+    static void pick(QWidget& in, const char* list, const char* text) {
+        auto& control = find<DropList>(in, list);
+        for (int i = 0; i < control.ListCount(); ++i) {
+            if (control.List(i) != text) continue;
+            control.setFocus();
+            control.select(i);
+            pause(20);
+            return;
+        }
+        stop(QStringLiteral("%1 has no entry %2").arg(QLatin1String(list), QLatin1String(text)));
+    }
+
+    static void doubleClick(ReportList& list, int row) {
+        const QRect place = list.visualItemRect(list.topLevelItem(row));
+        const QPoint point(30, place.center().y());
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, point);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, point);
+    }
+
+    QWidget& mainMenu() { return screens_.mainMenu.window(); }
+
+    void mainWindow() {
+        wait("the greeting", [] { return balloon().startsWith(QLatin1String("Welcome")); });
+        picture(mainMenu(), "main-window");
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->findChild<QWidget*>(QStringLiteral("Balloon"))) picture(*window, "assistant");
+        auto& button = find<QAbstractButton>(mainMenu(), "cmd_Estimates");
+        QTest::mouseClick(&button, Qt::LeftButton);
+        wait("the pop-up", [] { return QApplication::activePopupWidget() != nullptr; });
+        picture(*QApplication::activePopupWidget(), "estimates-menu");
+        QApplication::activePopupWidget()->close();
+    }
+
+    static QString balloon() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            for (QLabel* label : window->findChildren<QLabel*>(QStringLiteral("Balloon")))
+                if (label->isVisible()) return label->text();
+        return {};
+    }
+
+    void restore() {
+        const QString backup = QDir(qstring(screens_.mainMenu.program().host().programDirectory())).filePath(QStringLiteral("Sample.bak"));
+        onModal("the file dialog", [this, backup](QWidget& top) {
+            find<QLineEdit>(top, "fileNameEdit").setText(backup);
+            picture(top, "restore");
+            onBox("restored", QMessageBox::Ok);
+            QTest::keyClick(&find<QLineEdit>(top, "fileNameEdit"), Qt::Key_Return);
+        });
+        entry(mainMenu(), "mnuImport");
+    }
+
+    void addCustomer() {
+        entry(mainMenu(), "SubMnuAddCust");
+        pause();
+        QWidget& list = screens_.customer.window();
+        type(list, "txtCustName", QStringLiteral("Dana Whitfield"));
+        picture(list, "customers");
+        onModal("the customer form", [this](QWidget& form) {
+            type(form, "TxtBstreet1", QStringLiteral("14 Mill Lane"));
+            type(form, "TxtBcity", QStringLiteral("Salem"));
+            pick(form, "CmbBState", "Oregon");
+            type(form, "TxtBZip", QStringLiteral("97301"));
+            type(form, "TxtBCountry", QStringLiteral("USA"));
+            type(form, "TxtBPhone", QStringLiteral("503-555-0142"));
+            type(form, "TxtBEmail", QStringLiteral("dana@example.com"));
+            picture(form, "customer");
+            onBox("customer-saved", QMessageBox::Ok);
+            click(form, "cmdOk");
+        });
+        click(list, "cmdAdd");
+        click(list, "cmdExit");
+    }
+
+    void newEstimate() {
+        entry(mainMenu(), "mnuNewEstimate");
+        pause();
+        QWidget& order = screens_.order.window();
+        onModal("the customer list", [this](QWidget& list) {
+            type(list, "txtCustName", QStringLiteral("Dana"));
+            click(list, "cmdSearch");
+            picture(list, "select-customer");
+            doubleClick(find<ReportList>(list, "ListView1"), 0);
+        });
+        click(order, "CmdSelCust");
+        pick(order, "cmbRooms", "Deck");
+        struct Line {
+            const char* item;
+            const char* quantity;
+        };
+        for (const Line& line : {Line{"Deck boards, 5/4 x 6 treated", "520"}, Line{"Joist 2x10, 16 ft", "16"},
+                                 Line{"Deck railing, treated", "44"}, Line{"Ready-mix concrete, 3000 psi", "1.5"}}) {
+            pick(order, "cmbItems", line.item);
+            type(order, "TxtQty", QLatin1String(line.quantity));
+            click(order, "cmdAdd");
+        }
+        type(order, "txtTaxPer", QStringLiteral("8"));
+        type(order, "txtOHPer", QStringLiteral("10"));
+        type(order, "txtLength", QStringLiteral("12"));
+        type(order, "txtWidth", QStringLiteral("20"));
+        type(order, "txtHeight", QStringLiteral("8"));
+        picture(order, "estimate");
+    }
+
+    void changePrice() {
+        QWidget& order = screens_.order.window();
+        pick(order, "cmbItems", "Joist hanger, 2x10");
+        type(order, "TxtMaterial", QStringLiteral("1.65"));
+        onBox("price-question", QMessageBox::Yes, [this] { onBox("price-updated", QMessageBox::Ok); });
+        QTest::keyClick(&find<TextBox>(order, "TxtMaterial"), Qt::Key_Tab);
+        wait("the price question", [] { return QApplication::activeModalWidget() != nullptr; });
+        wait("the price update", [] { return QApplication::activeModalWidget() == nullptr; });
+        type(order, "TxtQty", QStringLiteral("32"));
+        click(order, "cmdAdd");
+        click(order, "cmdImport");
+        picture(order, "notes-to-import");
+        click(order, "cmdCopy");
+        click(order, "Command2");
+    }
+
+    void saveAndPrint() {
+        QWidget& order = screens_.order.window();
+        onBox("estimate-saved", QMessageBox::Ok);
+        click(order, "CmdSave");
+        orderNo_ = find<TextBox>(order, "TxtOrder").Text();
+        onBox("print-notice", QMessageBox::Ok);
+        click(order, "Command1");
+        QWidget* report = nullptr;
+        wait("the proposal", [&report] {
+            for (QWidget* window : QApplication::topLevelWidgets())
+                if (window->objectName() == QLatin1String("DataReport3") && window->isVisible()) report = window;
+            return report != nullptr;
+        });
+        picture(*report, "proposal");
+        const QString file = QDir(folder_).absoluteFilePath(QStringLiteral("proposal.pdf"));
+        onModal("the file dialog", [this, file](QWidget& top) {
+            find<QLineEdit>(top, "fileNameEdit").setText(file);
+            onBox(nullptr, QMessageBox::Ok);
+            QTest::keyClick(&find<QLineEdit>(top, "fileNameEdit"), Qt::Key_Return);
+        });
+        click(*report, "cmdPdf");
+        if (!QFile::exists(file)) stop(QStringLiteral("there is no %1").arg(file));
+        std::printf("%s\n", qPrintable(file));
+        click(*report, "cmdClose");
+        onBox(nullptr, QMessageBox::Yes);
+        click(order, "CmdCancel");
+    }
+
+    void openAgain() {
+        screens_.order.AddOrDelete = "E";
+        screens_.order.Order().OrderNo = strictInt32(orderNo_);
+        screens_.order.Order().GetOrder();
+        pause();
+        QWidget& order = screens_.order.window();
+        doubleClick(find<ReportList>(order, "ListView1"), 1);
+        picture(order, "estimate-opened-again");
+        onBox(nullptr, QMessageBox::Yes);
+        click(order, "CmdCancel");
+    }
+
+    Application& screens_;
+    QString folder_;
+    std::string orderNo_;
+    int number_ = 0;
+};
+
+}  // namespace
+}  // namespace torvane
+
+int main(int argc, char** argv) {
+    using namespace torvane;
+    TorvaneApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    if (words.size() != 3) stop(QStringLiteral("it needs the program's folder and a folder for the pictures"));
+    initPictures();
+    QtHost host(utf8(words.at(1)));
+    Store store(host.shortDate());
+    FileSystem files;
+    Program program({host, store}, leaveProcess);
+    application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });
+    Application screens(program, files, false,
+                        [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
+    program.guarded([&screens] { screens.mainMenu.Show(); });
+    QTimer::singleShot(0, &application, [&] {
+        program.guarded([&] { Tour(screens, words.at(2)).walk(); });
+        QCoreApplication::exit(0);
+    });
+    return QApplication::exec();
+}
