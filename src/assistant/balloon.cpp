@@ -44,12 +44,12 @@ void Balloon::setText(const QString& text) {
     label_->setText(text);
 }
 
-// Lines of some forty letters, longer ones only when the text would else be too high.
+// Lines of some fifty letters, longer ones only when the text would else be too high.
 QSize Balloon::textSize(const QSize& most) const {
     // A hidden label learns of a change of the program's font only when it is shown.
     const QFontMetrics metrics(QApplication::font(label_));
     QSize size;
-    for (const int letters : {40, 60, 90, 140}) {
+    for (const int letters : {48, 70, 100, 150}) {
         const int width = std::min(letters * metrics.averageCharWidth(), most.width());
         size = metrics.boundingRect(QRect(0, 0, width, 100000), Qt::TextWordWrap, label_->text()).size();
         if (size.height() <= most.height() * 2 / 3) break;
