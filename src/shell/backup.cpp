@@ -13,24 +13,6 @@ namespace {
 constexpr std::string_view ending = ".bak";
 constexpr std::string_view filter = "Backup (*.bak)";
 
-// Engine numbers of a file that holds no usable database; restoring over it is what mends that.
-constexpr int corrupt = 11;
-constexpr int cannotOpen = 14;
-constexpr int notADatabase = 26;
-
-// Makes the database file whole and leaves no journal beside it, which would be played into the file that replaces it.
-void settleBeforeReplacing(const Environment& environment, FileSystem& files, const std::string& database) {
-    try {
-        environment.store.settle(database);
-    } catch (const RuntimeFailure& failure) {
-        const int code = failure.number() & 0xFF;
-        if (code != corrupt && code != cannotOpen && code != notADatabase) throw;
-        files.remove(database + "-journal");
-    }
-    files.remove(database + "-wal");
-    files.remove(database + "-shm");
-}
-
 std::string databaseOf(const Environment& environment) {
     return dataSource(connectionText(environment.host.programDirectory()));
 }
@@ -68,7 +50,8 @@ void restoreBackup(const Environment& environment, FileSystem& files) {
             return;
         }
         const std::string database = databaseOf(environment);
-        settleBeforeReplacing(environment, files, database);
+        // No journal may stand beside the file that comes: it would be played into it.
+        environment.store.settle(database);
         if (copyFile(files, *name, database)) host.box("Data File Imported", "Success");
     } catch (const RuntimeFailure&) {
         // Silent on purpose, as above.

@@ -148,8 +148,7 @@ void frmMainMenu::buildButtons(QWidget& area, double scale) {
         button->setObjectName(qstring(place.name));
         button->setAccessibleName(qstring(place.word));
         button->setPicture(qstring(place.picture));
-        button->setText(qstring(place.word));
-        button->setStyleSheet(QStringLiteral("text-align: left; padding-left: 6px;"));
+        button->setLeftAligned(true);
         button->setGeometry(scaled({0, place.top, buttonWidth, buttonHeight}, scale));
         if (menus_.contains(qstring(place.entry)))
             on(*this, button, &QAbstractButton::clicked, [this, button, &place] { popUp(*button, place.entry); });

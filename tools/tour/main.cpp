@@ -24,6 +24,7 @@
 #include "platform/qt_host.h"
 #include "shell/application.h"
 #include "shell/pictures_init.h"
+#include "values/numbers.h"
 
 namespace torvane {
 namespace {
