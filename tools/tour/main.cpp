@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -79,7 +80,8 @@ private:
 
     // Acts on the modal window that comes next; `act` closes it.
     void onModal(const char* what, std::function<void(QWidget&)> act) {
-        QWidget* present = QApplication::activeModalWidget();
+        // A guarded pointer: the next window may stand at the address of this one.
+        const QPointer<QWidget> present = QApplication::activeModalWidget();
         auto* timer = new QTimer(qApp);
         auto* clock = new QElapsedTimer;
         clock->start();
@@ -231,10 +233,11 @@ private:
         QWidget& order = screens_.order.window();
         pick(order, "cmbItems", "Joist hanger, 2x10");
         type(order, "TxtMaterial", QStringLiteral("1.65"));
-        onBox("price-question", QMessageBox::Yes, [this] { onBox("price-updated", QMessageBox::Ok); });
+        bool updated = false;
+        onBox("price-question", QMessageBox::Yes,
+              [&] { onBox("price-updated", QMessageBox::Ok, [&updated] { updated = true; }); });
         QTest::keyClick(&find<TextBox>(order, "TxtMaterial"), Qt::Key_Tab);
-        wait("the price question", [] { return QApplication::activeModalWidget() != nullptr; });
-        wait("the price update", [] { return QApplication::activeModalWidget() == nullptr; });
+        wait("the price update", [&] { return updated && !QApplication::activeModalWidget(); });
         type(order, "TxtQty", QStringLiteral("32"));
         click(order, "cmdAdd");
         click(order, "cmdImport");
