@@ -157,6 +157,33 @@ TEST_F(FocusTest, WaitsWhileAMouseButtonIsDown) {
     EXPECT_EQ(log, (Log{"LostFocus", "Click"}));
 }
 
+TEST_F(FocusTest, WaitsWhileAListIsOpen) {
+    asks = false;
+    click(*form.choice);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    waitFor([] { return false; }, 60);
+    EXPECT_EQ(log, Log{});
+    form.choice->hidePopup();
+    EXPECT_TRUE(waitFor([&] { return !log.empty(); }));
+    EXPECT_EQ(log, Log{"LostFocus"});
+}
+
+TEST_F(FocusTest, WaitsWhileAModalWindowStandsAbove) {
+    asks = false;
+    whenModal([&](QWidget& top) {
+        waitFor([] { return false; }, 60);
+        type(*other.first, "1");
+        EXPECT_EQ(log, Log{});
+        closeBox(top);
+    });
+    run([&] {
+        form.second->setFocus();
+        other.ShowModal();
+    });
+    EXPECT_TRUE(waitFor([&] { return !log.empty(); }));
+    EXPECT_EQ(log, Log{"LostFocus"});
+}
+
 TEST_F(FocusTest, ButtonOfAWindowThatTheQuestionHasUnloadedDoesNotAct) {
     program.focusWatcher().watch(form, form.second, [&] { form.Unload(); });
     form.second->setFocus();

@@ -1,4 +1,7 @@
+#include <sqlite3.h>
+
 #include <QTimer>
+#include <filesystem>
 #include <stdexcept>
 
 #include "platform/error_box.h"
@@ -106,6 +109,7 @@ TEST_F(GuardTest, FailureTwoModalFormsDeepLeavesThemAll) {
     EXPECT_TRUE(log.empty());
     closeBox(outer.window());  // nothing of the screen runs any more
     EXPECT_EQ(outer.unloads, 0);
+    EXPECT_FALSE(outer.window().isVisible());
 }
 
 TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
@@ -138,6 +142,28 @@ TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
     outer.button->click();
     EXPECT_EQ(log, (std::vector<std::string>{"1 near \"'\": syntax error insert into Item", "ran on"}));
     EXPECT_EQ(endStatus, std::vector{1});
+}
+
+// What was executed stays: the group that the handler has open is on the disk when the process leaves.
+TEST_F(GuardTest, OpenGroupIsCommittedBetweenTheBoxAndTheEnd) {
+    const std::string file = host.folder + "/Larkfen.mdb";
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw, "create table Units (Id integer, Name text)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+    const auto group = [&] { return std::filesystem::exists(file + "-journal") ? "group open" : "group committed"; };
+    Program own(Environment{host, store}, [&](int) { note(std::string("end, ") + group()); });
+    own.setErrorBox([&](const RuntimeFailure&) { note(std::string("box, ") + group()); });
+    Connection connection(store);
+    connection.open(connectionText(host.folder));
+    own.guarded([&] {
+        grouped(connection, [&] {
+            connection.execute("insert into Units values (3, 'yard')");
+            own.guarded([] { fail(Failure::TypeMismatch); });
+            own.check();
+        });
+    });
+    EXPECT_EQ(log, (std::vector<std::string>{"box, group open", "end, group committed"}));
 }
 
 TEST_F(GuardTest, AnyExceptionEndsTheProgram) {

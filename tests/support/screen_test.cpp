@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTest>
 #include <QWindow>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "platform/application.h"
@@ -159,9 +160,12 @@ ScreenTest::ScreenTest()
         program.end(failure);
     });
     watchdog_.callOnTimeout([this] {
-        ADD_FAILURE() << "the test hangs" << (QApplication::activeModalWidget() ? " in " : "")
-                      << (QApplication::activeModalWidget() ? nameOf(*QApplication::activeModalWidget()) : "");
+        const QWidget* top = QApplication::activeModalWidget();
+        ADD_FAILURE() << "the test hangs" << (top ? " in " + nameOf(*top) : "");
+        if (stopped_) std::_Exit(1);  // it could not even be stopped; what was printed tells which one
+        stopped_ = true;
         unblock();
+        watchdog_.start(patienceMs / 4);
     });
     watchdog_.start(patienceMs);
 }
