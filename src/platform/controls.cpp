@@ -245,7 +245,7 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
         const Column& column = columns[static_cast<std::size_t>(index)];
         captions->setText(index, qstring(column.header));
         captions->setTextAlignment(index, (column.numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        if (column.numeric) setItemDelegateForColumn(index, right);
+        setItemDelegateForColumn(index, column.numeric ? right : nullptr);
     }
     setHeaderItem(captions);
     for (int index = 0; index < count; ++index) {

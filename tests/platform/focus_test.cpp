@@ -27,11 +27,11 @@ protected:
             on(form, form.button, &QPushButton::clicked, [this] { note("Click"); });
             on(form, form.choice, &DropList::Click, [this] { note("pick " + form.choice->Text()); });
         };
-        form.Show();
         other.Show();
+        EXPECT_TRUE(waitFor([this] { return other.window().isActiveWindow(); }));
         form.Show();
         form.first->setFocus();
-        settle();
+        EXPECT_TRUE(waitFor([this] { return form.first->hasFocus(); }));
     }
     void note(std::string text) { log.push_back(std::move(text)); }
 
