@@ -181,11 +181,13 @@ void frmMainMenu::Form_Load() {
     setWorkingMenusVisible(false);
     if (previousInstance_) {
         // The assistant is not there yet, so this is where a second copy ends.
+        const Program::Doing doing(program(), "starting a second copy of itself on the same folder");
         program().Merlin().Play("Sad");
         program().Merlin().Speak("Previous Instance of this Application is already running");
         Unload();
         return;
     }
+    const Program::Doing doing(program(), "starting");
     connection_ = std::make_unique<Connection>(program().environment().store);
     connection_->open(connectionText(program().host().programDirectory()));
     ActivateMerlin();

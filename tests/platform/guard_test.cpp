@@ -183,8 +183,8 @@ TEST_F(GuardTest, FailureOfFormUnloadKeepsTheWindow) {
 }
 
 TEST(ErrorBox, SaysNumberTextAndWhatWasRefused) {
-    const QString plain = errorBoxText(RuntimeFailure{94, "Invalid use of Null"});
-    EXPECT_TRUE(plain.startsWith("Run-time error 94\n\nInvalid use of Null\n\n")) << utf8(plain);
+    const QString plain = errorBoxText(RuntimeFailure{94, "Null where a value is needed"});
+    EXPECT_TRUE(plain.startsWith("Run-time error 94\n\nNull where a value is needed\n\n")) << utf8(plain);
     EXPECT_FALSE(plain.contains("Refused"));
     EXPECT_TRUE(errorBoxText({13, "Type mismatch", "12 <b>x"}).endsWith("\n\nRefused: 12 <b>x"));
     EXPECT_LT(errorBoxText({1, "too long", std::string(100000, 'x')}).size(), 1000);

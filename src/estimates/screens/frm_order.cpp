@@ -103,6 +103,7 @@ void frmOrder::connectControls() {
 }
 
 void frmOrder::Form_Load() {
+    const Program::Doing doing(program(), "opening the estimate screen");
     connectControls();
     placeNotes();
     program().StartUp(*this);
@@ -241,6 +242,7 @@ void frmOrder::CmdNewCust_Click() {
 }
 
 void frmOrder::CmdSave_Click() {
+    const Program::Doing doing(program(), "saving the estimate");
     Order().SStreet1 = ui().TxtSstreet1->Text();
     Order().SStreet2 = ui().TxtSstreet2->Text();
     Order().SCity = ui().TxtScity->Text();
@@ -338,6 +340,7 @@ void frmOrder::askMasterPrice(const TextBox& box, PricePart part, std::string_vi
     if (item < 0) return;
     if (box.Text() == pricePart(ui().cmbPrices->List(item), part)) return;
     if (!program().confirm(prompt, "Change master file price?")) return;
+    const Program::Doing doing(program(), "writing the price to the catalogue");
     ClsItem master(program().environment());
     (master.*update)(ui().cmbItems->ItemData(), box.Text());
     program().check();
@@ -379,6 +382,7 @@ void frmOrder::cmdAdd_Click() {
         program().say("Please enter Quanttity", boxTitle);
         return;
     }
+    const Program::Doing doing(program(), "adding the line");
     CurrentItemId = ui().cmbItems->ItemData();
     if (alreadyAdded(CurrentItemId, 0)) return;
     const LineAmounts amounts = lineAmounts(panel());
@@ -443,6 +447,7 @@ void frmOrder::cmdEditApply_Click() {
         program().say("Please enter Quanttity", boxTitle);
         return;
     }
+    const Program::Doing doing(program(), "changing the line");
     if (alreadyAdded(CurrentItemId, EditLineIndex)) return;
     CurrentItemId = ui().cmbItems->ItemData();
     strictInt32(ui().TxtQty->Text());  // only its failure matters

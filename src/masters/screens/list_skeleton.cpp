@@ -36,6 +36,7 @@ void ListSkeleton::showRows(const std::optional<RowArray>& rows) {
 }
 
 void ListSkeleton::RefreshGrid() {
+    const Program::Doing doing(form().program(), "reading the list");
     controls().list->ClearRows();
     const auto rows = readAllRows();
     Searched = "All";
@@ -45,6 +46,7 @@ void ListSkeleton::RefreshGrid() {
 }
 
 void ListSkeleton::SearchItem() {
+    const Program::Doing doing(form().program(), "searching");
     const auto rows = readSearchedRows();
     Searched = "Searched";
     enablePaging();
