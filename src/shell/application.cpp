@@ -6,9 +6,14 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : reports(program),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
+      orders(program, order),
+      orderNo(program, order),
+      itemSheet(program, order),
+      blank(program),
       customer(program, order),
-      mainMenu(program, Screens{order, customer}, files, previousInstance, std::move(loadAssistant)) {
+      mainMenu(program, Screens{order, orders, orderNo, blank, customer}, files, previousInstance, std::move(loadAssistant)) {
     order.setCustomerList(customer);
+    order.setCompanions(orderNo, itemSheet);
 }
 
 }  // namespace torvane

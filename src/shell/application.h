@@ -5,7 +5,11 @@
 #include <memory>
 
 #include "datastore/file_copy.h"
+#include "estimates/screens/frm_blank.h"
+#include "estimates/screens/frm_list.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_customer.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
@@ -20,6 +24,10 @@ struct Application {
 
     DataReports reports;
     frmOrder order;
+    frmOrders orders;
+    FrmOrderNo orderNo;
+    frmList itemSheet;
+    frmBlank blank;
     frmCustomer customer;
     frmMainMenu mainMenu;
 };

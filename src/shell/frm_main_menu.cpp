@@ -8,7 +8,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_customer.h"
 #include "platform/controls.h"
 #include "platform/pictures.h"
@@ -243,6 +246,13 @@ void frmMainMenu::connectEntries() {
         screens_.order.AddOrDelete = "A";
         screens_.order.Show();
     });
+    onEntry("mnuEditEstimate", [this] { screens_.orders.Show(); });
+    onEntry("mnuDelEstimate", [this] {
+        screens_.order.AddOrDelete = "D";
+        screens_.orderNo.setCaption("Delete Order");
+        screens_.orderNo.Show();
+    });
+    onEntry("mnuBlank", [this] { screens_.blank.Show(); });
 
     for (const std::string_view entry : {"SubMnuAddCat", "SubMnuEditCat", "SubMnuDelCat"})
         notThereYet(entry, "The categories screen is");
@@ -250,12 +260,9 @@ void frmMainMenu::connectEntries() {
         notThereYet(entry, "The items screen is");
     notThereYet("mnuRooms", "The takeoff names screen is");
     notThereYet("mnuUnits", "The units screen is");
-    notThereYet("mnuEditEstimate", "The search for estimates is");
-    notThereYet("mnuDelEstimate", "The screen for deleting estimates is");
     for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
     notThereYet("mnusalesrpt", "The estimates report is");
     notThereYet("mnucustrpt", "The customers report is");
-    notThereYet("mnuBlank", "The notes area is");
     notThereYet("mnuHelpContents", "The help book is");
     notThereYet("mnuHelpSearch", "The search in the help book is");
     notThereYet("mnuHelpAbout", "The about window is");

@@ -16,12 +16,18 @@ class QMenuBar;
 namespace torvane {
 
 class FileSystem;
+class frmBlank;
 class frmCustomer;
 class frmOrder;
+class FrmOrderNo;
+class frmOrders;
 
 // The screens that the main window opens.
 struct Screens {
     frmOrder& order;
+    frmOrders& orders;
+    FrmOrderNo& orderNo;
+    frmBlank& blank;
     frmCustomer& customer;
 };
 

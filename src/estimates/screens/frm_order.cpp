@@ -69,8 +69,7 @@ void frmOrder::connectControls() {
     click(ui().CmdDeleteOrder, &frmOrder::CmdDeleteOrder_Click);
     click(ui().CmdCancel, &frmOrder::CmdCancel_Click);
     click(ui().cmdMainHelp, &frmOrder::cmdMainHelp_Click);
-    on(*this, ui().cmdItemList, &QAbstractButton::clicked,
-       [this] { program().speakHelp("The item sheet is not there yet."); });
+    click(ui().cmdItemList, &frmOrder::cmdItemList_Click);
 
     on(*this, ui().ListView1, &ReportList::DblClick, &frmOrder::CmdEdit_Click);
     on(*this, ui().cmbItems, &DropList::Click, &frmOrder::cmbItems_Click);
@@ -106,6 +105,7 @@ void frmOrder::Form_Load() {
     const Program::Doing doing(program(), "opening the estimate screen");
     connectControls();
     placeNotes();
+    if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
     setHelpContext(12);
     ui().TxtDate->setValue(program().host().today());
