@@ -44,14 +44,17 @@ TEST_F(CustomersTest, OpensByMode) {
     };
     for (const Row& row :
          {Row{"A", "Add Customer", "cmdAdd",
-              "This screen allows you to enter the Customer details in the master table. Click on 'Add' button to add a new "
+              "This screen allows you to enter the Customer details in the master table. Click on 'Add' button to add "
+              "a new "
               "record in the Customers database. "},
           Row{"E", "Edit Customer", "CmdEdit",
-              "This screen allows you to edit the Customer data in the master table. Select the record by double clicking "
+              "This screen allows you to edit the Customer data in the master table. Select the record by double "
+              "clicking "
               "on the customer row or selecting the Customer and pressing 'Edit' button"},
           Row{"D", "Delete Customer", "cmdDel",
               "This screen allows you to delete the Customer data from the master table. Select the customer record by "
-              "clicking the customer row and pressing 'Delete' button. It will delete the record after confirmation."}}) {
+              "clicking the customer row and pressing 'Delete' button. It will delete the record after "
+              "confirmation."}}) {
         SCOPED_TRACE(row.which);
         QWidget& list = customers(row.which);
         EXPECT_EQ(utf8(list.windowTitle()), row.caption);
@@ -83,26 +86,28 @@ TEST_F(CustomersTest, OpensByMode) {
 TEST_F(CustomersTest, AddedOnceByApply) {
     QWidget& list = customers("A");
     enter(list, "txtCustName", "Cara Moe");
-    inEntryForm([&] { click(list, "cmdAdd"); }, [&](QWidget& form) {
-        EXPECT_EQ(texts(form, entryBoxes), "Cara Moe||||Alabama|||||||");
-        EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
-        enter(form, "TxtBcity", "Reno");
-        enter(form, "TxtBfax", "1");
-        enter(form, "TxtBPhone", "2");
-        enter(form, "TxtBMobile", "3");
-        pick(form, "CmbBState", "Nevada");
-        saved(form, "CmdSave");
-        EXPECT_EQ(enabled(form, {"CmdSave", "cmdOk"}), "cmdOk");
-        EXPECT_EQ(text(form, "TxtCname"), "Cara Moe") << "the boxes keep their text";
-        calls.clear();
-        click(form, "cmdMainHelp");
-        EXPECT_EQ(calls.back(),
-                  "Speak Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' button closes "
-                  "the window without saving. 'Apply' button saves your data but does not close the window.");
-        click(form, "cmdOk");
-    });
-    EXPECT_EQ(data.cell("select * from Customer where CustName = 'Cara Moe'"),
-              "9|Cara Moe|||Reno|29|||2|1|3|||null");
+    inEntryForm([&] { click(list, "cmdAdd"); },
+                [&](QWidget& form) {
+                    EXPECT_EQ(texts(form, entryBoxes), "Cara Moe||||Alabama|||||||");
+                    EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
+                    enter(form, "TxtBcity", "Reno");
+                    enter(form, "TxtBfax", "1");
+                    enter(form, "TxtBPhone", "2");
+                    enter(form, "TxtBMobile", "3");
+                    pick(form, "CmbBState", "Nevada");
+                    saved(form, "CmdSave");
+                    EXPECT_EQ(enabled(form, {"CmdSave", "cmdOk"}), "cmdOk");
+                    EXPECT_EQ(text(form, "TxtCname"), "Cara Moe") << "the boxes keep their text";
+                    calls.clear();
+                    click(form, "cmdMainHelp");
+                    EXPECT_EQ(
+                        calls.back(),
+                        "Speak Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' "
+                        "button closes "
+                        "the window without saving. 'Apply' button saves your data but does not close the window.");
+                    click(form, "cmdOk");
+                });
+    EXPECT_EQ(data.cell("select * from Customer where CustName = 'Cara Moe'"), "9|Cara Moe|||Reno|29|||2|1|3|||null");
     EXPECT_EQ(rows(list), (Texts{ann, bob, "9|Cara Moe|Reno|2|"}));
     EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 3 of 3");
 }
@@ -119,42 +124,48 @@ TEST_F(CustomersTest, WhatOkAndApplyRefuse) {
                            Row{"Twin", "CmdSave", "Duplicate Customer Data"}}) {
         SCOPED_TRACE(std::string(row.name) + row.button);
         enter(list, "txtCustName", row.name);
-        inEntryForm([&] { click(list, "cmdAdd"); }, [&](QWidget& form) {
-            host.expectOk(row.refused, "Inventory");
-            host.expectOk("Please enter Valid Data", "Inventory");
-            click(form, row.button);  // Ok loses what was refused
-            host.verify();
-            if (row.button != std::string("CmdSave")) return;
-            EXPECT_EQ(enabled(form, {"CmdSave"}), "CmdSave");
-            enter(form, "TxtBZip", "1");
-            saved(form, "cmdOk");
-        });
+        inEntryForm([&] { click(list, "cmdAdd"); },
+                    [&](QWidget& form) {
+                        host.expectOk(row.refused, "Inventory");
+                        host.expectOk("Please enter Valid Data", "Inventory");
+                        click(form, row.button);  // Ok loses what was refused
+                        host.verify();
+                        if (row.button != std::string("CmdSave")) return;
+                        EXPECT_EQ(enabled(form, {"CmdSave"}), "CmdSave");
+                        enter(form, "TxtBZip", "1");
+                        saved(form, "cmdOk");
+                    });
     }
     EXPECT_EQ(names(), (Texts{"Ann Lee", "Bob Ray", "Twin", "Twin"}));
 }
 
 TEST_F(CustomersTest, EditedByButtonAndByDoubleClick) {
     QWidget& list = customers("E");
-    inEntryForm([&] { click(list, "CmdEdit"); }, [&](QWidget& form) {
-        EXPECT_EQ(texts(form, entryBoxes), "Ann Lee|1 Elm|Apt 2|Salem|Oregon|97301|USA|555-1|555-2|555-3|ann@example.com|www");
-        enter(form, "TxtBcity", "Bend");
-        click(form, "CmdCancel");
-    });
+    inEntryForm([&] { click(list, "CmdEdit"); },
+                [&](QWidget& form) {
+                    EXPECT_EQ(texts(form, entryBoxes),
+                              "Ann Lee|1 Elm|Apt 2|Salem|Oregon|97301|USA|555-1|555-2|555-3|ann@example.com|www");
+                    enter(form, "TxtBcity", "Bend");
+                    click(form, "CmdCancel");
+                });
     EXPECT_EQ(which(), "E");
     EXPECT_EQ(data.cell("select BCity from Customer where CustId = 7"), "Salem");
-    inEntryForm([&] { doubleClickRow(list, 1); }, [&](QWidget& form) {
-        EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
-        EXPECT_EQ(text(form, "CmbBState"), "Alabama") << "a state that is none shows the first one";
-        enter(form, "TxtBUrl", "bob.example.com");
-        saved(form, "cmdOk");
-    });
+    inEntryForm([&] { doubleClickRow(list, 1); },
+                [&](QWidget& form) {
+                    EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
+                    EXPECT_EQ(text(form, "CmbBState"), "Alabama") << "a state that is none shows the first one";
+                    enter(form, "TxtBUrl", "bob.example.com");
+                    saved(form, "cmdOk");
+                });
     EXPECT_EQ(which(), "EE");
-    EXPECT_EQ(data.cell("select * from Customer where CustId = 8"), "8|Bob Ray|||Troy|1|||777-1||||bob.example.com|null");
-    inEntryForm([&] { key(find<ReportList>(list, "ListView1"), Qt::Key_Return); }, [&](QWidget& form) {
-        enter(form, "TxtCname", "Ann Moe");
-        saved(form, "CmdSave");
-        closeBox(form);
-    });
+    EXPECT_EQ(data.cell("select * from Customer where CustId = 8"),
+              "8|Bob Ray|||Troy|1|||777-1||||bob.example.com|null");
+    inEntryForm([&] { key(find<ReportList>(list, "ListView1"), Qt::Key_Return); },
+                [&](QWidget& form) {
+                    enter(form, "TxtCname", "Ann Moe");
+                    saved(form, "CmdSave");
+                    closeBox(form);
+                });
     EXPECT_EQ(data.cell("select CustName || BCCNo from Customer where CustId = 7"), "Ann MoeA7");
     EXPECT_EQ(rows(list)[0], "7|Ann Moe|Salem|555-1|ann@example.com");
 }
@@ -167,23 +178,25 @@ TEST_F(CustomersTest, DoubleClickFromAddAndDeleteOnlyShows) {
     for (const Row& row : {Row{"A", "AE"}, Row{"D", "DE"}}) {
         SCOPED_TRACE(row.mode);
         QWidget& list = customers(row.mode);
-        inEntryForm([&] { doubleClickRow(list, 0); }, [&](QWidget& form) {
-            EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}), "CmdCancel");
-            EXPECT_EQ(enabled(form, entryStates), "");
-            EXPECT_EQ(text(form, "TxtCname"), "Ann Lee");
-            click(form, "CmdCancel");
-        });
+        inEntryForm([&] { doubleClickRow(list, 0); },
+                    [&](QWidget& form) {
+                        EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}), "CmdCancel");
+                        EXPECT_EQ(enabled(form, entryStates), "");
+                        EXPECT_EQ(text(form, "TxtCname"), "Ann Lee");
+                        click(form, "CmdCancel");
+                    });
         EXPECT_EQ(which(), row.after);
         click(list, "cmdExit");
     }
     // Add is Add again, whatever stood before.
     QWidget& list = customers("A");
     inEntryForm([&] { doubleClickRow(list, 0); }, [](QWidget& form) { closeBox(form); });
-    inEntryForm([&] { click(list, "cmdAdd"); }, [&](QWidget& form) {
-        EXPECT_EQ(texts(form, {"TxtCname", "TxtBcity"}), "|");
-        EXPECT_EQ(visible(form, {"cmdOk", "CmdSave"}), "cmdOk CmdSave");
-        click(form, "CmdCancel");
-    });
+    inEntryForm([&] { click(list, "cmdAdd"); },
+                [&](QWidget& form) {
+                    EXPECT_EQ(texts(form, {"TxtCname", "TxtBcity"}), "|");
+                    EXPECT_EQ(visible(form, {"cmdOk", "CmdSave"}), "cmdOk CmdSave");
+                    click(form, "CmdCancel");
+                });
     EXPECT_EQ(which(), "A");
 }
 
@@ -222,10 +235,10 @@ TEST_F(CustomersTest, SearchesByTheBeginningInTheChosenColumn) {
         Texts found;  // none: the box comes and the rows before stay
     };
     QWidget& list = customers("E");
-    for (const Row& row : {Row{"OptAll", "troy", {ann, bob}}, Row{"OptCity", "Troy", {bob}},
-                           Row{"OptName", "ann", {ann}}, Row{"OptName", "Lee", {}}, Row{"OptPhone", "777", {bob}},
-                           Row{"OptEmail", "ann@", {ann}}, Row{"OptEmail", "x", {}}, Row{"OptAll", "", {ann, bob}},
-                           Row{"OptCity", "_roy", {bob}}}) {
+    for (const Row& row :
+         {Row{"OptAll", "troy", {ann, bob}}, Row{"OptCity", "Troy", {bob}}, Row{"OptName", "ann", {ann}},
+          Row{"OptName", "Lee", {}}, Row{"OptPhone", "777", {bob}}, Row{"OptEmail", "ann@", {ann}},
+          Row{"OptEmail", "x", {}}, Row{"OptAll", "", {ann, bob}}, Row{"OptCity", "_roy", {bob}}}) {
         SCOPED_TRACE(std::string(row.option) + " " + row.text);
         const Texts before = rows(list);
         const std::string label = text(list, "LblRecords");
@@ -238,8 +251,8 @@ TEST_F(CustomersTest, SearchesByTheBeginningInTheChosenColumn) {
         host.verify();
         EXPECT_EQ(rows(list), row.found.empty() ? before : row.found);
         EXPECT_EQ(text(list, "LblRecords"), row.found.empty() ? label
-                                                              : "Record 1 - " + std::to_string(row.found.size()) + " of " +
-                                                                    std::to_string(row.found.size()));
+                                                              : "Record 1 - " + std::to_string(row.found.size()) +
+                                                                    " of " + std::to_string(row.found.size()));
         EXPECT_TRUE(find<QWidget>(list, "txtCustName").hasFocus());
         EXPECT_EQ(utf8(find<TextBox>(list, "txtCustName").selectedText()), row.text);
     }
@@ -264,10 +277,11 @@ TEST_F(CustomersTest, NothingFoundWhileAddingOffersToAdd) {
     host.expectYesNo(question, "Inventory", Answer::No);
     click(list, "cmdSearch");
     host.expectYesNo(question, "Inventory", Answer::Yes);
-    inEntryForm([&] { click(list, "cmdSearch"); }, [&](QWidget& form) {
-        EXPECT_EQ(text(form, "TxtCname"), "Zoe");
-        saved(form, "cmdOk");
-    });
+    inEntryForm([&] { click(list, "cmdSearch"); },
+                [&](QWidget& form) {
+                    EXPECT_EQ(text(form, "TxtCname"), "Zoe");
+                    saved(form, "cmdOk");
+                });
     EXPECT_EQ(rows(list).size(), 3U);
     EXPECT_EQ(names().back(), "Zoe");
 }
@@ -306,6 +320,24 @@ TEST_F(CustomersTest, PagesOfFifteen) {
     look({"CmdNext", "Record 16 - 16 of 16", "CmdPrev", "C 01"});
 }
 
+TEST_F(CustomersTest, ThePageStaysWhenItsLastRowIsDeleted) {
+    std::string many = "delete from Customer; insert into Customer (CustName) values ('C')";
+    for (int i = 1; i < 16; ++i) many += ",('C')";
+    data.execute(many);
+    QWidget& list = customers("D");
+    click(list, "CmdNext");
+    EXPECT_EQ(rows(list), Texts{"16|C|||"});
+    host.expectYesNo("Are you sure you want to Delete ' C '", "Inventory", Answer::Yes);
+    host.expectOk("Deleted", std::string(defaultTitle));
+    click(list, "cmdDel");
+    EXPECT_EQ(rows(list), Texts{});
+    EXPECT_EQ(text(list, "LblRecords"), "Record 16 - 15 of 15");
+    click(list, "cmdDel");
+    EXPECT_EQ(enabled(list, {"CmdPrev", "CmdNext"}), "CmdPrev");
+    click(list, "CmdPrev");
+    EXPECT_EQ(rows(list).size(), 15U);
+}
+
 TEST_F(CustomersTest, OneFlagSortsAllColumns) {
     QWidget& list = customers("E");
     auto& view = find<ReportList>(list, "ListView1");
@@ -323,8 +355,8 @@ TEST_F(CustomersTest, OneFlagSortsAllColumns) {
         const char* icons;
         const char* first;
     };
-    for (const Row& row : {Row{1, "-D---", "Bob"}, Row{1, "-U---", "Ann"}, Row{2, "--D--", "Bob"}, Row{3, "---U-", "Ann"},
-                           Row{4, "----D", "Ann"}, Row{1, "-U---", "Ann"}}) {
+    for (const Row& row : {Row{1, "-D---", "Bob"}, Row{1, "-U---", "Ann"}, Row{2, "--D--", "Bob"},
+                           Row{3, "---U-", "Ann"}, Row{4, "----D", "Ann"}, Row{1, "-U---", "Ann"}}) {
         SCOPED_TRACE(row.column);
         clickHeader(view, row.column);
         EXPECT_EQ(icons(), row.icons);

@@ -15,9 +15,9 @@ const std::initializer_list<std::string_view> address{"TxtCustomer", "TxtSstreet
 const std::initializer_list<std::string_view> panel{"cmbRooms", "TxtQty",       "cmbUnits",  "cmbItems", "TxtMaterial",
                                                     "txtLabor", "txtExtension", "txtOthers", "txtTotal"};
 const std::initializer_list<std::string_view> totals{"TxtAmount", "txtTax", "txtOverhead", "txtFinalTotal"};
-const std::initializer_list<std::string_view> modeButtons{"cmdAdd",       "cmdEditApply", "cmdEditCanc", "CmdEdit",
-                                                          "cmdDel",       "CmdSelCust",   "CmdNewCust",  "cmdOk",
-                                                          "CmdSave",      "CmdDeleteOrder"};
+const std::initializer_list<std::string_view> modeButtons{"cmdAdd",  "cmdEditApply",  "cmdEditCanc", "CmdEdit",
+                                                          "cmdDel",  "CmdSelCust",    "CmdNewCust",  "cmdOk",
+                                                          "CmdSave", "CmdDeleteOrder"};
 const std::string joist = "1|Attic|2|Bag|Joist|20|4|5|6|35|1|2";
 constexpr const char* discard = "Are you sure you want to cancel this screen and discard any changes done?";
 
@@ -76,16 +76,19 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     click(order, "cmdAdd");
     pick(order, "cmbItems", "Brick");
     click(order, "cmdAdd");
-    EXPECT_EQ(rows(order), (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
+    EXPECT_EQ(rows(order),
+              (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
     enter(order, "txtTaxPer", "8");
     enter(order, "txtOHPer", "10 or so");
     EXPECT_EQ(texts(order, totals), "116.25|9.3|11.625|137.175");
     enter(order, "txtNotes", "By the lake");
+    key(find<QWidget>(order, "TxtDate"), Qt::Key_Up);  // a month more
     EXPECT_EQ(data.rows("select * from OrderInfo").size(), 2U);
 
     saved(order);
-    EXPECT_EQ(header(6), "6|7|0|2024-03-15|1 Elm|Apt 2|Salem|38|97301|USA|555-1|555-3|ann@example.com|0|116.25|8.0|"
-                         "137.175||By the lake|10.0");
+    EXPECT_EQ(header(6),
+              "6|7|0|2024-04-15|1 Elm|Apt 2|Salem|38|97301|USA|555-1|555-3|ann@example.com|0|116.25|8.0|"
+              "137.175||By the lake|10.0");
     EXPECT_EQ(lines(6), (Texts{"1|3.0|30.0|2|1|5.0|4.0|6.0", "3|100.0|50.0|2|1|0.0|20.0|1.25"}));
     EXPECT_EQ(enabled(order, {"CmdSave"}), "");
     EXPECT_EQ(rows(order).size(), 2U);
@@ -116,15 +119,19 @@ TEST_F(EstimateTest, CustomerComesFromTheListsSelectMode) {
         {"closed with nothing picked", [](QWidget& list) { click(list, "cmdExit"); }, "||||Alabama|||||"},
         {"double click", [](QWidget& list) { doubleClickRow(list, 0); }, ann},
         // The state of the customer before stays where the new one's is none.
-        {"button", [](QWidget& list) {
+        {"button",
+         [](QWidget& list) {
              clickRow(find<ReportList>(list, "ListView1"), 1);
              click(list, "CmdSelect");
-         }, "Bob Ray|||Troy|Oregon|||777-1||"},
+         },
+         "Bob Ray|||Troy|Oregon|||777-1||"},
         {"Enter on the row", [](QWidget& list) { key(find<ReportList>(list, "ListView1"), Qt::Key_Return); }, ann},
-        {"close box: the customer's address comes again", [&](QWidget& list) {
+        {"close box: the customer's address comes again",
+         [&](QWidget& list) {
              find<TextBox>(order, "TxtScity").setText("elsewhere");
              closeBox(list);
-         }, ann},
+         },
+         ann},
     };
     for (const Row& step : steps) {
         SCOPED_TRACE(step.name);
@@ -135,6 +142,18 @@ TEST_F(EstimateTest, CustomerComesFromTheListsSelectMode) {
     click(order, "CmdNewCust");
     EXPECT_EQ(screens->customer.caption(), "Add Customer");
     EXPECT_FALSE(QApplication::activeModalWidget());
+
+    // The list that stands open is the one that is asked, as it stands.
+    QWidget& list = screens->customer.window();
+    order.activateWindow();
+    whenModal([&](QWidget& top) {
+        EXPECT_EQ(&top, &list);
+        EXPECT_EQ(visible(list, {"cmdAdd", "CmdSelect"}), "cmdAdd");
+        doubleClickRow(list, 1);
+    });
+    click(order, "CmdSelCust");
+    EXPECT_EQ(text(order, "TxtCustomer"), "Bob Ray");
+    EXPECT_FALSE(screens->customer.loaded());
 }
 
 TEST_F(EstimateTest, LinesAreRefusedOrTaken) {
@@ -147,15 +166,14 @@ TEST_F(EstimateTest, LinesAreRefusedOrTaken) {
         std::size_t rows;     // afterwards
     };
     QWidget& order = newEstimate();
-    for (const Row& step : {Row{"", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
-                            Row{"0", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
-                            Row{".", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
-                            Row{"1.", "Attic", "Bag", "Joist", nullptr, 1},
-                            Row{"9", "Attic", "Bag", "Joist", "Item already added ", 1},
-                            Row{"1", "Deck", "Bag", "Joist", nullptr, 2},
-                            Row{"1", "Attic", "Each", "Joist", nullptr, 3},
-                            Row{nullptr, "Attic", "Bag", "Nails", "Please enter Quanttity", 3},
-                            Row{"1.2.3", "Attic", "Bag", "Nails", nullptr, 4}}) {
+    for (const Row& step :
+         {Row{"", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
+          Row{"0", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
+          Row{".", "Attic", "Bag", "Joist", "Please enter Quanttity", 0},
+          Row{"1.", "Attic", "Bag", "Joist", nullptr, 1}, Row{"9", "Attic", "Bag", "Joist", "Item already added ", 1},
+          Row{"1", "Deck", "Bag", "Joist", nullptr, 2}, Row{"1", "Attic", "Each", "Joist", nullptr, 3},
+          Row{nullptr, "Attic", "Bag", "Nails", "Please enter Quanttity", 3},
+          Row{"1.2.3", "Attic", "Bag", "Nails", nullptr, 4}}) {
         SCOPED_TRACE(std::string(step.item) + " " + (step.quantity ? step.quantity : "as it is"));
         pick(order, "cmbItems", step.item);
         pick(order, "cmbRooms", step.room);
@@ -196,7 +214,8 @@ TEST_F(EstimateTest, ChangedPriceIsAskedForBeforeWhatTookTheFocus) {
         const std::size_t count = rows(order).size();
         enter(order, one.box, "77.50");
         // The button's own action comes behind the question, once.
-        host.expect({one.prompt, priceTitle, Buttons::YesNo, Answer::No, [&] { EXPECT_EQ(rows(order).size(), count); }});
+        host.expect(
+            {one.prompt, priceTitle, Buttons::YesNo, Answer::No, [&] { EXPECT_EQ(rows(order).size(), count); }});
         click(order, "cmdAdd");
         host.verify();
         EXPECT_EQ(rows(order).size(), count + 1);
@@ -218,6 +237,26 @@ TEST_F(EstimateTest, ChangedPriceIsAskedForBeforeWhatTookTheFocus) {
         pick(order, "cmbUnits", rows(order).size() > 1 ? "Each" : "Bag");
     }
     EXPECT_EQ(rows(order).size(), 4U);
+}
+
+// The list of items has moved on by the time the question can be asked.
+TEST_F(EstimateTest, TheQuestionIsAboutTheItemThatThePriceWasChangedFor) {
+    QWidget& order = newEstimate();
+    pick(order, "cmbItems", "Joist");
+    enter(order, "TxtMaterial", "77");
+    host.expectYesNo(priceBoxes[0].prompt, priceTitle, Answer::Yes);
+    host.expectOk(priceBoxes[0].updated, std::string(defaultTitle));
+    pick(order, "cmbItems", "Brick");
+    host.verify();
+    EXPECT_EQ(data.rows("select ItemId, Material from Item order by ItemId"), (Texts{"1|77.0", "2|2.5", "3|0.5"}));
+    EXPECT_EQ(texts(order, {"cmbItems", "TxtMaterial"}), "Brick|0.5");
+
+    enter(order, "TxtMaterial", "10");  // as a joist costs
+    host.expectYesNo(priceBoxes[0].prompt, priceTitle, Answer::No);
+    pick(order, "cmbItems", "Joist");
+    host.verify();
+    enter(order, "TxtMaterial", "3");
+    closeBox(order);  // asks nothing
 }
 
 TEST_F(EstimateTest, PricesAreComparedAsTexts) {
@@ -280,7 +319,8 @@ TEST_F(EstimateTest, OpenedToEdit) {
     EXPECT_EQ(find<DateBox>(order, "TxtDate").Value(), (Date{2003, 7, 4}));
     EXPECT_EQ(texts(order, totals), "200|16|20|236") << "as saved, not as the lines add up";
     EXPECT_EQ(text(order, "txtTotal"), "236");
-    EXPECT_EQ(rows(order), (Texts{"1|Deck|2|Each|Joist|25|4|5|0|34|2|1", "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2"}));
+    EXPECT_EQ(rows(order),
+              (Texts{"1|Deck|2|Each|Joist|25|4|5|0|34|2|1", "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2"}));
     EXPECT_EQ(find<ReportList>(order, "ListView1").SelectedRow(), 0);
     EXPECT_EQ(texts(order, {"cmbRooms", "cmbUnits", "cmbItems"}), "Roof|Bag|Brick");
 
@@ -341,7 +381,8 @@ TEST_F(EstimateTest, ApplyingKeepsTheLinesItem) {
     pick(order, "cmbRooms", "Roof");
     pick(order, "cmbUnits", "Bag");  // a brick on the roof in bags is there already, but the row was a joist
     click(order, "cmdEditApply");
-    EXPECT_EQ(rows(order), (Texts{"3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2", "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2"}));
+    EXPECT_EQ(rows(order),
+              (Texts{"3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2", "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2"}));
     host.expectOk("Item already added ", "Inventory");
     click(order, "cmdAdd");
     host.verify();
@@ -391,10 +432,13 @@ TEST_F(EstimateTest, OpenedToDelete) {
     EXPECT_EQ(visible(order, modeButtons), "CmdDeleteOrder");
     doubleClickRow(order, 1);
     EXPECT_EQ(visible(order, modeButtons), "cmdEditApply cmdEditCanc CmdDeleteOrder");
+    enter(order, "txtLabor", "30");
+    host.expectYesNo(priceBoxes[1].prompt, priceTitle, Answer::No);
     enter(order, "TxtQty", "50");
+    host.verify();
     click(order, "cmdEditApply");
     EXPECT_EQ(visible(order, modeButtons), "cmdAdd CmdDeleteOrder");
-    EXPECT_EQ(text(order, "TxtAmount"), "80.25");
+    EXPECT_EQ(text(order, "TxtAmount"), "90.25");
 
     const char* question = "Are you sure you want to Delete Estimate No.  3";
     host.expectYesNo(question, "Estimate deletion", Answer::No);
@@ -425,7 +469,8 @@ TEST_F(EstimateTest, AnotherRecordUnderTheOpenScreen) {
     EXPECT_EQ(rows(order), before);
     saved(order);
     EXPECT_EQ(lines(3), lines(5)) << "the lines of the record go under the number on the screen";
-    EXPECT_EQ(data.cell("select CustId || ' ' || SStreet1 || ' ' || Amount from OrderInfo where OrderNo = 3"), "8 9 Oak 105.25");
+    EXPECT_EQ(data.cell("select CustId || ' ' || SStreet1 || ' ' || Amount from OrderInfo where OrderNo = 3"),
+              "8 9 Oak 105.25");
 }
 
 TEST_F(EstimateTest, ModeDeleteOverTheOpenScreenSavesNothingAndSaysSo) {
@@ -506,9 +551,9 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     QWidget& order = newEstimate();
     enter(order, "txtLength", "10");
     enter(order, "txtWidth", "12 feet");
-    const std::initializer_list<std::string_view> results{"txtPerimeter",   "txtWalls",     "txtCeiling",
-                                                          "txtConcrete",    "txtFloorCeil", "txtTotArea",
-                                                          "txtPlywood",     "txtDrywall4x12", "txtDrywall4x8"};
+    const std::initializer_list<std::string_view> results{"txtPerimeter", "txtWalls",       "txtCeiling",
+                                                          "txtConcrete",  "txtFloorCeil",   "txtTotArea",
+                                                          "txtPlywood",   "txtDrywall4x12", "txtDrywall4x8"};
     EXPECT_EQ(texts(order, results), "44|0|120|0|120|120|3.75|2.5|3.75");
     enter(order, "txtHeight", "8");
     EXPECT_EQ(texts(order, results), "44|352|472|2.75|120|472|3.75|2.5|3.75");
@@ -583,7 +628,9 @@ TEST_F(EstimateTest, TabsInOrderAndKeysThatPressNothing) {
         }
         key(here, Qt::Key_Tab);
     } while (QApplication::focusWidget() != &first && stops < 100);
-    EXPECT_EQ(way, "TxtCustomer TxtSstreet1 TxtSstreet2 TxtScity cmbSState TxtSZip TxtSPhone TxtSMobile TxtSEmail TxtSCountry ");
+    EXPECT_EQ(
+        way,
+        "TxtCustomer TxtSstreet1 TxtSstreet2 TxtScity cmbSState TxtSZip TxtSPhone TxtSMobile TxtSEmail TxtSCountry ");
     EXPECT_LT(stops, 60);
     EXPECT_TRUE(order.isVisible());
     EXPECT_EQ(rows(order), Texts{});

@@ -91,9 +91,13 @@ std::string enabled(const QWidget& in, std::initializer_list<std::string_view> c
     return joinedNames(in, controls, &QWidget::isEnabled);
 }
 
-void click(const QWidget& in, std::string_view button) { click(find<QAbstractButton>(in, button)); }
+void click(const QWidget& in, std::string_view button) {
+    click(find<QAbstractButton>(in, button));
+}
 
-void doubleClickRow(const QWidget& in, int row) { doubleClickRow(find<ReportList>(in, "ListView1"), row); }
+void doubleClickRow(const QWidget& in, int row) {
+    doubleClickRow(find<ReportList>(in, "ListView1"), row);
+}
 
 void enter(const QWidget& in, std::string_view box, std::string_view text) {
     auto& control = find<QWidget>(in, box);
@@ -124,7 +128,9 @@ JourneyTest::JourneyTest() {
     host.folder = data.path();
 }
 
-std::unique_ptr<Assistant> JourneyTest::recordingAssistant() { return std::make_unique<RecordingAssistant>(calls); }
+std::unique_ptr<Assistant> JourneyTest::recordingAssistant() {
+    return std::make_unique<RecordingAssistant>(calls);
+}
 
 void JourneyTest::start(bool previousInstance, LoadAssistant loadAssistant) {
     if (!loadAssistant) loadAssistant = [this](const std::string&) { return recordingAssistant(); };
@@ -156,7 +162,9 @@ QWidget& JourneyTest::openEstimate(const char* mode, std::int32_t number) {
 
 QWidget& JourneyTest::customers(const char* mode) {
     if (!screens) start();
-    choose(std::string_view(mode) == "A" ? "SubMnuAddCust" : std::string_view(mode) == "E" ? "SubMnuEditCust" : "SubMnuDelCust");
+    choose(std::string_view(mode) == "A"   ? "SubMnuAddCust"
+           : std::string_view(mode) == "E" ? "SubMnuEditCust"
+                                           : "SubMnuDelCust");
     return screens->customer.window();
 }
 
@@ -165,8 +173,9 @@ std::string JourneyTest::header(int number) const {
 }
 
 Texts JourneyTest::lines(int number) const {
-    return data.rows("select ItemId, Qty, Material, RoomId, UnitId, Extension, Labor, Others from OrderItem where OrderNo = " +
-                     std::to_string(number) + " order by rowid");
+    return data.rows(
+        "select ItemId, Qty, Material, RoomId, UnitId, Extension, Labor, Others from OrderItem where OrderNo = " +
+        std::to_string(number) + " order by rowid");
 }
 
 std::string JourneyTest::endedWith() {

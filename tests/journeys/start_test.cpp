@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QMenu>
+#include <algorithm>
 #include <filesystem>
 #include <set>
 
@@ -46,7 +47,9 @@ struct BadStart {
     bool previousInstance;
     std::string ended;  // the folder's path stands for %
 };
-void PrintTo(const BadStart& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const BadStart& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class BadStartTest : public JourneyTest, public ::testing::WithParamInterface<BadStart> {};
 
@@ -69,7 +72,8 @@ TEST_P(BadStartTest, EndsBeforeTheMainWindow) {
 
 INSTANTIATE_TEST_SUITE_P(
     Start, BadStartTest,
-    ::testing::Values(BadStart{"missing", [](const DataFolder& data) { std::filesystem::remove(data.database()); }, false, "14 %/Larkfen.mdb"},
+    ::testing::Values(BadStart{"missing", [](const DataFolder& data) { std::filesystem::remove(data.database()); },
+                               false, "14 %/Larkfen.mdb"},
                       BadStart{"character", [](const DataFolder&) {}, false, "53 "},
                       BadStart{"secondCopy", [](const DataFolder&) {}, true, "91 "}),
     [](const auto& one) { return std::string(one.param.name); });
@@ -81,9 +85,10 @@ TEST_F(StartTest, ButtonsShowTheEntriesOfTheMenuBarAtTheirRightEdge) {
         const char* menu;
         const char* firstEntry;
     };
-    for (const Row& row : {Row{"cmd_Files", "mnuFile", "mnuExport"}, Row{"cmd_Masters", "mnuInventory", "mnuCatg"},
-                           Row{"cmd_Estimates", "mnuEstimates", "mnuNewEstimate"},
-                           Row{"cmd_Calculators", "mnuCalc", "mnucalc1"}, Row{"cmd_Reports", "mnuReport", "mnusalesrpt"}}) {
+    for (const Row& row :
+         {Row{"cmd_Files", "mnuFile", "mnuExport"}, Row{"cmd_Masters", "mnuInventory", "mnuCatg"},
+          Row{"cmd_Estimates", "mnuEstimates", "mnuNewEstimate"}, Row{"cmd_Calculators", "mnuCalc", "mnucalc1"},
+          Row{"cmd_Reports", "mnuReport", "mnusalesrpt"}}) {
         SCOPED_TRACE(row.button);
         auto& button = find<QAbstractButton>(screens->mainMenu, row.button);
         click(button);
@@ -104,8 +109,13 @@ TEST_F(StartTest, ButtonsShowTheEntriesOfTheMenuBarAtTheirRightEdge) {
 
 TEST_F(StartTest, EntriesOfScreensThatAreNotBuiltSpeak) {
     start();
-    std::set<std::string_view> built{"mnuExport",     "mnuImport",     "mnuClose",       "mnuExit",
+    std::set<std::string_view> built{"mnuExport",     "mnuImport",      "mnuClose",      "mnuExit",
                                      "SubMnuAddCust", "SubMnuEditCust", "SubMnuDelCust", "mnuNewEstimate"};
+    const auto windows = [] {
+        return std::ranges::count_if(QApplication::topLevelWidgets(),
+                                     [](const QWidget* one) { return one->isVisible(); });
+    };
+    const auto before = windows();
     int spoken = 0;
     for (const MenuEntry& one : menuTree()) {
         QAction& action = entry(one.name);
@@ -119,6 +129,7 @@ TEST_F(StartTest, EntriesOfScreensThatAreNotBuiltSpeak) {
         ++spoken;
     }
     EXPECT_EQ(spoken, 54);
+    EXPECT_EQ(windows(), before);
 }
 
 TEST_F(StartTest, HelpIsAskedForByContext) {
