@@ -97,6 +97,9 @@ void pickInList(DropList& list, int index) {
     list.view()->setCurrentIndex(list.model()->index(index, 0));
     QTest::keyClick(windowOf(*list.view()), Qt::Key_Return);
     settle();
+    // Without a window manager nobody gives the keys back to the window below.
+    list.activateWindow();
+    settle();
 }
 
 void pickInList(DropList& list, std::string_view text) {

@@ -158,6 +158,7 @@ void frmOrder::FillState() { fillNames(*ui().cmbSState, Order().GetComboState())
 void frmOrder::FillItems() {
     ui().cmbItems->Clear();
     ui().cmbPrices->Clear();
+    pricedEntry_ = -1;
     const auto items = Order().GetComboItems();
     if (!items) return;
     std::vector<DropList::Entry> names;
@@ -325,8 +326,9 @@ LinePanel frmOrder::panel() {
 }
 
 void frmOrder::cmbItems_Click() {
+    pricedEntry_ = ui().cmbItems->ListIndex();
     if (FillingRow) return;
-    const std::string prices = ui().cmbPrices->List(ui().cmbItems->ListIndex());
+    const std::string prices = ui().cmbPrices->List(pricedEntry_);
     ui().TxtMaterial->setText(pricePart(prices, PricePart::Material));
     ui().txtLabor->setText(pricePart(prices, PricePart::Labor));
     ui().TxtQty->setText(pricePart(prices, PricePart::Quantity));
@@ -336,13 +338,13 @@ void frmOrder::cmbItems_Click() {
 
 void frmOrder::askMasterPrice(const TextBox& box, PricePart part, std::string_view prompt,
                               void (ClsItem::*update)(std::int32_t, std::string_view)) {
-    const int item = ui().cmbItems->ListIndex();
-    if (item < 0) return;
-    if (box.Text() == pricePart(ui().cmbPrices->List(item), part)) return;
+    // The question waits while the list of items is open, and the list has the next item by then.
+    if (pricedEntry_ < 0) return;
+    if (box.Text() == pricePart(ui().cmbPrices->List(pricedEntry_), part)) return;
     if (!program().confirm(prompt, "Change master file price?")) return;
     const Program::Doing doing(program(), "writing the price to the catalogue");
     ClsItem master(program().environment());
-    (master.*update)(ui().cmbItems->ItemData(), box.Text());
+    (master.*update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
     program().check();
 }
 

@@ -17,9 +17,9 @@ namespace torvane {
 
 class frmCustomer;
 
-// The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the notes
-// of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields below live
-// as long as the program, also while the window is closed.
+// The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the
+// notes of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields
+// below live as long as the program, also while the window is closed.
 class frmOrder : public FormOf<Ui::frmOrder>, public EstimateScreen, public CustomerPick {
 public:
     // `showProposal` prints the saved estimate with a number.
@@ -112,6 +112,7 @@ private:
     std::int16_t EditRowIndex = 0;
     std::int16_t EditLineIndex = 0;
     bool FillingRow = false;
+    int pricedEntry_ = -1;  // entry of cmbItems that the price boxes stand for; -1 with an empty catalogue
 };
 
 }  // namespace torvane
