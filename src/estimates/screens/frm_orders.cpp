@@ -17,7 +17,7 @@ ListSkeleton::Controls frmOrders::controls() {
 }
 
 std::vector<ListSkeleton::Column> frmOrders::columns() const {
-    return {{{"Estimate No", 1200, true}, "OrderNo"},
+    return {{{"Estimate No", 1200}, "OrderNo"},
             {{"Date", 1200}, "OrderDate"},
             {{"Customer", 1200}, "CustName"},
             {{"Amount", 960, true}, "Total"}};
