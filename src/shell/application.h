@@ -13,6 +13,7 @@
 #include "masters/screens/frm_customer.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/frm_main_menu.h"
 
 namespace torvane {
@@ -23,6 +24,7 @@ struct Application {
                 std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
     DataReports reports;
+    frmRptOrders reportPrompt;
     frmOrder order;
     frmOrders orders;
     FrmOrderNo orderNo;

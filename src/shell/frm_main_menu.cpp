@@ -15,6 +15,8 @@
 #include "masters/screens/frm_customer.h"
 #include "platform/controls.h"
 #include "platform/pictures.h"
+#include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/backup.h"
 #include "shell/menu_tree.h"
 
@@ -261,8 +263,8 @@ void frmMainMenu::connectEntries() {
     notThereYet("mnuRooms", "The takeoff names screen is");
     notThereYet("mnuUnits", "The units screen is");
     for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
-    notThereYet("mnusalesrpt", "The estimates report is");
-    notThereYet("mnucustrpt", "The customers report is");
+    onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
+    onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
     notThereYet("mnuHelpContents", "The help book is");
     notThereYet("mnuHelpSearch", "The search in the help book is");
     notThereYet("mnuHelpAbout", "The about window is");

@@ -21,6 +21,8 @@ class frmCustomer;
 class frmOrder;
 class FrmOrderNo;
 class frmOrders;
+class frmRptOrders;
+class DataReports;
 
 // The screens that the main window opens.
 struct Screens {
@@ -29,6 +31,8 @@ struct Screens {
     FrmOrderNo& orderNo;
     frmBlank& blank;
     frmCustomer& customer;
+    frmRptOrders& reportPrompt;
+    DataReports& reports;
 };
 
 // The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program and

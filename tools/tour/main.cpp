@@ -56,6 +56,7 @@ public:
         openAgain();
         itemSheet();
         notesArea();
+        reports();
     }
 
 private:
@@ -320,6 +321,25 @@ private:
         pause();
         picture(screens_.orderNo.window(), "delete-estimate");
         click(screens_.orderNo.window(), "CmdCancel");
+    }
+
+    void reports() {
+        entry(mainMenu(), "mnusalesrpt");
+        pause();
+        QWidget& prompt = screens_.reportPrompt.window();
+        picture(prompt, "estimates-report-prompt");
+        click(prompt, "Command3");
+        click(prompt, "Command2");
+        entry(mainMenu(), "mnucustrpt");
+        pause();
+        for (const char* name : {"DataReport1", "DataReport2"}) {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() != QLatin1String(name) || !window->isVisible()) continue;
+                picture(*window, name);
+                click(*window, "cmdClose");
+                break;
+            }
+        }
     }
 
     Application& screens_;
