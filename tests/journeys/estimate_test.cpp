@@ -68,6 +68,9 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     EXPECT_EQ(rows(order),
               (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
     EXPECT_EQ(list(order).SelectedRow(), 0) << "a row that is added is not selected";
+    doubleClickRow(list(order), 0);
+    EXPECT_EQ(texts(order, panel), "Deck|3|Each|Joist|10|4|5|6|45") << "the row's quantity, not the item's";
+    go(order, "cmdEditCanc");
     go(order, "txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake");
     EXPECT_EQ(texts(order, totals), "116.25|9.3|11.625|137.175");
     key(find<QWidget>(order, "TxtDate"), Qt::Key_Up);  // a month more
@@ -200,6 +203,7 @@ TEST_F(EstimateTest, TheQuestionIsAboutTheItemThatThePriceWasChangedFor) {
 }
 
 TEST_F(EstimateTest, FirstUseWithEmptyLists) {
+    closeBox(newEstimate());
     data.execute("delete from Item; delete from Rooms; delete from Units; delete from OrderInfo; delete from Customer");
     QWidget& order = newEstimate();
     EXPECT_EQ(texts(order, panel) + text(order, "TxtOrder"), "||||||||1");
@@ -375,9 +379,13 @@ TEST_F(EstimateTest, ALineShowsWhatItsMastersLeave) {
     EXPECT_EQ(lines(3), (Texts{"1|100.0|50.0|2|1|0.0|21.0|1.25", "3|100.0|50.0|3|2|0.0|20.0|1.25"}));
 }
 
+// Closing empties the record, and leaves the customer.
 TEST_F(EstimateTest, ACustomerAndAStateThatHaveGone) {
     data.execute("delete from Customer where CustId = 8");
     closeBox(openEstimate("E", 3));
+    QWidget& fresh = newEstimate();
+    go(fresh, "CmdSave", {ok("Select Customer ", "Estimate"), ok("Please enter Valid Data")});
+    closeBox(fresh);
     QWidget& order = openEstimate("E", 5);
     EXPECT_EQ(texts(order, {"TxtCustomer", "cmbSState"}), "Ann Lee|Alabama") << "the customer before, the first state";
     go(order, "CmdSave", {saved});
