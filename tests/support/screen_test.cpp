@@ -91,13 +91,16 @@ void clickHeader(ReportList& list, int column) {
 
 void pickInList(DropList& list, int index) {
     if (!reachable(list)) return;
+    const QPointer<QWidget> window = list.window();
     focusOn(list);
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(index, 0));
     QTest::keyClick(windowOf(*list.view()), Qt::Key_Return);
     settle();
     // Without a window manager nobody gives the keys back to the window below.
-    list.activateWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (!window || (modal && modal != window)) return;
+    window->activateWindow();
     settle();
 }
 
