@@ -33,15 +33,14 @@ public:
     void Show() override { calls_.push_back("Show"); }
     void Hide() override { calls_.push_back("Hide"); }
     void MoveTo(int x, int y) override { calls_.push_back("MoveTo " + generalText(x) + " " + generalText(y)); }
-    void Play(std::string_view animation) override { calls_.push_back("Play " + std::string(animation)); }
+    void Play(std::string_view what) override { calls_.push_back("Play " + std::string(what)); }
     void Speak(std::string_view text) override { calls_.push_back("Speak " + std::string(text)); }
 
 private:
     Texts& calls_;
 };
 
-std::string joinedNames(const QWidget& in, std::initializer_list<std::string_view> controls,
-                        bool (QWidget::*has)() const) {
+std::string joinedNames(const QWidget& in, const Names& controls, bool (QWidget::*has)() const) {
     std::string names;
     for (const std::string_view name : controls)
         if ((find<QWidget>(in, name).*has)()) names += (names.empty() ? "" : " ") + std::string(name);
@@ -54,72 +53,77 @@ void clear(QWidget& box) {
     key(box, Qt::Key_Delete);
 }
 
+void step(const QWidget& in, std::string_view what) {
+    const auto mark = what.find('=');
+    auto& control = find<QWidget>(in, what.substr(0, mark));
+    if (mark == std::string_view::npos) return click(control);
+    const std::string_view value = what.substr(mark + 1);
+    if (auto* choices = qobject_cast<DropList*>(&control)) return pickInList(*choices, value);
+    clear(control);
+    type(control, value);
+}
+
 }  // namespace
 
 std::string text(const QWidget& in, std::string_view name) {
     QWidget& control = find<QWidget>(in, name);
     if (const auto* box = qobject_cast<TextBox*>(&control)) return box->Text();
     if (const auto* area = qobject_cast<TextArea*>(&control)) return area->Text();
-    if (const auto* list = qobject_cast<DropList*>(&control)) return list->Text();
-    if (const auto* label = qobject_cast<QLabel*>(&control)) return utf8(label->text());
-    if (const auto* button = qobject_cast<QAbstractButton*>(&control)) return utf8(button->text());
-    throw std::runtime_error(std::string(name) + " shows no text");
+    if (const auto* choices = qobject_cast<DropList*>(&control)) return choices->Text();
+    return utf8(find<QLabel>(in, name).text());
 }
 
-std::string texts(const QWidget& in, std::initializer_list<std::string_view> controls) {
+std::string texts(const QWidget& in, const Names& controls) {
     std::string all;
-    for (const std::string_view name : controls) all += (name == *controls.begin() ? "" : "|") + text(in, name);
+    for (const std::string_view& name : controls) all += (&name == &controls.front() ? "" : "|") + text(in, name);
     return all;
 }
 
+std::string visible(const QWidget& in, const Names& controls) {
+    return joinedNames(in, controls, &QWidget::isVisible);
+}
+
+std::string enabled(const QWidget& in, const Names& controls) {
+    return joinedNames(in, controls, &QWidget::isEnabled);
+}
+
+ReportList& list(const QWidget& in) {
+    return find<ReportList>(in, "ListView1");
+}
+
 Texts rows(const QWidget& in) {
-    const ReportList& list = find<ReportList>(in, "ListView1");
+    const ReportList& view = list(in);
     Texts all;
-    for (int row = 0; row < list.RowCount(); ++row) {
+    for (int row = 0; row < view.RowCount(); ++row) {
         std::string& cells = all.emplace_back();
-        for (int column = 0; column < list.columnCount(); ++column)
-            cells += (column > 0 ? "|" : "") + list.Cell(row, column);
+        for (int column = 0; column < view.columnCount(); ++column)
+            cells += (column > 0 ? "|" : "") + view.Cell(row, column);
     }
     return all;
 }
 
-std::string visible(const QWidget& in, std::initializer_list<std::string_view> controls) {
-    return joinedNames(in, controls, &QWidget::isVisible);
-}
-
-std::string enabled(const QWidget& in, std::initializer_list<std::string_view> controls) {
-    return joinedNames(in, controls, &QWidget::isEnabled);
-}
-
-void click(const QWidget& in, std::string_view button) {
-    click(find<QAbstractButton>(in, button));
-}
-
-void doubleClickRow(const QWidget& in, int row) {
-    doubleClickRow(find<ReportList>(in, "ListView1"), row);
-}
-
-void enter(const QWidget& in, std::string_view box, std::string_view text) {
-    auto& control = find<QWidget>(in, box);
-    clear(control);
-    type(control, text);
-}
-
-void paste(const QWidget& in, std::string_view box, std::string_view text) {
-    auto& control = find<QWidget>(in, box);
-    clear(control);
+void pasteInto(QWidget& box, std::string_view text) {
+    clear(box);
     QApplication::clipboard()->setText(qstring(text));
-    key(control, Qt::Key_V, Qt::ControlModifier);
-}
-
-void pick(const QWidget& in, std::string_view list, std::string_view entry) {
-    pickInList(find<DropList>(in, list), entry);
+    key(box, Qt::Key_V, Qt::ControlModifier);
 }
 
 QWidget* standing(std::string_view name) {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && utf8(window->objectName()) == name) return window;
     return nullptr;
+}
+
+TestHost::Box ok(std::string text, std::string title) {
+    return {std::move(text), std::move(title)};
+}
+
+TestHost::Box yes(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::Yes};
+}
+
+TestHost::Box no(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::No};
 }
 
 JourneyTest::JourneyTest() {
@@ -137,6 +141,16 @@ void JourneyTest::start(bool previousInstance, LoadAssistant loadAssistant) {
     screens = std::make_unique<Application>(program, files, previousInstance, loadAssistant);
     run([&] { screens->mainMenu.Show(); });
     settle();
+}
+
+void JourneyTest::go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes) {
+    for (const TestHost::Box& box : boxes) host.expect(box);
+    for (auto end = steps.find("; "); end != std::string_view::npos; end = steps.find("; ")) {
+        step(in, steps.substr(0, end));
+        steps.remove_prefix(end + 2);
+    }
+    step(in, steps);
+    host.verify();
 }
 
 QWidget& JourneyTest::newEstimate() {
@@ -160,12 +174,18 @@ QWidget& JourneyTest::openEstimate(const char* mode, std::int32_t number) {
     return screens->order.window();
 }
 
-QWidget& JourneyTest::customers(const char* mode) {
+QWidget& JourneyTest::customers(std::string_view mode) {
     if (!screens) start();
-    choose(std::string_view(mode) == "A"   ? "SubMnuAddCust"
-           : std::string_view(mode) == "E" ? "SubMnuEditCust"
-                                           : "SubMnuDelCust");
+    choose(mode == "A" ? "SubMnuAddCust" : mode == "E" ? "SubMnuEditCust" : "SubMnuDelCust");
     return screens->customer.window();
+}
+
+void JourneyTest::pickCustomer(QWidget& order, const std::function<void(QWidget&)>& act) {
+    whenModal([act](QWidget& top) {
+        EXPECT_EQ(utf8(top.objectName()), "frmCustomer");
+        act(top);
+    });
+    go(order, "CmdSelCust");
 }
 
 std::string JourneyTest::header(int number) const {

@@ -15,26 +15,25 @@
 namespace torvane {
 
 using Texts = std::vector<std::string>;
+using Names = std::vector<std::string_view>;
 
-// What a control shows: of a box, a list's selected entry, a label or a button.
+// What a box, a label or a button shows, or a list's selected entry; of several controls joined by '|'.
 std::string text(const QWidget& in, std::string_view control);
-// The same of several controls, joined by '|'.
-std::string texts(const QWidget& in, std::initializer_list<std::string_view> controls);
-// The rows of the report list "ListView1", hidden keys too, cells joined by '|'.
-Texts rows(const QWidget& in);
+std::string texts(const QWidget& in, const Names& controls);
 // Those of the named controls that are visible and those that are enabled, joined by ' '.
-std::string visible(const QWidget& in, std::initializer_list<std::string_view> controls);
-std::string enabled(const QWidget& in, std::initializer_list<std::string_view> controls);
-
-void click(const QWidget& in, std::string_view button);
-void doubleClickRow(const QWidget& in, int row);
-// Replaces the text of a box by typing, or by pasting.
-void enter(const QWidget& in, std::string_view box, std::string_view text);
-void paste(const QWidget& in, std::string_view box, std::string_view text);
-void pick(const QWidget& in, std::string_view list, std::string_view entry);
-
+std::string visible(const QWidget& in, const Names& controls);
+std::string enabled(const QWidget& in, const Names& controls);
+// The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
+ReportList& list(const QWidget& in);
+Texts rows(const QWidget& in);
+void pasteInto(QWidget& box, std::string_view text);
 // A visible top-level window with this name; null when there is none.
 QWidget* standing(std::string_view window);
+
+// Boxes that a test expects, with their answers.
+TestHost::Box ok(std::string text, std::string title = "Inventory");
+TestHost::Box yes(std::string text, std::string title);
+TestHost::Box no(std::string text, std::string title);
 
 // The whole program over a database file in a folder of its own. The small business in it:
 //   items      1 "Joist" (10, labor 4, quantity 2, sub-labor 5, equipment 6), 2 "Nails" (2.5, default quantity 0),
@@ -50,16 +49,20 @@ protected:
     // Starts the program as main() does, with an assistant that notes what it is asked for.
     void start(bool previousInstance = false, LoadAssistant loadAssistant = {});
     std::unique_ptr<Assistant> recordingAssistant();
-    QAction& entry(std::string_view name) { return find<QAction>(screens->mainMenu, name); }
-    void choose(std::string_view entryName) { trigger(entry(entryName)); }
+    void choose(std::string_view entry) { trigger(find<QAction>(screens->mainMenu, entry)); }
+
+    // A user's way through a window, steps separated by "; ". "name" clicks a control, "name=value" replaces the text
+    // of a box by typing, or picks an entry of a list. Just these boxes come on the way.
+    void go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes = {});
 
     // The estimate screen, opened for a new estimate, or with a saved one in mode "E" or "D".
     QWidget& newEstimate();
     QWidget& openEstimate(const char* mode, std::int32_t number);
     // Reads an estimate into the record, as the lists of estimates do.
     void readEstimate(const char* mode, std::int32_t number);
-    // The customer list in a mode of the menu.
-    QWidget& customers(const char* mode);
+    // The customer list, opened by an entry of the menu ("A", "E", "D") or by the estimate screen to pick one.
+    QWidget& customers(std::string_view mode);
+    void pickCustomer(QWidget& order, const std::function<void(QWidget& customers)>& act);
 
     std::string header(int number) const;
     Texts lines(int number) const;
