@@ -22,12 +22,13 @@ const std::map<std::string, Rooms> allowed = {
     {"calculators", {"values"}},
     {"platform", {"values", "host", "datastore"}},
     {"assistant", {"values", "host", "platform"}},
+    {"calculators/screens", {"values", "host", "datastore", "calculators", "platform"}},
     {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
     {"reports/screens", {"values", "host", "datastore", "reports", "platform"}},
     {"estimates/screens",
      {"values", "host", "datastore", "masters", "estimates", "platform", "masters/screens", "reports/screens"}},
     {"shell",
-     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "masters/screens",
+     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "calculators", "calculators/screens", "masters/screens",
       "estimates/screens", "reports/screens"}},
 };
 const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports", "calculators"};

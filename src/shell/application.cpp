@@ -6,6 +6,10 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : reports(program),
       reportPrompt(program, reports),
+      calculators1(program, calculatorGroup1()),
+      calculators2(program, calculatorGroup2()),
+      calculators3(program, calculatorGroup3()),
+      calculators4(program, calculatorGroup4()),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
       orders(program, order),
       orderNo(program, order),
@@ -14,7 +18,7 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
       customer(program, order),
       mainMenu(program, Screens{order, orders, orderNo, blank, customer, reportPrompt, reports}, files, previousInstance, std::move(loadAssistant)) {
     order.setCustomerList(customer);
-    order.setCompanions(orderNo, itemSheet);
+    order.setCompanions(orderNo, itemSheet, {&calculators1, &calculators2, &calculators3, &calculators4});
 }
 
 }  // namespace torvane

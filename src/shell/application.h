@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "calculators/screens/calculator_window.h"
 #include "datastore/file_copy.h"
 #include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_list.h"
@@ -25,6 +26,10 @@ struct Application {
 
     DataReports reports;
     frmRptOrders reportPrompt;
+    CalculatorWindow calculators1;
+    CalculatorWindow calculators2;
+    CalculatorWindow calculators3;
+    CalculatorWindow calculators4;
     frmOrder order;
     frmOrders orders;
     FrmOrderNo orderNo;

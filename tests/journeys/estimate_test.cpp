@@ -421,8 +421,12 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     const int onScreen = order.screen()->availableGeometry().right() + 1 - menu->width();
     EXPECT_EQ(menu->pos(), QPoint(std::min(corner.x(), onScreen), corner.y()));
     trigger(find<QAction>(*menu, "mnuCalc3"));
-    EXPECT_EQ(calls, (Texts{"Show", "Speak The calculators are not there yet."}));
     menu->close();
+    QWidget* calculators = standing("frmCalculator3");
+    ASSERT_TRUE(calculators);
+    EXPECT_EQ(utf8(calculators->windowTitle()), "Calculators");
+    go(*calculators, "Command2");
+    EXPECT_FALSE(standing("frmCalculator3"));
 }
 
 TEST_F(EstimateTest, NotesAreImportedAndCopied) {

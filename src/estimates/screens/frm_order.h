@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -27,10 +28,12 @@ public:
     ~frmOrder() override;
     // The customer list in its select mode hands its pick back to this screen, so it is given after both are made.
     void setCustomerList(frmCustomer& list) { customerList_ = &list; }
-    // The prompt that may have led here, closed when this screen loads, and the item sheet that opens from here.
-    void setCompanions(Form& numberPrompt, Form& itemSheet) {
+    // The prompt that may have led here, closed when this screen loads, and the screens that open from here: the item
+    // sheet and the four calculator windows.
+    void setCompanions(Form& numberPrompt, Form& itemSheet, std::array<Form*, 4> calculators) {
         numberPrompt_ = &numberPrompt;
         itemSheet_ = &itemSheet;
+        calculators_ = calculators;
     }
 
     // The mode, set before the screen is shown: "A" new estimate, "E" existing one, "D" shown for deletion.
@@ -105,6 +108,7 @@ private:
     frmCustomer* customerList_ = nullptr;
     Form* numberPrompt_ = nullptr;
     Form* itemSheet_ = nullptr;
+    std::array<Form*, 4> calculators_{};
     std::unique_ptr<ClsOrder> order_;
     std::unique_ptr<ClsCustomer> customer_;
     std::unique_ptr<clsCategory> category_;

@@ -80,11 +80,12 @@ void frmOrder::Command7_Click() {
     auto* menu = new QMenu(&window());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName(QStringLiteral("mnuCalc"));
-    for (int group = 1; group <= 4; ++group) {
+    int group = 0;
+    for (Form* calculator : calculators_) {
+        ++group;
         QAction* entry = menu->addAction(QStringLiteral("Group %1").arg(group));
         entry->setObjectName(QStringLiteral("mnuCalc%1").arg(group));
-        on(*this, entry, &QAction::triggered,
-           [this] { program().speakHelp("The calculators are not there yet."); });
+        on(*this, entry, &QAction::triggered, [calculator] { calculator->Show(); });
     }
     menu->popup(ui().Command7->mapToGlobal(QPoint(ui().Command7->width(), 0)));
 }
