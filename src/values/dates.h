@@ -14,7 +14,7 @@ struct Date {
     int month = 12;
     int day = 30;
 
-    auto operator<=>(const Date&) const = default;
+    auto operator<=>(const Date&) const = default;  // NOLINT(modernize-use-nullptr): the 0 is the compiler's own
 };
 
 // Whether the calendar has the day, in the years 100 to 9999.
