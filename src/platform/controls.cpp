@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QListView>
@@ -11,6 +12,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 #include "platform/form_window.h"
@@ -199,15 +201,15 @@ protected:
 };
 
 // All three are of one size, or the captions would jump from one to the other.
-QIcon headerIcon(const QWidget& list, ReportList::Icon icon) {
-    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list);
+QIcon headerIcon(const ReportList& list, ReportList::Icon icon) {
+    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, list.header());
     const qreal ratio = list.devicePixelRatioF();
     QPixmap pixmap(QSize(side, side) * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     if (icon != ReportList::Icon::Blank) {
         const qreal middle = side / 2.0;
-        const qreal reach = side * 0.3;
+        const qreal reach = side * 0.45;
         const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -232,7 +234,25 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
+    header()->setTextElideMode(Qt::ElideRight);
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+}
+
+// A text that its column cuts is shown whole as a tool tip.
+bool ReportList::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = indexAt(help->pos());
+        constexpr int margins = 8;
+        const bool cut = index.isValid() && fontMetrics().horizontalAdvance(index.data().toString()) + margins >
+                                                columnWidth(index.column());
+        if (cut)
+            QToolTip::showText(help->globalPos(), index.data().toString().toHtmlEscaped(), this, visualRect(index));
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QTreeWidget::viewportEvent(event);
 }
 
 void ReportList::setColumns(const std::vector<Column>& columns) {
@@ -245,7 +265,7 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
         const Column& column = columns[static_cast<std::size_t>(index)];
         captions->setText(index, qstring(column.header));
         captions->setTextAlignment(index, (column.numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        if (column.numeric) setItemDelegateForColumn(index, right);
+        setItemDelegateForColumn(index, column.numeric ? right : nullptr);
     }
     setHeaderItem(captions);
     for (int index = 0; index < count; ++index) {

@@ -18,7 +18,6 @@ void prepareBox(QMessageBox& box, const QString& text, const QString& title, But
     } else {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
-        box.setEscapeButton(QMessageBox::No);
     }
 }
 

@@ -62,9 +62,10 @@ void Program::leave() {
     leaveWithLastWindow();
 }
 
-void Program::end(const RuntimeFailure& failure) {
+void Program::end(RuntimeFailure failure) {
     if (ended_) return;
     ended_ = true;
+    failure.setDuring(failedWhile_);
     try {
         showFailure_(failure);
     } catch (const std::exception&) {

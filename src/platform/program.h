@@ -56,6 +56,23 @@ public:
             end(RuntimeFailure{0, failure.what()});
         }
     }
+    // Says what is going on as long as it stands, for the run-time error box: "saving the estimate".
+    class Doing {
+    public:
+        Doing(Program& program, std::string_view what)
+            : program_(program), what_(what), failuresBefore_(std::uncaught_exceptions()) {}
+        ~Doing() {
+            if (std::uncaught_exceptions() > failuresBefore_ && program_.failedWhile_.empty())
+                program_.failedWhile_ = what_;
+        }
+        Doing(const Doing&) = delete;
+        Doing& operator=(const Doing&) = delete;
+
+    private:
+        Program& program_;
+        std::string_view what_;
+        int failuresBefore_;
+    };
     // Throws Ended once the program has ended: the last line of every operation of ours that may have run handlers.
     void check() const {
         if (ended_) throw Ended{};
@@ -63,7 +80,7 @@ public:
     bool ended() const { return ended_; }
     // Makes all handlers inert, shows the run-time error box, commits open write groups and calls `end`; when that
     // returns, every modal window is left. Nothing when the program has ended.
-    void end(const RuntimeFailure& failure);
+    void end(RuntimeFailure failure);
     // What shows the failure, in place of the run-time error box.
     void setErrorBox(std::function<void(const RuntimeFailure&)> show) { showFailure_ = std::move(show); }
 
@@ -107,6 +124,7 @@ private:
     void leaveWithLastWindow();
 
     Environment environment_;
+    std::string failedWhile_;
     std::function<void(int)> end_;
     std::function<void(const RuntimeFailure&)> showFailure_;
     std::function<void(int)> openHelp_;

@@ -66,6 +66,8 @@ std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
     QFileDialog dialog;
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setWindowTitle("Open");
+    // The sample business lies beside the program, so a first restore looks there.
+    if (lastFolder_.isEmpty()) lastFolder_ = qstring(programDirectory_);
     return chosenName(dialog, {}, filter, lastFolder_);
 }
 

@@ -5,10 +5,16 @@ namespace torvane {
 Application::Application(Program& program, FileSystem& files, bool previousInstance,
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : reports(program),
+      reportPrompt(program, reports),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
+      orders(program, order),
+      orderNo(program, order),
+      itemSheet(program, order),
+      blank(program),
       customer(program, order),
-      mainMenu(program, Screens{order, customer}, files, previousInstance, std::move(loadAssistant)) {
+      mainMenu(program, Screens{order, orders, orderNo, blank, customer, reportPrompt, reports}, files, previousInstance, std::move(loadAssistant)) {
     order.setCustomerList(customer);
+    order.setCompanions(orderNo, itemSheet);
 }
 
 }  // namespace torvane

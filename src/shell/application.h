@@ -5,10 +5,15 @@
 #include <memory>
 
 #include "datastore/file_copy.h"
+#include "estimates/screens/frm_blank.h"
+#include "estimates/screens/frm_list.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_customer.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/frm_main_menu.h"
 
 namespace torvane {
@@ -19,7 +24,12 @@ struct Application {
                 std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
     DataReports reports;
+    frmRptOrders reportPrompt;
     frmOrder order;
+    frmOrders orders;
+    FrmOrderNo orderNo;
+    frmList itemSheet;
+    frmBlank blank;
     frmCustomer customer;
     frmMainMenu mainMenu;
 };

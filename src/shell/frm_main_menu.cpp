@@ -8,10 +8,15 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_customer.h"
 #include "platform/controls.h"
 #include "platform/pictures.h"
+#include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/backup.h"
 #include "shell/menu_tree.h"
 
@@ -181,11 +186,13 @@ void frmMainMenu::Form_Load() {
     setWorkingMenusVisible(false);
     if (previousInstance_) {
         // The assistant is not there yet, so this is where a second copy ends.
+        const Program::Doing doing(program(), "starting a second copy of itself on the same folder");
         program().Merlin().Play("Sad");
         program().Merlin().Speak("Previous Instance of this Application is already running");
         Unload();
         return;
     }
+    const Program::Doing doing(program(), "starting");
     connection_ = std::make_unique<Connection>(program().environment().store);
     connection_->open(connectionText(program().host().programDirectory()));
     ActivateMerlin();
@@ -241,6 +248,13 @@ void frmMainMenu::connectEntries() {
         screens_.order.AddOrDelete = "A";
         screens_.order.Show();
     });
+    onEntry("mnuEditEstimate", [this] { screens_.orders.Show(); });
+    onEntry("mnuDelEstimate", [this] {
+        screens_.order.AddOrDelete = "D";
+        screens_.orderNo.setCaption("Delete Order");
+        screens_.orderNo.Show();
+    });
+    onEntry("mnuBlank", [this] { screens_.blank.Show(); });
 
     for (const std::string_view entry : {"SubMnuAddCat", "SubMnuEditCat", "SubMnuDelCat"})
         notThereYet(entry, "The categories screen is");
@@ -248,12 +262,9 @@ void frmMainMenu::connectEntries() {
         notThereYet(entry, "The items screen is");
     notThereYet("mnuRooms", "The takeoff names screen is");
     notThereYet("mnuUnits", "The units screen is");
-    notThereYet("mnuEditEstimate", "The search for estimates is");
-    notThereYet("mnuDelEstimate", "The screen for deleting estimates is");
     for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
-    notThereYet("mnusalesrpt", "The estimates report is");
-    notThereYet("mnucustrpt", "The customers report is");
-    notThereYet("mnuBlank", "The notes area is");
+    onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
+    onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
     notThereYet("mnuHelpContents", "The help book is");
     notThereYet("mnuHelpSearch", "The search in the help book is");
     notThereYet("mnuHelpAbout", "The about window is");

@@ -16,13 +16,23 @@ class QMenuBar;
 namespace torvane {
 
 class FileSystem;
+class frmBlank;
 class frmCustomer;
 class frmOrder;
+class FrmOrderNo;
+class frmOrders;
+class frmRptOrders;
+class DataReports;
 
 // The screens that the main window opens.
 struct Screens {
     frmOrder& order;
+    frmOrders& orders;
+    FrmOrderNo& orderNo;
+    frmBlank& blank;
     frmCustomer& customer;
+    frmRptOrders& reportPrompt;
+    DataReports& reports;
 };
 
 // The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program and

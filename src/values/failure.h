@@ -28,12 +28,16 @@ public:
     const std::string& text() const { return text_; }
     // The value or statement that was refused; empty when there is none to name.
     const std::string& refused() const { return refused_; }
+    // What was going on, as "opening the database"; empty when nobody said.
+    const std::string& during() const { return during_; }
+    void setDuring(std::string during) { during_ = std::move(during); }
     const char* what() const noexcept override { return text_.c_str(); }
 
 private:
     int number_;
     std::string text_;
     std::string refused_;
+    std::string during_;
 };
 
 [[noreturn]] void fail(Failure failure, std::string_view refused = {});

@@ -353,6 +353,10 @@ TEST_F(ControlsTest, ReportListHeader) {
     const auto caption = [&](const QImage& image) { return image.copy(behind, 0, 400, image.height()); };
     EXPECT_EQ(caption(blank), caption(up));
     EXPECT_EQ(caption(blank), caption(down));
+    EXPECT_TRUE(list.itemDelegateForColumn(2));  // aligns to the right
+    list.setColumns({{"ID", 0}, {"Price", 1200, true}, {"Name", 1800}});
+    EXPECT_TRUE(list.itemDelegateForColumn(1));
+    EXPECT_FALSE(list.itemDelegateForColumn(2));
 }
 
 TEST_F(ControlsTest, DateBoxShowsTheMachinesFormAndKeepsTheDay) {

@@ -27,11 +27,11 @@ protected:
             on(form, form.button, &QPushButton::clicked, [this] { note("Click"); });
             on(form, form.choice, &DropList::Click, [this] { note("pick " + form.choice->Text()); });
         };
-        form.Show();
         other.Show();
+        EXPECT_TRUE(waitFor([this] { return other.window().isActiveWindow(); }));
         form.Show();
         form.first->setFocus();
-        settle();
+        EXPECT_TRUE(waitFor([this] { return form.first->hasFocus(); }));
     }
     void note(std::string text) { log.push_back(std::move(text)); }
 
@@ -155,6 +155,33 @@ TEST_F(FocusTest, WaitsWhileAMouseButtonIsDown) {
     EXPECT_EQ(log, Log{});
     QTest::mouseRelease(window, Qt::LeftButton, {}, place);
     EXPECT_EQ(log, (Log{"LostFocus", "Click"}));
+}
+
+TEST_F(FocusTest, WaitsWhileAListIsOpen) {
+    asks = false;
+    click(*form.choice);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    waitFor([] { return false; }, 60);
+    EXPECT_EQ(log, Log{});
+    form.choice->hidePopup();
+    EXPECT_TRUE(waitFor([&] { return !log.empty(); }));
+    EXPECT_EQ(log, Log{"LostFocus"});
+}
+
+TEST_F(FocusTest, WaitsWhileAModalWindowStandsAbove) {
+    asks = false;
+    whenModal([&](QWidget& top) {
+        waitFor([] { return false; }, 60);
+        type(*other.first, "1");
+        EXPECT_EQ(log, Log{});
+        closeBox(top);
+    });
+    run([&] {
+        form.second->setFocus();
+        other.ShowModal();
+    });
+    EXPECT_TRUE(waitFor([&] { return !log.empty(); }));
+    EXPECT_EQ(log, Log{"LostFocus"});
 }
 
 TEST_F(FocusTest, ButtonOfAWindowThatTheQuestionHasUnloadedDoesNotAct) {

@@ -193,6 +193,9 @@ TEST_F(FormTest, ListOverTheEntryFormThatItHasOpened) {
         whenModal([&](QWidget&) {
             whenModal([&](QWidget& top) {
                 EXPECT_EQ(&top, &list.window());
+                int above = 0;
+                for (QWindow* step = top.windowHandle(); step && above < 10; step = step->transientParent()) ++above;
+                EXPECT_EQ(above, 2);
                 type(*list.first, "usable");
                 EXPECT_EQ(list.first->Text(), "usable");
                 closeBox(top);

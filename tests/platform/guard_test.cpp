@@ -1,4 +1,7 @@
+#include <sqlite3.h>
+
 #include <QTimer>
+#include <filesystem>
 #include <stdexcept>
 
 #include "platform/error_box.h"
@@ -106,6 +109,7 @@ TEST_F(GuardTest, FailureTwoModalFormsDeepLeavesThemAll) {
     EXPECT_TRUE(log.empty());
     closeBox(outer.window());  // nothing of the screen runs any more
     EXPECT_EQ(outer.unloads, 0);
+    EXPECT_FALSE(outer.window().isVisible());
 }
 
 TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
@@ -140,6 +144,28 @@ TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
     EXPECT_EQ(endStatus, std::vector{1});
 }
 
+// What was executed stays: the group that the handler has open is on the disk when the process leaves.
+TEST_F(GuardTest, OpenGroupIsCommittedBetweenTheBoxAndTheEnd) {
+    const std::string file = host.folder + "/Larkfen.mdb";
+    sqlite3* raw = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &raw), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(raw, "create table Units (Id integer, Name text)", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(raw);
+    const auto group = [&] { return std::filesystem::exists(file + "-journal") ? "group open" : "group committed"; };
+    Program own(Environment{host, store}, [&](int) { note(std::string("end, ") + group()); });
+    own.setErrorBox([&](const RuntimeFailure&) { note(std::string("box, ") + group()); });
+    Connection connection(store);
+    connection.open(connectionText(host.folder));
+    own.guarded([&] {
+        grouped(connection, [&] {
+            connection.execute("insert into Units values (3, 'yard')");
+            own.guarded([] { fail(Failure::TypeMismatch); });
+            own.check();
+        });
+    });
+    EXPECT_EQ(log, (std::vector<std::string>{"box, group open", "end, group committed"}));
+}
+
 TEST_F(GuardTest, AnyExceptionEndsTheProgram) {
     run([] { throw std::runtime_error("out of paper"); });
     const auto failure = takeFailure();
@@ -157,8 +183,8 @@ TEST_F(GuardTest, FailureOfFormUnloadKeepsTheWindow) {
 }
 
 TEST(ErrorBox, SaysNumberTextAndWhatWasRefused) {
-    const QString plain = errorBoxText(RuntimeFailure{94, "Invalid use of Null"});
-    EXPECT_TRUE(plain.startsWith("Run-time error 94\n\nInvalid use of Null\n\n")) << utf8(plain);
+    const QString plain = errorBoxText(RuntimeFailure{94, "Null where a value is needed"});
+    EXPECT_TRUE(plain.startsWith("Run-time error 94\n\nNull where a value is needed\n\n")) << utf8(plain);
     EXPECT_FALSE(plain.contains("Refused"));
     EXPECT_TRUE(errorBoxText({13, "Type mismatch", "12 <b>x"}).endsWith("\n\nRefused: 12 <b>x"));
     EXPECT_LT(errorBoxText({1, "too long", std::string(100000, 'x')}).size(), 1000);

@@ -90,6 +90,7 @@ private:
     void unblock();
     std::optional<RuntimeFailure> failure_;
     QTimer watchdog_;
+    bool stopped_ = false;
     QList<QTimer*> waiting_;
 };
 

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -24,7 +25,6 @@
 #include "platform/qt_host.h"
 #include "shell/application.h"
 #include "shell/pictures_init.h"
-#include "values/numbers.h"
 
 namespace torvane {
 namespace {
@@ -54,6 +54,9 @@ public:
         changePrice();
         saveAndPrint();
         openAgain();
+        itemSheet();
+        notesArea();
+        reports();
     }
 
 private:
@@ -79,7 +82,8 @@ private:
 
     // Acts on the modal window that comes next; `act` closes it.
     void onModal(const char* what, std::function<void(QWidget&)> act) {
-        QWidget* present = QApplication::activeModalWidget();
+        // A guarded pointer: the next window may stand at the address of this one.
+        const QPointer<QWidget> present = QApplication::activeModalWidget();
         auto* timer = new QTimer(qApp);
         auto* clock = new QElapsedTimer;
         clock->start();
@@ -231,10 +235,11 @@ private:
         QWidget& order = screens_.order.window();
         pick(order, "cmbItems", "Joist hanger, 2x10");
         type(order, "TxtMaterial", QStringLiteral("1.65"));
-        onBox("price-question", QMessageBox::Yes, [this] { onBox("price-updated", QMessageBox::Ok); });
+        bool updated = false;
+        onBox("price-question", QMessageBox::Yes,
+              [&] { onBox("price-updated", QMessageBox::Ok, [&updated] { updated = true; }); });
         QTest::keyClick(&find<TextBox>(order, "TxtMaterial"), Qt::Key_Tab);
-        wait("the price question", [] { return QApplication::activeModalWidget() != nullptr; });
-        wait("the price update", [] { return QApplication::activeModalWidget() == nullptr; });
+        wait("the price update", [&] { return updated && !QApplication::activeModalWidget(); });
         type(order, "TxtQty", QStringLiteral("32"));
         click(order, "cmdAdd");
         click(order, "cmdImport");
@@ -272,15 +277,69 @@ private:
     }
 
     void openAgain() {
-        screens_.order.AddOrDelete = "E";
-        screens_.order.Order().OrderNo = strictInt32(orderNo_);
-        screens_.order.Order().GetOrder();
+        entry(mainMenu(), "mnuEditEstimate");
+        pause();
+        QWidget& list = screens_.orders.window();
+        picture(list, "search-estimate");
+        type(list, "txtName", qstring(orderNo_));
+        click(list, "cmdSearch");
+        doubleClick(find<ReportList>(list, "ListView1"), 0);
         pause();
         QWidget& order = screens_.order.window();
         doubleClick(find<ReportList>(order, "ListView1"), 1);
         picture(order, "estimate-opened-again");
         onBox(nullptr, QMessageBox::Yes);
         click(order, "CmdCancel");
+    }
+
+    void itemSheet() {
+        entry(mainMenu(), "mnuNewEstimate");
+        pause();
+        QWidget& order = screens_.order.window();
+        click(order, "cmdItemList");
+        QWidget& sheet = screens_.itemSheet.window();
+        auto& tree = find<QTreeWidget>(sheet, "TreeCategory");
+        for (const char* name : {"Joist 2x10, 16 ft", "Post base, 4x4", "Deck railing, treated"}) {
+            const auto found = tree.findItems(QLatin1String(name), Qt::MatchExactly | Qt::MatchRecursive);
+            if (found.isEmpty()) stop(QStringLiteral("the tree has no %1").arg(QLatin1String(name)));
+            tree.setCurrentItem(found.constFirst());
+            tree.setFocus();
+            QTest::keyClick(&tree, Qt::Key_Return);
+        }
+        picture(sheet, "item-sheet");
+        click(sheet, "cmdAddEstimate");
+        onBox(nullptr, QMessageBox::Yes);
+        click(order, "CmdCancel");
+    }
+
+    void notesArea() {
+        entry(mainMenu(), "mnuBlank");
+        pause();
+        picture(screens_.blank.window(), "notes-area");
+        click(screens_.blank.window(), "CmdCancel");
+        entry(mainMenu(), "mnuDelEstimate");
+        pause();
+        picture(screens_.orderNo.window(), "delete-estimate");
+        click(screens_.orderNo.window(), "CmdCancel");
+    }
+
+    void reports() {
+        entry(mainMenu(), "mnusalesrpt");
+        pause();
+        QWidget& prompt = screens_.reportPrompt.window();
+        picture(prompt, "estimates-report-prompt");
+        click(prompt, "Command3");
+        click(prompt, "Command2");
+        entry(mainMenu(), "mnucustrpt");
+        pause();
+        for (const char* name : {"DataReport1", "DataReport2"}) {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() != QLatin1String(name) || !window->isVisible()) continue;
+                picture(*window, name);
+                click(*window, "cmdClose");
+                break;
+            }
+        }
     }
 
     Application& screens_;

@@ -69,8 +69,7 @@ void frmOrder::connectControls() {
     click(ui().CmdDeleteOrder, &frmOrder::CmdDeleteOrder_Click);
     click(ui().CmdCancel, &frmOrder::CmdCancel_Click);
     click(ui().cmdMainHelp, &frmOrder::cmdMainHelp_Click);
-    on(*this, ui().cmdItemList, &QAbstractButton::clicked,
-       [this] { program().speakHelp("The item sheet is not there yet."); });
+    click(ui().cmdItemList, &frmOrder::cmdItemList_Click);
 
     on(*this, ui().ListView1, &ReportList::DblClick, &frmOrder::CmdEdit_Click);
     on(*this, ui().cmbItems, &DropList::Click, &frmOrder::cmbItems_Click);
@@ -103,8 +102,10 @@ void frmOrder::connectControls() {
 }
 
 void frmOrder::Form_Load() {
+    const Program::Doing doing(program(), "opening the estimate screen");
     connectControls();
     placeNotes();
+    if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
     setHelpContext(12);
     ui().TxtDate->setValue(program().host().today());
@@ -242,6 +243,7 @@ void frmOrder::CmdNewCust_Click() {
 }
 
 void frmOrder::CmdSave_Click() {
+    const Program::Doing doing(program(), "saving the estimate");
     Order().SStreet1 = ui().TxtSstreet1->Text();
     Order().SStreet2 = ui().TxtSstreet2->Text();
     Order().SCity = ui().TxtScity->Text();
@@ -340,6 +342,7 @@ void frmOrder::askMasterPrice(const TextBox& box, PricePart part, std::string_vi
     if (pricedEntry_ < 0) return;
     if (box.Text() == pricePart(ui().cmbPrices->List(pricedEntry_), part)) return;
     if (!program().confirm(prompt, "Change master file price?")) return;
+    const Program::Doing doing(program(), "writing the price to the catalogue");
     ClsItem master(program().environment());
     (master.*update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
     program().check();
@@ -381,6 +384,7 @@ void frmOrder::cmdAdd_Click() {
         program().say("Please enter Quanttity", boxTitle);
         return;
     }
+    const Program::Doing doing(program(), "adding the line");
     CurrentItemId = ui().cmbItems->ItemData();
     if (alreadyAdded(CurrentItemId, 0)) return;
     const LineAmounts amounts = lineAmounts(panel());
@@ -445,6 +449,7 @@ void frmOrder::cmdEditApply_Click() {
         program().say("Please enter Quanttity", boxTitle);
         return;
     }
+    const Program::Doing doing(program(), "changing the line");
     if (alreadyAdded(CurrentItemId, EditLineIndex)) return;
     CurrentItemId = ui().cmbItems->ItemData();
     strictInt32(ui().TxtQty->Text());  // only its failure matters

@@ -27,6 +27,11 @@ public:
     ~frmOrder() override;
     // The customer list in its select mode hands its pick back to this screen, so it is given after both are made.
     void setCustomerList(frmCustomer& list) { customerList_ = &list; }
+    // The prompt that may have led here, closed when this screen loads, and the item sheet that opens from here.
+    void setCompanions(Form& numberPrompt, Form& itemSheet) {
+        numberPrompt_ = &numberPrompt;
+        itemSheet_ = &itemSheet;
+    }
 
     // The mode, set before the screen is shown: "A" new estimate, "E" existing one, "D" shown for deletion.
     std::string AddOrDelete;
@@ -94,9 +99,12 @@ private:
     void cmdCopy_Click();
     void Command2_Click();
     void Command7_Click();
+    void cmdItemList_Click();
 
     std::function<void(std::int32_t)> showProposal_;
     frmCustomer* customerList_ = nullptr;
+    Form* numberPrompt_ = nullptr;
+    Form* itemSheet_ = nullptr;
     std::unique_ptr<ClsOrder> order_;
     std::unique_ptr<ClsCustomer> customer_;
     std::unique_ptr<clsCategory> category_;

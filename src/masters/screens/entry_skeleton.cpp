@@ -22,6 +22,7 @@ void EntrySkeleton::openByMode(const std::string& which, std::initializer_list<Q
 }
 
 void EntrySkeleton::CmdSave_Click() {
+    const Program::Doing doing(form().program(), "saving the record");
     copyToRecord();
     if (!validateRecord()) {
         form().program().say("Please enter Valid Data", "Inventory");

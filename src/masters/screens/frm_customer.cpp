@@ -144,6 +144,7 @@ void frmCustomer::cmdDel_Click() {
 }
 
 void frmCustomer::CmdSelect_Click() {
+    const Program::Doing doing(program(), "taking the selected customer");
     const std::int32_t key = strictInt32(selectedKey());
     pick_.takeCustomer(key, selectedName());
     Unload();

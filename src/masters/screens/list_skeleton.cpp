@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-void ListSkeleton::loadList(std::string_view sortField) {
+void ListSkeleton::loadList(std::string_view sortField, int iconColumn) {
     Page = 1;
     PageCount = 0;
     FldName = sortField;
@@ -20,7 +20,7 @@ void ListSkeleton::loadList(std::string_view sortField) {
         mode.button->setVisible(mode.which == Which);
         if (mode.which == Which) form().setCaption(mode.caption);
     }
-    controls().list->setColumnIcon(1, ReportList::Icon::Down);
+    controls().list->setColumnIcon(iconColumn, ReportList::Icon::Down);
 }
 
 void ListSkeleton::enablePaging() {
@@ -36,6 +36,7 @@ void ListSkeleton::showRows(const std::optional<RowArray>& rows) {
 }
 
 void ListSkeleton::RefreshGrid() {
+    const Program::Doing doing(form().program(), "reading the list");
     controls().list->ClearRows();
     const auto rows = readAllRows();
     Searched = "All";
@@ -45,6 +46,7 @@ void ListSkeleton::RefreshGrid() {
 }
 
 void ListSkeleton::SearchItem() {
+    const Program::Doing doing(form().program(), "searching");
     const auto rows = readSearchedRows();
     Searched = "Searched";
     enablePaging();

@@ -59,14 +59,15 @@ protected:
     virtual std::int16_t pageSize() = 0;
     virtual std::int16_t recordCount() = 0;
     // Nothing was found: `offerToAdd` is asked (Yes/No) in place of `told` where adding is the mode.
-    virtual bool searchedByName() = 0;
-    virtual std::string_view offerToAdd() const = 0;
+    virtual bool searchedByName() { return false; }
+    virtual std::string_view offerToAdd() const { return {}; }
     virtual std::string_view notFound() const = 0;
-    virtual void cmdAdd_Click() = 0;
+    virtual void cmdAdd_Click() {}
 
     // --- What it gets ------------------------------------------------------------------------------------------------
-    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode.
-    void loadList(std::string_view sortField);
+    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The icon of the order
+    // stands on `iconColumn`, whatever the real order is.
+    void loadList(std::string_view sortField, int iconColumn = 1);
     // The common steps of cmdSearch, once the screen has set what to search for.
     void startSearch();
     void SearchItem();

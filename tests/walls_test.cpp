@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+using Rooms = std::set<std::string>;
+
+// Which rooms a room may include from, itself aside. Each is also what it may link.
+const std::map<std::string, Rooms> allowed = {
+    {"values", {}},
+    {"host", {"values"}},
+    {"datastore", {"values", "host"}},
+    {"masters", {"values", "host", "datastore"}},
+    {"estimates", {"values", "host", "datastore", "masters"}},
+    {"reports", {"values", "host", "datastore"}},
+    {"calculators", {"values"}},
+    {"platform", {"values", "host", "datastore"}},
+    {"assistant", {"values", "host", "platform"}},
+    {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
+    {"reports/screens", {"values", "host", "datastore", "reports", "platform"}},
+    {"estimates/screens",
+     {"values", "host", "datastore", "masters", "estimates", "platform", "masters/screens", "reports/screens"}},
+    {"shell",
+     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "masters/screens",
+      "estimates/screens", "reports/screens"}},
+};
+const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports",
+                              "calculators"};
+
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
+
+TEST(Walls, NoIncludeClimbs) {
+    const std::filesystem::path source = TORVANE_SOURCE;
+    const std::regex own("^#include \"([^\"]+)\".*");
+    const std::regex system("^#include <(Q[^>]*|sqlite3[^>]*)>.*");
+    int files = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(source)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".cpp" && extension != ".h") continue;
+        const std::string name = std::filesystem::relative(entry.path(), source).generic_string();
+        if (name.find('/') == std::string::npos) continue;  // main.cpp, which puts all together
+        ++files;
+        const std::string room = folderOf(name);
+        ASSERT_TRUE(allowed.contains(room)) << "a room that the table does not know: " << room;
+        std::ifstream file(entry.path());
+        std::smatch match;
+        for (std::string line; std::getline(file, line);) {
+            if (std::regex_match(line, match, own) && match[1].str().find('/') != std::string::npos) {
+                const std::string other = folderOf(match[1]);
+                EXPECT_TRUE(other == room || allowed.at(room).contains(other)) << name << " includes " << match[1];
+            } else if (std::regex_match(line, match, system)) {
+                const std::string header = match[1];
+                if (header.starts_with("Q"))
+                    EXPECT_FALSE(belowTheQtLine.contains(room)) << name << " includes " << header;
+                else
+                    EXPECT_TRUE(room == "datastore" && extension == ".cpp") << name << " includes " << header;
+            }
+        }
+    }
+    EXPECT_GT(files, 50) << "the sources were not found";
+}
+
+}  // namespace
