@@ -123,7 +123,7 @@ TEST_F(CustomersTest, EditedByButtonAndByDoubleClick) {
                     go(form, "TxtBcity=Bend; CmdCancel");
                 });
     EXPECT_EQ(which() + rows(window)[0], "E" + ann);
-    inEntryForm([&] { doubleClickRow(list(window), 1); },
+    inEntryForm([&] { doubleClickRow(window, 1); },
                 [&](QWidget& form) {
                     EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
                     EXPECT_EQ(text(form, "CmbBState"), "Alabama") << "a state that is none shows the first one";
@@ -145,7 +145,7 @@ TEST_F(CustomersTest, DoubleClickFromAddAndDeleteOnlyShows) {
     for (const std::string mode : {"D", "A"}) {
         SCOPED_TRACE(mode);
         QWidget& window = customers(mode);
-        inEntryForm([&] { doubleClickRow(list(window), 0); },
+        inEntryForm([&] { doubleClickRow(window, 0); },
                     [&](QWidget& form) {
                         EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}), "CmdCancel");
                         EXPECT_EQ(enabled(form, entryStates), "");
@@ -217,7 +217,7 @@ TEST_F(CustomersTest, SearchesByTheBeginningInTheChosenColumn) {
     }
     // A double click leaves the list as it was searched, the button shows all.
     go(window, "OptName; txtCustName=Bob; cmdSearch");
-    inEntryForm([&] { doubleClickRow(list(window), 0); }, [&](QWidget& form) { go(form, "CmdCancel"); });
+    inEntryForm([&] { doubleClickRow(window, 0); }, [&](QWidget& form) { go(form, "CmdCancel"); });
     EXPECT_EQ(rows(window), Texts{bob});
     inEntryForm([&] { go(window, "CmdEdit"); }, [&](QWidget& form) { go(form, "CmdCancel"); });
     EXPECT_EQ(rows(window), (Texts{ann, bob}));
@@ -234,7 +234,7 @@ TEST_F(CustomersTest, NothingFoundWhileAddingOffersToAdd) {
         },
         [&](QWidget& form) {
             EXPECT_EQ(text(form, "TxtCname"), "Zoe");
-            click(find<QWidget>(form, "cmdOk"));
+            click(form, "cmdOk");
         });
     EXPECT_EQ(rows(window).size(), 3U);
     EXPECT_EQ(names().back(), "Zoe");

@@ -55,7 +55,7 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
 
     const TestHost::Box invalid = ok("Please enter Valid Data");
     go(order, "CmdSave", {ok("Select Customer ", "Estimate"), invalid});
-    pickCustomer(order, [](QWidget& customers) { doubleClickRow(list(customers), 0); });
+    pickCustomer(order, [](QWidget& customers) { doubleClickRow(customers, 0); });
     EXPECT_EQ(texts(order, address), annsAddress);
     go(order, "CmdSave", {ok("No Items Selected", "Estimate"), invalid});
     EXPECT_EQ(texts(order, totals), "0|0|0|0");
@@ -68,7 +68,7 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     EXPECT_EQ(rows(order),
               (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
     EXPECT_EQ(list(order).SelectedRow(), 0) << "a row that is added is not selected";
-    doubleClickRow(list(order), 0);
+    doubleClickRow(order, 0);
     EXPECT_EQ(texts(order, panel), "Deck|3|Each|Joist|10|4|5|6|45") << "the row's quantity, not the item's";
     go(order, "cmdEditCanc");
     go(order, "txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake");
@@ -105,7 +105,7 @@ TEST_F(EstimateTest, CustomerComesFromTheListsSelectMode) {
     QWidget& order = newEstimate();
     for (const Row& row : {
              Row{"closed with nothing picked", [](QWidget& customers) { closeBox(customers); }, "||||Alabama|||||"},
-             Row{"double click", [](QWidget& customers) { doubleClickRow(list(customers), 0); }, annsAddress},
+             Row{"double click", [](QWidget& customers) { doubleClickRow(customers, 0); }, annsAddress},
              // Where the new customer's state is none, that of the one before stays.
              Row{"button", [this](QWidget& customers) { clickRow(list(customers), 1), go(customers, "CmdSelect"); },
                  "Bob Ray|||Troy|Oregon|||777-1||"},
@@ -125,7 +125,7 @@ TEST_F(EstimateTest, CustomerComesFromTheListsSelectMode) {
     order.activateWindow();
     pickCustomer(order, [](QWidget& customers) {
         EXPECT_EQ(visible(customers, {"cmdAdd", "CmdSelect"}), "cmdAdd");
-        doubleClickRow(list(customers), 1);
+        doubleClickRow(customers, 1);
     });
     EXPECT_EQ(text(order, "TxtCustomer"), "Bob Ray");
     EXPECT_FALSE(screens->customer.loaded());
@@ -157,7 +157,7 @@ TEST_F(EstimateTest, BoxesTakeWhatMayBeTypedAndAllThatIsPasted) {
         find<TextBox>(order, box).setText("");
         type(find<QWidget>(order, box), "-1a2. ,5.x0");
         EXPECT_EQ(text(order, box), "12.5.0");
-        pasteInto(find<QWidget>(order, box), "-1e2 $");
+        paste(order, box, "-1e2 $");
         EXPECT_EQ(text(order, box), "-1e2 $");
         for (const PriceBox& one : priceBoxes)
             if (one.box == std::string_view(box)) host.expect(one.question(Answer::No));
@@ -233,7 +233,7 @@ TEST_F(EstimateTest, OpenedToEdit) {
 TEST_F(EstimateTest, AnEditedLineIsAppliedOrDropped) {
     const Names adding{"cmdAdd", "cmdEditApply", "cmdEditCanc"};
     QWidget& order = openEstimate("E", 3);
-    doubleClickRow(list(order), 0);
+    doubleClickRow(order, 0);
     EXPECT_EQ(texts(order, panel), "Deck|2|Each|Joist|12.5|4|5|0|34");
     EXPECT_EQ(visible(order, modeButtons), "cmdEditApply cmdEditCanc CmdEdit cmdDel CmdSelCust CmdNewCust CmdSave");
     // The unit price that was computed back is compared with the master price of the item.
@@ -288,7 +288,7 @@ TEST_F(EstimateTest, WhatApplyingChecksAndKeeps) {
             "delete from OrderItem where OrderNo = 3; insert into OrderItem values (3,1,2.5,25,2,1,5,4,0),"
             "(3,3,100,50,3,2,0,20,1.25),(3,1,1,1,1,2,0,0,0)");
         QWidget& order = openEstimate("E", 3);
-        doubleClickRow(list(order), 0);
+        doubleClickRow(order, 0);
         go(order, row.steps, row.boxes);
         EXPECT_EQ(rows(order)[0], row.firstRow);
         go(order, "CmdSave", {saved});
@@ -301,7 +301,7 @@ TEST_F(EstimateTest, OpenedToDelete) {
     QWidget& order = openEstimate("D", 3);
     EXPECT_EQ(utf8(order.windowTitle()), "Delete Estimate");
     EXPECT_EQ(visible(order, modeButtons), "CmdDeleteOrder");
-    doubleClickRow(list(order), 1);
+    doubleClickRow(order, 1);
     EXPECT_EQ(visible(order, modeButtons), "cmdEditApply cmdEditCanc CmdDeleteOrder");
     go(order, "txtLabor=30; TxtQty=50; cmdEditApply", {keepLabor});
     EXPECT_EQ(visible(order, modeButtons), "cmdAdd CmdDeleteOrder");
@@ -371,9 +371,9 @@ TEST_F(EstimateTest, ALineShowsWhatItsMastersLeave) {
     }
     // No line has the room and unit of the second row: the edit stays on the line of the edit before.
     QWidget& order = openEstimate("E", 3);
-    doubleClickRow(list(order), 0);
+    doubleClickRow(order, 0);
     go(order, "cmdEditCanc");
-    doubleClickRow(list(order), 1);
+    doubleClickRow(order, 1);
     EXPECT_EQ(text(order, "cmbItems"), "Joist");
     go(order, "txtLabor=21; cmdEditApply; CmdSave", {keepLabor, saved});
     EXPECT_EQ(lines(3), (Texts{"1|100.0|50.0|2|1|0.0|21.0|1.25", "3|100.0|50.0|3|2|0.0|20.0|1.25"}));

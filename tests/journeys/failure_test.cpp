@@ -26,10 +26,10 @@ TEST_P(EndingTest, InTheRunTimeErrorBox) {
     data.execute(row.before);
     const std::string_view opened = row.opened;
     if (opened == "add") {
-        whenModal([](QWidget& form) { click(find<QWidget>(form, "cmdOk")); });
+        whenModal([](QWidget& form) { click(form, "cmdOk"); });
         go(customers("A"), row.steps);
     } else if (opened == "select") {
-        whenModal([](QWidget& top) { click(find<QWidget>(top, "CmdSelect")); });
+        whenModal([](QWidget& top) { click(top, "CmdSelect"); });
         go(newEstimate(), row.steps);
     } else if (opened == "find") {
         go(customers("E"), row.steps);

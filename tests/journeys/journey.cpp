@@ -55,12 +55,13 @@ void clear(QWidget& box) {
 
 void step(const QWidget& in, std::string_view what) {
     const auto mark = what.find('=');
-    auto& control = find<QWidget>(in, what.substr(0, mark));
-    if (mark == std::string_view::npos) return click(control);
-    const std::string_view value = what.substr(mark + 1);
-    if (auto* choices = qobject_cast<DropList*>(&control)) return pickInList(*choices, value);
-    clear(control);
-    type(control, value);
+    const std::string_view name = what.substr(0, mark);
+    if (mark == std::string_view::npos)
+        click(in, name);
+    else if (in.findChild<DropList*>(qstring(name)))
+        pick(in, name, what.substr(mark + 1));
+    else
+        enter(in, name, what.substr(mark + 1));
 }
 
 }  // namespace
@@ -102,10 +103,29 @@ Texts rows(const QWidget& in) {
     return all;
 }
 
-void pasteInto(QWidget& box, std::string_view text) {
-    clear(box);
+void click(const QWidget& in, std::string_view control) {
+    click(find<QWidget>(in, control));
+}
+
+void doubleClickRow(const QWidget& in, int row) {
+    doubleClickRow(list(in), row);
+}
+
+void enter(const QWidget& in, std::string_view box, std::string_view text) {
+    auto& control = find<QWidget>(in, box);
+    clear(control);
+    type(control, text);
+}
+
+void paste(const QWidget& in, std::string_view box, std::string_view text) {
+    auto& control = find<QWidget>(in, box);
+    clear(control);
     QApplication::clipboard()->setText(qstring(text));
-    key(box, Qt::Key_V, Qt::ControlModifier);
+    key(control, Qt::Key_V, Qt::ControlModifier);
+}
+
+void pick(const QWidget& in, std::string_view name, std::string_view entry) {
+    pickInList(find<DropList>(in, name), entry);
 }
 
 QWidget* standing(std::string_view name) {

@@ -26,7 +26,13 @@ std::string enabled(const QWidget& in, const Names& controls);
 // The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
 ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
-void pasteInto(QWidget& box, std::string_view text);
+// Single steps of a user by the names of the controls; see JourneyTest::go for several.
+void click(const QWidget& in, std::string_view control);
+void doubleClickRow(const QWidget& in, int row);
+// Replaces the text of a box by typing, or by pasting.
+void enter(const QWidget& in, std::string_view box, std::string_view text);
+void paste(const QWidget& in, std::string_view box, std::string_view text);
+void pick(const QWidget& in, std::string_view list, std::string_view entry);
 // A visible top-level window with this name; null when there is none.
 QWidget* standing(std::string_view window);
 
@@ -49,7 +55,8 @@ protected:
     // Starts the program as main() does, with an assistant that notes what it is asked for.
     void start(bool previousInstance = false, LoadAssistant loadAssistant = {});
     std::unique_ptr<Assistant> recordingAssistant();
-    void choose(std::string_view entry) { trigger(find<QAction>(screens->mainMenu, entry)); }
+    QAction& entry(std::string_view name) { return find<QAction>(screens->mainMenu, name); }
+    void choose(std::string_view entryName) { trigger(entry(entryName)); }
 
     // A user's way through a window, steps separated by "; ". "name" clicks a control, "name=value" replaces the text
     // of a box by typing, or picks an entry of a list. Just these boxes come on the way.

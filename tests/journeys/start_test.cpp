@@ -113,7 +113,7 @@ TEST_F(StartTest, EachEntryOpensItsScreenOrSaysThatItIsNotThereYet) {
     const std::map<std::string_view, const char*> opens{
         {"SubMnuAddCust", "frmCustomer"}, {"SubMnuEditCust", "frmCustomer"}, {"SubMnuDelCust", "frmCustomer"},
         {"mnuNewEstimate", "frmOrder"},   {"mnuEditEstimate", "frmOrders"},  {"mnuDelEstimate", "FrmOrderNo"},
-        {"mnuBlank", "frmBlank"},         {"mnusalesrpt", "frmRptOrders"}, {"mnucustrpt", "DataReport2"}};
+        {"mnuBlank", "frmBlank"},         {"mnusalesrpt", "frmRptOrders"},   {"mnucustrpt", "DataReport2"}};
     const std::set<std::string_view> others{"mnuExport", "mnuImport", "mnuClose", "mnuExit"};
     for (const MenuEntry& one : menuTree()) {
         auto& action = find<QAction>(screens->mainMenu, one.name);
