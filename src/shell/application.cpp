@@ -7,7 +7,11 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
     : reports(program),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
       customer(program, order),
-      mainMenu(program, Screens{order, customer}, files, previousInstance, std::move(loadAssistant)) {
+      category(program),
+      item(program, category),
+      master(program),
+      mainMenu(program, Screens{order, customer, category, item, master}, files, previousInstance,
+               std::move(loadAssistant)) {
     order.setCustomerList(customer);
 }
 

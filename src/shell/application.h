@@ -6,7 +6,10 @@
 
 #include "datastore/file_copy.h"
 #include "estimates/screens/frm_order.h"
+#include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
+#include "masters/screens/frm_item.h"
+#include "masters/screens/frm_master.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
 #include "shell/frm_main_menu.h"
@@ -21,6 +24,9 @@ struct Application {
     DataReports reports;
     frmOrder order;
     frmCustomer customer;
+    frmCategory category;
+    frmItem item;
+    frmMaster master;
     frmMainMenu mainMenu;
 };
 

@@ -16,17 +16,23 @@ class QMenuBar;
 namespace torvane {
 
 class FileSystem;
+class frmCategory;
 class frmCustomer;
+class frmItem;
+class frmMaster;
 class frmOrder;
 
 // The screens that the main window opens.
 struct Screens {
     frmOrder& order;
     frmCustomer& customer;
+    frmCategory& category;
+    frmItem& item;
+    frmMaster& master;
 };
 
-// The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program and
-// holds what other objects take from it: the assistant, and the place of windows.
+// The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program
+// and holds what other objects take from it: the assistant, and the place of windows.
 class frmMainMenu : public Form {
 public:
     // `previousInstance`: another copy of the program runs on the same folder. `loadAssistant` brings the assistant to

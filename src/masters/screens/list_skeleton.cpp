@@ -1,8 +1,8 @@
 #include "masters/screens/list_skeleton.h"
 
 #include <QLabel>
+#include <QMenu>
 
-#include "platform/form.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -81,15 +81,18 @@ void ListSkeleton::refill() {
 void ListSkeleton::startSearch() {
     Page = 1;
     SearchItem();
+    enableSearch();
+    controls().search->selectAll();
+}
+
+void ListSkeleton::enableSearch() {
     controls().search->setEnabled(true);
     controls().search->setFocus();
-    controls().search->selectAll();
 }
 
 void ListSkeleton::CmdAll_Click() {
     RefreshGrid();
-    controls().search->setEnabled(true);
-    controls().search->setFocus();
+    enableSearch();
 }
 
 void ListSkeleton::CmdNext_Click() {
@@ -115,8 +118,54 @@ void ListSkeleton::sortBy(int column) {
     list.setColumnIcon(column, list.ascending ? ReportList::Icon::Up : ReportList::Icon::Down);
 }
 
-void ListSkeleton::enterDoubleClickMode() {
+void ListSkeleton::cmdCopy_Click() {
+    Which = "C";
+    AddEditDel() = "A";
+    showEntryForm(selectedKey16(), "A");
+    RefreshGrid();
+}
+
+void ListSkeleton::CmdEdit_Click() {
+    if (!hasRows()) return;
+    showEntryForm(selectedKey16(), "E");
+    RefreshGrid();
+}
+
+void ListSkeleton::ListView1_DblClick() {
+    if (!hasRows()) return;
     if (Which == "A" || Which == "D" || Which == "E") Which += 'E';
+    showEntryForm(selectedKey16(), "E");
+    refill();
+}
+
+void ListSkeleton::cmdDel_Click() {
+    if (!hasRows()) return;
+    Program& program = form().program();
+    const std::int16_t key = selectedKey16();
+    if (program.confirm("Are you sure you want to Delete ' " + selectedName() + " '", "Inventory")) {
+        AddEditDel() = "D";
+        deleteRecord(key);
+        program.say("Deleted", defaultTitle);
+    }
+    RefreshGrid();
+    controls().search->setText("");
+    enableSearch();
+}
+
+QMenu& ListSkeleton::addRelatedMenu(std::initializer_list<RelatedEntry> entries) {
+    auto* menu = new QMenu(&form().window());
+    menu->setObjectName(QStringLiteral("mnuRel"));
+    for (const RelatedEntry& entry : entries) {
+        QAction* action = menu->addAction(QLatin1String(entry.caption));
+        action->setObjectName(QLatin1String(entry.name));
+        if (entry.opens.empty()) continue;
+        on(form(), action, &QAction::triggered, [this, opens = entry.opens] {
+            const std::string what = "opening the window \"" + std::string(opens) + selectedName() + "\"";
+            const Program::Doing doing(form().program(), what);
+            fail(Failure::ObjectNotSet);
+        });
+    }
+    return *menu;
 }
 
 int ListSkeleton::selectedRow() {
@@ -125,8 +174,16 @@ int ListSkeleton::selectedRow() {
     return row;
 }
 
-std::string ListSkeleton::selectedKey() { return controls().list->Cell(selectedRow(), 0); }
+std::string ListSkeleton::selectedKey() {
+    return controls().list->Cell(selectedRow(), 0);
+}
 
-std::string ListSkeleton::selectedName() { return controls().list->Cell(selectedRow(), 1); }
+std::int16_t ListSkeleton::selectedKey16() {
+    return strictInt16(selectedKey());
+}
+
+std::string ListSkeleton::selectedName() {
+    return controls().list->Cell(selectedRow(), 1);
+}
 
 }  // namespace torvane
