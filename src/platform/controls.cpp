@@ -198,15 +198,17 @@ protected:
     }
 };
 
-// All three are of one size, or the captions would jump from one to the other.
+// All three are of one size, or the captions would jump from one to the other; narrow, since captions need the room.
 QIcon headerIcon(const QWidget& list, ReportList::Icon icon) {
     const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list);
+    const int width = side * 5 / 8;
     const qreal ratio = list.devicePixelRatioF();
-    QPixmap pixmap(QSize(side, side) * ratio);
+    QPixmap pixmap(QSize(width, side) * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     if (icon != ReportList::Icon::Blank) {
         const qreal middle = side / 2.0;
+        const qreal across = width / 2.0;
         const qreal reach = side * 0.3;
         const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
         QPainter painter(&pixmap);
@@ -214,7 +216,7 @@ QIcon headerIcon(const QWidget& list, ReportList::Icon icon) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(list.palette().color(QPalette::ButtonText));
         painter.drawPolygon(QPolygonF(
-            {{middle - reach, middle - tip / 2}, {middle + reach, middle - tip / 2}, {middle, middle + tip / 2}}));
+            {{across - reach, middle - tip / 2}, {across + reach, middle - tip / 2}, {across, middle + tip / 2}}));
     }
     return QIcon(pixmap);
 }
@@ -231,6 +233,7 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
+    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionsClickable(true);
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
 }
@@ -327,10 +330,12 @@ void ReportList::setRow(int row, const std::vector<std::string>& texts) {
 void ReportList::setColumnIcon(int column, Icon icon) {
     requireColumn(column);
     icons_[static_cast<std::size_t>(column)] = icon;
-    if (headerItem()->icon(column).isNull())
-        for (int other = 0; other < columnCount(); ++other)
-            headerItem()->setIcon(other, headerIcon(*this, Icon::Blank));
-    headerItem()->setIcon(column, headerIcon(*this, icon));
+    for (int each = 0; each < columnCount(); ++each) {
+        // A caption at the right stays where it is without an icon of no picture.
+        const bool blank = columnIcon(each) == Icon::Blank;
+        const bool right = headerItem()->textAlignment(each) & Qt::AlignRight;
+        headerItem()->setIcon(each, blank && right ? QIcon() : headerIcon(*this, columnIcon(each)));
+    }
 }
 
 ReportList::Icon ReportList::columnIcon(int column) const {

@@ -97,7 +97,7 @@ Assistant& Program::Merlin() const {
 void Program::speakHelp(std::string_view text) {
     if (mainWindowHasGone_) return;
     Merlin().Show();
-    Merlin().Speak(text);
+    if (!text.empty()) Merlin().Speak(text);
 }
 
 void Program::setMainWindow(QWidget* window) {
