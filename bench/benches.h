@@ -1,10 +1,18 @@
 #pragma once
 
-#include <string>
-
 namespace torvane::bench {
 
-// Each prints its lines by way of compare(). `folder` is an empty temporary one.
-void datastore(const std::string& folder);
+class Sample;
+
+// Each prints its lines.
+
+// Pages of the lists, as the records read them.
+void lists(Sample& sample);
+// Storing and loading an estimate of 1,000 lines.
+void estimates(Sample& sample);
+// The estimate screen on such an estimate and on the largest catalogue.
+void screens(Sample& sample);
+// From the start of the process to the painted main window.
+void start(const Sample& sample);
 
 }  // namespace torvane::bench

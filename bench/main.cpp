@@ -1,3 +1,4 @@
+#include <QtGlobal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -5,21 +6,35 @@
 #include <string>
 
 #include "benches.h"
+#include "platform/application.h"
+#include "sample.h"
+#include "shell/pictures_init.h"
 
-int main() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "torvane-bench-XXXXXX").string();
-    const char* made = mkdtemp(pattern.data());
-    if (made == nullptr) {
+// Prints one line per measurement. Status 1 only when something could not be measured: on a busy machine a ratio may
+// miss its limit by chance.
+int main(int argc, char** argv) {
+    using namespace torvane;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const TorvaneApplication application(argc, argv);
+    initPictures();
+
+    std::string folder = (std::filesystem::temp_directory_path() / "torvane-bench-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) {
         std::puts("no temporary folder");
-        return 0;
+        return 1;
     }
-    const std::filesystem::path folder = made;
+    int status = 0;
     try {
-        torvane::bench::datastore(folder.string());
+        bench::Sample sample(folder);
+        bench::lists(sample);
+        bench::estimates(sample);
+        bench::screens(sample);
+        bench::start(sample);
     } catch (const std::exception& failure) {
         std::printf("stopped: %s\n", failure.what());
+        status = 1;
     }
     std::error_code ignored;
     std::filesystem::remove_all(folder, ignored);
-    return 0;
+    return status;
 }

@@ -1,0 +1,116 @@
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "benches.h"
+#include "estimates/cls_order.h"
+#include "harness.h"
+#include "masters/cls_category.h"
+#include "masters/cls_customer.h"
+#include "masters/cls_item.h"
+#include "sample.h"
+
+// A page of each list by its record, against the count and the 15 rows of the same statement through SQLite alone.
+
+namespace torvane::bench {
+
+namespace {
+
+constexpr double limit = 1.3;
+constexpr long pageSize = 15;
+
+struct NoScreen : EstimateScreen {
+    std::string mode;
+    const std::string& estimateMode() const override { return mode; }
+    void showEstimate() override {}
+};
+
+struct ListCase {
+    const char* name;
+    std::function<void(long page, long& pageCount)> read;
+    std::string statement;
+    std::string order;
+};
+
+void comparePages(const ListCase& list, Raw& raw) {
+    long PageCount = 0;
+    list.read(1, PageCount);
+    const struct {
+        const char* name;
+        long page;
+    } places[] = {{"page 1", 1}, {"middle", PageCount / 2}, {"last", PageCount}};
+    const std::string count = "select count(*) from (" + list.statement + ")";
+    for (const auto& place : places) {
+        const std::string page = list.statement + " order by " + list.order + ", 1 limit 15 offset " +
+                                 std::to_string((place.page - 1) * pageSize);
+        compare((std::string(list.name) + ", " + place.name).c_str(), limit, [&] { list.read(place.page, PageCount); },
+                [&] {
+                    raw.read(page);
+                    raw.read(count);
+                });
+    }
+}
+
+}  // namespace
+
+void lists(Sample& sample) {
+    ClsItem item(sample.environment);
+    item.SearchFld = "All";
+    item.SearchVal = "Item 1";
+    clsCategory category(sample.environment);
+    ClsCustomer customer(sample.environment);
+    customer.SearchFld = "All";
+    customer.SearchVal = "C";
+    NoScreen screen;
+    ClsOrder order(sample.environment, screen);
+    order.SearchFld = "orderno";
+
+    const std::string items =
+        "SELECT Item.ItemID,Item.ItemName,Category.CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
+        "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id";
+    const std::string foundItems =
+        "SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName, "
+        "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID "
+        "= Category.CatId and Item.UnitId=Units.Id and  (ItemName like 'Item 1%' or CatName like 'Item 1%') ";
+    const std::string customers = "Select CustId,CustName,BCity,BPhone,BEmail,BCCNo  from Customer";
+    const std::string foundCustomers =
+        customers +
+        "  where CustName like 'C%' or BCity like 'C%'  or BPhone like 'C%' or BEmail like 'C%'  or "
+        "BCCNo like 'C%' ";
+    const std::string orders =
+        "SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
+        "Orderinfo.upstracking,orderinfo.total,orderinfo.overhead,orderinfo.tax FROM orderinfo left join customer  on "
+        "orderinfo.custid = customer.custid where  orderno like '%%'";
+
+    const auto itemsBy = [&](const char* field) {
+        return [&item, field](long page, long& pages) { item.GetAllItemsN(page, pages, field, "A"); };
+    };
+    const auto categoriesBy = [&](const char* field) {
+        return [&category, field](long page, long& pages) { category.GetAllCategories(page, pages, field, "A"); };
+    };
+    const auto customersBy = [&](const char* field) {
+        return [&customer, field](long page, long& pages) { customer.GetAllCustomers(page, pages, field, "A"); };
+    };
+    const auto ordersBy = [&](const char* field) {
+        return [&order, field](long page, long& pages) { order.GetSearchOrders(page, pages, field, "A"); };
+    };
+    const ListCase cases[] = {
+        {"items by name", itemsBy("ItemName"), items, "ItemName"},
+        {"items by category", itemsBy("CatName"), items, "CatName"},
+        {"items by price", itemsBy("Material"), items, "Material"},
+        {"items by code", itemsBy("ItemCode"), items, "Val(itemcode),itemcode"},
+        {"items found", [&](long page, long& pages) { item.GetSearchItems(page, pages, "ItemName", "A"); }, foundItems,
+         "ItemName"},
+        {"categories by name", categoriesBy("CatName"), "Select * from Categories ", "CatName"},
+        {"categories by items", categoriesBy("totitm"), "Select * from Categories ", "totitm"},
+        {"customers by name", customersBy("CustName"), customers, "CustName"},
+        {"customers by city", customersBy("BCity"), customers, "BCity"},
+        {"customers found", [&](long page, long& pages) { customer.GetSearchCustomers(page, pages, "CustName", "A"); },
+         foundCustomers, "CustName"},
+        {"estimates by number", ordersBy("orderno"), orders, "orderno"},
+        {"estimates by customer", ordersBy("CustName"), orders, "CustName"},
+    };
+    for (const ListCase& list : cases) comparePages(list, sample.raw);
+}
+
+}  // namespace torvane::bench
