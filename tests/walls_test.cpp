@@ -19,6 +19,7 @@ const std::map<std::string, Rooms> allowed = {
     {"masters", {"values", "host", "datastore"}},
     {"estimates", {"values", "host", "datastore", "masters"}},
     {"reports", {"values", "host", "datastore"}},
+    {"calculators", {"values"}},
     {"platform", {"values", "host", "datastore"}},
     {"assistant", {"values", "host", "platform"}},
     {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
@@ -29,7 +30,8 @@ const std::map<std::string, Rooms> allowed = {
      {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "masters/screens",
       "estimates/screens", "reports/screens"}},
 };
-const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports"};
+const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports",
+                              "calculators"};
 
 std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
 

@@ -61,7 +61,8 @@ void Narrator::sendAway() {
 void Narrator::request(Request request) {
     waiting_.push_back(std::move(request));
     // Idling is interrupted; anything else goes on to its end and then looks for what waits.
-    if (doing_ == Doing::Nothing || doing_ == Doing::Idling) tickSoon(milliseconds(0));
+    if (doing_ == Doing::Nothing) tickSoon(leadIn);
+    if (doing_ == Doing::Idling) tickSoon(milliseconds(0));
 }
 
 void Narrator::carryOut(const ShowRequest&) {

@@ -49,6 +49,8 @@ public:
 
     bool textShown() const { return doing_ == Doing::Speaking; }
 
+    // The pause before a character that is away does anything: the window that calls it is to be painted first.
+    static constexpr std::chrono::milliseconds leadIn{40};
     // How long a text stays, and for how long of that the mouth moves.
     static std::chrono::milliseconds readingTime(std::string_view text);
     static std::chrono::milliseconds talkingTime(std::string_view text);

@@ -134,4 +134,12 @@ std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std:
     return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
 }
 
+std::optional<RowArray> ClsItem::GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc) {
+    long PageCount = 0;
+    return readPageOrAll(
+        "SELECT Item.ItemID,Item.ItemName,Item.CategoryId FROM Item,Category,Units  where  Item.CategoryID = "
+        "Category.CatId and Item.UnitId=Units.Id",
+        -1, PageCount, FldName, AscOrDesc);
+}
+
 }  // namespace torvane

@@ -68,6 +68,10 @@ public:
     std::optional<RowArray> GetSearchItems(long Page, long& PageCount, std::string_view FldName,
                                            std::string_view AscOrDesc);
 
+    // Key, name and category key of every item that the lists show, sorted by a column; what GetSearchItems with
+    // SearchFld "Categoryid" gives for all categories at once.
+    std::optional<RowArray> GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc);
+
 private:
     void updatePrice(std::string_view column, std::string_view spoken, std::int32_t itmid, std::string_view prc);
 };

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QListView>
@@ -11,6 +12,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
 #include "platform/form_window.h"
@@ -198,25 +200,23 @@ protected:
     }
 };
 
-// All three are of one size, or the captions would jump from one to the other; narrow, since captions need the room.
-QIcon headerIcon(const QWidget& list, ReportList::Icon icon) {
-    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list);
-    const int width = side * 5 / 8;
+// All three are of one size, or the captions would jump from one to the other.
+QIcon headerIcon(const ReportList& list, ReportList::Icon icon) {
+    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, list.header());
     const qreal ratio = list.devicePixelRatioF();
-    QPixmap pixmap(QSize(width, side) * ratio);
+    QPixmap pixmap(QSize(side, side) * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     if (icon != ReportList::Icon::Blank) {
         const qreal middle = side / 2.0;
-        const qreal across = width / 2.0;
-        const qreal reach = side * 0.3;
+        const qreal reach = side * 0.45;
         const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
         QPainter painter(&pixmap);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(list.palette().color(QPalette::ButtonText));
         painter.drawPolygon(QPolygonF(
-            {{across - reach, middle - tip / 2}, {across + reach, middle - tip / 2}, {across, middle + tip / 2}}));
+            {{middle - reach, middle - tip / 2}, {middle + reach, middle - tip / 2}, {middle, middle + tip / 2}}));
     }
     return QIcon(pixmap);
 }
@@ -233,9 +233,26 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
-    header()->setTextElideMode(Qt::ElideRight);
     header()->setSectionsClickable(true);
+    header()->setTextElideMode(Qt::ElideRight);
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+}
+
+// A text that its column cuts is shown whole as a tool tip.
+bool ReportList::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = indexAt(help->pos());
+        constexpr int margins = 8;
+        const bool cut = index.isValid() && fontMetrics().horizontalAdvance(index.data().toString()) + margins >
+                                                columnWidth(index.column());
+        if (cut)
+            QToolTip::showText(help->globalPos(), index.data().toString().toHtmlEscaped(), this, visualRect(index));
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QTreeWidget::viewportEvent(event);
 }
 
 void ReportList::setColumns(const std::vector<Column>& columns) {
@@ -331,7 +348,7 @@ void ReportList::setColumnIcon(int column, Icon icon) {
     requireColumn(column);
     icons_[static_cast<std::size_t>(column)] = icon;
     for (int each = 0; each < columnCount(); ++each) {
-        // A caption at the right stays where it is without an icon of no picture.
+        // A caption at the right stays where it is without an icon of no picture, and has all the room.
         const bool blank = columnIcon(each) == Icon::Blank;
         const bool right = headerItem()->textAlignment(each) & Qt::AlignRight;
         headerItem()->setIcon(each, blank && right ? QIcon() : headerIcon(*this, columnIcon(each)));

@@ -92,7 +92,7 @@ public:
     // Failure::ObjectNotSet while there is none.
     Assistant& Merlin() const;
     void setMerlin(Assistant* assistant) { merlin_ = assistant; }
-    // What a help button does: Show, then Speak. Nothing once the main window has gone.
+    // What a help button does: Show, then Speak unless there is nothing to say. Nothing once the main window has gone.
     void speakHelp(std::string_view text);
 
     // --- Windows -----------------------------------------------------------------------------------------------------

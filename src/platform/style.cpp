@@ -1,6 +1,7 @@
 #include "platform/style.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QProxyStyle>
 
 namespace torvane {
@@ -14,6 +15,12 @@ public:
         // As a pop-up menu a drop-down list measures every entry before it opens and fills the whole screen.
         if (hint == SH_ComboBox_Popup) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        const int size = QProxyStyle::pixelMetric(metric, option, widget);
+        // The mark of the order in a header leaves the room to the caption.
+        return metric == PM_SmallIconSize && qobject_cast<const QHeaderView*>(widget) ? size * 9 / 16 : size;
     }
 };
 

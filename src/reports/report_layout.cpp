@@ -7,6 +7,7 @@ namespace {
 constexpr auto Label = ReportControl::Label;
 constexpr auto Text = ReportControl::Text;
 constexpr auto Line = ReportControl::Line;
+constexpr auto Sum = ReportControl::Sum;
 constexpr auto Left = Align::Left;
 constexpr auto Right = Align::Right;
 constexpr auto Plain = Face::Plain;
@@ -14,6 +15,78 @@ constexpr auto Bold = Face::Bold;
 constexpr auto Title = Face::Title;
 constexpr auto General = Format::General;
 constexpr auto Money = Format::TwoDecimals;
+
+constexpr ReportField estimatesReportHeader[] = {
+    {"Label6", Label, "Estimates Report", 2592, 0, 2880, 432, Left, Title},
+};
+
+constexpr ReportField estimatesPageHeader[] = {
+    {"Label1", Label, "Estimate No.", 0, 144, 1290, 240, Left, Bold},
+    {"Label2", Label, "Estimate Date", 1440, 144, 1290, 240, Left, Bold},
+    {"Label3", Label, "Customer Name", 3456, 144, 1290, 240, Left, Bold},
+    {"Label5", Label, "Total", 7344, 144, 1290, 240, Right, Bold},
+    {"Line1", Line, "", 0, 432, 9072, 0},
+};
+
+constexpr ReportField estimatesDetail[] = {
+    {"txtorderno", Text, "orderno", 0, 0, 1440, 240},
+    {"txtOrderdate", Text, "Orderdate", 1440, 0, 1440, 240},
+    {"txtCustName", Text, "CustName", 3456, 0, 3312, 240},
+    {"txttotal", Text, "total", 7200, 0, 1440, 240, Right, Plain, Money},
+};
+
+constexpr ReportField estimatesReportFooter[] = {
+    {"Line2", Line, "", 0, 0, 9075, 0},
+    {"Function1", Sum, "total", 7200, 144, 1440, 285, Right, Bold, Money},
+};
+
+constexpr ReportLayout estimates{
+    "DataReport1",
+    "Estimates Report",
+    {495, estimatesReportHeader},
+    {528, estimatesPageHeader},
+    {},
+    {297, estimatesDetail},
+    {},
+    {540, estimatesReportFooter},
+};
+
+constexpr ReportField customersReportHeader[] = {
+    {"Label1", Label, "Customers Report", 2160, 0, 3168, 432, Left, Title},
+};
+
+constexpr ReportField customersPageHeader[] = {
+    {"Label2", Label, "Name", 0, 144, 1290, 240, Left, Bold},
+    {"Label3", Label, "Address", 1440, 144, 1290, 240, Left, Bold},
+    {"Label9", Label, "Phone", 3024, 144, 1290, 240, Left, Bold},
+    {"Label10", Label, "Fax", 4464, 144, 1290, 240, Left, Bold},
+    {"Label12", Label, "Email", 5904, 144, 1290, 240, Left, Bold},
+    {"Line1", Line, "", 0, 432, 7200, 0},
+};
+
+constexpr ReportField customersDetail[] = {
+    {"txtCustName", Text, "CustName", 0, 0, 1440, 240},     {"txtBStreet1", Text, "BStreet1", 1440, 0, 1440, 240},
+    {"txtBPhone", Text, "BPhone", 3024, 0, 1440, 240},      {"txtBFax", Text, "BFax", 4464, 0, 1440, 240},
+    {"txtBEmail", Text, "BEmail", 5904, 0, 1440, 240},      {"txtBStreet2", Text, "BStreet2", 1440, 288, 1440, 240},
+    {"txtBUrl", Text, "BUrl", 5904, 288, 1440, 240},        {"txtBCity", Text, "BCity", 1440, 576, 1440, 240},
+    {"txtBState", Text, "BState", 1440, 864, 1440, 240},    {"txtBZip", Text, "BZip", 1440, 1152, 1440, 240},
+    {"txtBCountry", Text, "BCountry", 1440, 1440, 1440, 240},
+};
+
+constexpr ReportField customersReportFooter[] = {
+    {"Line2", Line, "", 0, 144, 7200, 0},
+};
+
+constexpr ReportLayout customers{
+    "DataReport2",
+    "Customers Report",
+    {615, customersReportHeader},
+    {570, customersPageHeader},
+    {},
+    {1785, customersDetail},
+    {},
+    {360, customersReportFooter},
+};
 
 constexpr ReportField proposalReportHeader[] = {
     {"Label6", Label, "Estimates Proposal", 144, 144, 3450, 435, Left, Title},
@@ -85,6 +158,10 @@ constexpr ReportLayout proposal{
 };
 
 }  // namespace
+
+const ReportLayout& estimatesLayout() { return estimates; }
+
+const ReportLayout& customersLayout() { return customers; }
 
 const ReportLayout& proposalLayout() { return proposal; }
 

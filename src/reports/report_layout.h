@@ -15,7 +15,7 @@ inline constexpr int pageMargin = 1440;
 inline constexpr double textPoints = 8.25;
 inline constexpr double titlePoints = 15.75;
 
-enum class ReportControl { Label, Text, Line, Sum };
+enum class ReportControl { Label, Text, Line, Sum };  // Sum: of a column over all rows of the report
 enum class Align { Left, Right };
 // How a field becomes text: by the general conversion, or with two decimals.
 enum class Format { General, TwoDecimals };
@@ -53,7 +53,8 @@ struct ReportLayout {
     Band reportFooter;
 };
 
-// The proposal of one estimate.
-const ReportLayout& proposalLayout();
+const ReportLayout& estimatesLayout();  // DataReport1
+const ReportLayout& customersLayout();  // DataReport2
+const ReportLayout& proposalLayout();   // DataReport3, one estimate
 
 }  // namespace torvane

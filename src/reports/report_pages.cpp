@@ -43,8 +43,9 @@ void ReportPages::layOut() {
 
 std::string ReportPages::fieldText(const ReportField& field, int row) const {
     if (field.kind == ReportControl::Label) return std::string{field.text};
-    if (field.kind == ReportControl::Line || row < 0) return {};
-    const Value& value = rows_.cell(field.text, row);
+    if (field.kind == ReportControl::Line) return {};
+    if (field.kind == ReportControl::Text && row < 0) return {};
+    const Value value = field.kind == ReportControl::Sum ? Value{rows_.sum(field.text)} : rows_.cell(field.text, row);
     if (isNull(value)) return {};
     return field.format == Format::TwoDecimals ? fixedText(toDouble(value), 2) : textOf(value, dates_);
 }

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "values/failure.h"
+#include "values/numbers.h"
 
 namespace torvane {
 
@@ -34,6 +35,15 @@ int ReportRows::column(std::string_view name) const {
     const auto place = std::ranges::find_if(names_, [&](const std::string& known) { return sameName(known, name); });
     if (place == names_.end()) fail(Failure::InvalidCall, name);
     return static_cast<int>(place - names_.begin());
+}
+
+double ReportRows::sum(std::string_view column_) const {
+    if (rows_.rows() == 0) return 0;
+    const int index = column(column_);
+    double total = 0;
+    for (int row = 0; row < rows_.rows(); ++row)
+        if (const Value& value = rows_(index, row); !isNull(value)) total += toDouble(value);
+    return finite(total);
 }
 
 const Value& ReportRows::cell(std::string_view column_, int row) const { return rows_(column(column_), row); }

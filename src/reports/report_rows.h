@@ -23,6 +23,8 @@ public:
     ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by);
 
     const std::vector<Group>& groups() const { return groups_; }
+    // The sum of a column over all rows, as a double; Null counts as 0. Failures as of cell, and of arithmetic.
+    double sum(std::string_view column) const;
     // A cell, by the column's name without regard to case. Failure::InvalidCall when there is no such column.
     const Value& cell(std::string_view column, int row) const;
 

@@ -5,14 +5,20 @@ namespace torvane {
 Application::Application(Program& program, FileSystem& files, bool previousInstance,
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : reports(program),
+      reportPrompt(program, reports),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
+      orders(program, order),
+      orderNo(program, order),
+      itemSheet(program, order),
+      blank(program),
       customer(program, order),
       category(program),
       item(program, category),
       master(program),
-      mainMenu(program, Screens{order, customer, category, item, master}, files, previousInstance,
-               std::move(loadAssistant)) {
+      mainMenu(program, Screens{order, orders, orderNo, blank, customer, category, item, master, reportPrompt, reports},
+               files, previousInstance, std::move(loadAssistant)) {
     order.setCustomerList(customer);
+    order.setCompanions(orderNo, itemSheet);
 }
 
 }  // namespace torvane

@@ -5,13 +5,18 @@
 #include <memory>
 
 #include "datastore/file_copy.h"
+#include "estimates/screens/frm_blank.h"
+#include "estimates/screens/frm_list.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
 #include "masters/screens/frm_item.h"
 #include "masters/screens/frm_master.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/frm_main_menu.h"
 
 namespace torvane {
@@ -22,7 +27,12 @@ struct Application {
                 std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
     DataReports reports;
+    frmRptOrders reportPrompt;
     frmOrder order;
+    frmOrders orders;
+    FrmOrderNo orderNo;
+    frmList itemSheet;
+    frmBlank blank;
     frmCustomer customer;
     frmCategory category;
     frmItem item;

@@ -8,13 +8,18 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_order.h"
+#include "estimates/screens/frm_order_no.h"
+#include "estimates/screens/frm_orders.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
 #include "masters/screens/frm_item.h"
 #include "masters/screens/frm_master.h"
 #include "platform/controls.h"
 #include "platform/pictures.h"
+#include "reports/screens/data_reports.h"
+#include "reports/screens/frm_rpt_orders.h"
 #include "shell/backup.h"
 #include "shell/menu_tree.h"
 
@@ -264,13 +269,17 @@ void frmMainMenu::connectEntries() {
         screens_.order.AddOrDelete = "A";
         screens_.order.Show();
     });
+    onEntry("mnuEditEstimate", [this] { screens_.orders.Show(); });
+    onEntry("mnuDelEstimate", [this] {
+        screens_.order.AddOrDelete = "D";
+        screens_.orderNo.setCaption("Delete Order");
+        screens_.orderNo.Show();
+    });
+    onEntry("mnuBlank", [this] { screens_.blank.Show(); });
 
-    notThereYet("mnuEditEstimate", "The search for estimates is");
-    notThereYet("mnuDelEstimate", "The screen for deleting estimates is");
     for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
-    notThereYet("mnusalesrpt", "The estimates report is");
-    notThereYet("mnucustrpt", "The customers report is");
-    notThereYet("mnuBlank", "The notes area is");
+    onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
+    onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
     notThereYet("mnuHelpContents", "The help book is");
     notThereYet("mnuHelpSearch", "The search in the help book is");
     notThereYet("mnuHelpAbout", "The about window is");

@@ -16,19 +16,29 @@ class QMenuBar;
 namespace torvane {
 
 class FileSystem;
+class frmBlank;
 class frmCategory;
 class frmCustomer;
 class frmItem;
 class frmMaster;
 class frmOrder;
+class FrmOrderNo;
+class frmOrders;
+class frmRptOrders;
+class DataReports;
 
 // The screens that the main window opens.
 struct Screens {
     frmOrder& order;
+    frmOrders& orders;
+    FrmOrderNo& orderNo;
+    frmBlank& blank;
     frmCustomer& customer;
     frmCategory& category;
     frmItem& item;
     frmMaster& master;
+    frmRptOrders& reportPrompt;
+    DataReports& reports;
 };
 
 // The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program

@@ -25,7 +25,6 @@
 #include "platform/qt_host.h"
 #include "shell/application.h"
 #include "shell/pictures_init.h"
-#include "values/numbers.h"
 
 namespace torvane {
 namespace {
@@ -56,6 +55,9 @@ public:
         changePrice();
         saveAndPrint();
         openAgain();
+        itemSheet();
+        notesArea();
+        reports();
     }
 
 private:
@@ -327,15 +329,69 @@ private:
     }
 
     void openAgain() {
-        screens_.order.AddOrDelete = "E";
-        screens_.order.Order().OrderNo = strictInt32(orderNo_);
-        screens_.order.Order().GetOrder();
+        entry(mainMenu(), "mnuEditEstimate");
+        pause();
+        QWidget& list = screens_.orders.window();
+        picture(list, "search-estimate");
+        type(list, "txtName", qstring(orderNo_));
+        click(list, "cmdSearch");
+        doubleClick(find<ReportList>(list, "ListView1"), 0);
         pause();
         QWidget& order = screens_.order.window();
         doubleClick(find<ReportList>(order, "ListView1"), 1);
         picture(order, "estimate-opened-again");
         onBox(nullptr, QMessageBox::Yes);
         click(order, "CmdCancel");
+    }
+
+    void itemSheet() {
+        entry(mainMenu(), "mnuNewEstimate");
+        pause();
+        QWidget& order = screens_.order.window();
+        click(order, "cmdItemList");
+        QWidget& sheet = screens_.itemSheet.window();
+        auto& tree = find<QTreeWidget>(sheet, "TreeCategory");
+        for (const char* name : {"Joist 2x10, 16 ft", "Post base, 4x4", "Deck railing, treated"}) {
+            const auto found = tree.findItems(QLatin1String(name), Qt::MatchExactly | Qt::MatchRecursive);
+            if (found.isEmpty()) stop(QStringLiteral("the tree has no %1").arg(QLatin1String(name)));
+            tree.setCurrentItem(found.constFirst());
+            tree.setFocus();
+            QTest::keyClick(&tree, Qt::Key_Return);
+        }
+        picture(sheet, "item-sheet");
+        click(sheet, "cmdAddEstimate");
+        onBox(nullptr, QMessageBox::Yes);
+        click(order, "CmdCancel");
+    }
+
+    void notesArea() {
+        entry(mainMenu(), "mnuBlank");
+        pause();
+        picture(screens_.blank.window(), "notes-area");
+        click(screens_.blank.window(), "CmdCancel");
+        entry(mainMenu(), "mnuDelEstimate");
+        pause();
+        picture(screens_.orderNo.window(), "delete-estimate");
+        click(screens_.orderNo.window(), "CmdCancel");
+    }
+
+    void reports() {
+        entry(mainMenu(), "mnusalesrpt");
+        pause();
+        QWidget& prompt = screens_.reportPrompt.window();
+        picture(prompt, "estimates-report-prompt");
+        click(prompt, "Command3");
+        click(prompt, "Command2");
+        entry(mainMenu(), "mnucustrpt");
+        pause();
+        for (const char* name : {"DataReport1", "DataReport2"}) {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() != QLatin1String(name) || !window->isVisible()) continue;
+                picture(*window, name);
+                click(*window, "cmdClose");
+                break;
+            }
+        }
     }
 
     Application& screens_;

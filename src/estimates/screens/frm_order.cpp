@@ -69,8 +69,7 @@ void frmOrder::connectControls() {
     click(ui().CmdDeleteOrder, &frmOrder::CmdDeleteOrder_Click);
     click(ui().CmdCancel, &frmOrder::CmdCancel_Click);
     click(ui().cmdMainHelp, &frmOrder::cmdMainHelp_Click);
-    on(*this, ui().cmdItemList, &QAbstractButton::clicked,
-       [this] { program().speakHelp("The item sheet is not there yet."); });
+    click(ui().cmdItemList, &frmOrder::cmdItemList_Click);
 
     on(*this, ui().ListView1, &ReportList::DblClick, &frmOrder::CmdEdit_Click);
     on(*this, ui().cmbItems, &DropList::Click, &frmOrder::cmbItems_Click);
@@ -106,6 +105,7 @@ void frmOrder::Form_Load() {
     const Program::Doing doing(program(), "opening the estimate screen");
     connectControls();
     placeNotes();
+    if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
     setHelpContext(12);
     ui().TxtDate->setValue(program().host().today());
@@ -158,6 +158,7 @@ void frmOrder::FillState() { fillNames(*ui().cmbSState, Order().GetComboState())
 void frmOrder::FillItems() {
     ui().cmbItems->Clear();
     ui().cmbPrices->Clear();
+    pricedEntry_ = -1;
     const auto items = Order().GetComboItems();
     if (!items) return;
     std::vector<DropList::Entry> names;
@@ -325,8 +326,9 @@ LinePanel frmOrder::panel() {
 }
 
 void frmOrder::cmbItems_Click() {
+    pricedEntry_ = ui().cmbItems->ListIndex();
     if (FillingRow) return;
-    const std::string prices = ui().cmbPrices->List(ui().cmbItems->ListIndex());
+    const std::string prices = ui().cmbPrices->List(pricedEntry_);
     ui().TxtMaterial->setText(pricePart(prices, PricePart::Material));
     ui().txtLabor->setText(pricePart(prices, PricePart::Labor));
     ui().TxtQty->setText(pricePart(prices, PricePart::Quantity));
@@ -336,13 +338,13 @@ void frmOrder::cmbItems_Click() {
 
 void frmOrder::askMasterPrice(const TextBox& box, PricePart part, std::string_view prompt,
                               void (ClsItem::*update)(std::int32_t, std::string_view)) {
-    const int item = ui().cmbItems->ListIndex();
-    if (item < 0) return;
-    if (box.Text() == pricePart(ui().cmbPrices->List(item), part)) return;
+    // The question waits while the list of items is open, and the list has the next item by then.
+    if (pricedEntry_ < 0) return;
+    if (box.Text() == pricePart(ui().cmbPrices->List(pricedEntry_), part)) return;
     if (!program().confirm(prompt, "Change master file price?")) return;
     const Program::Doing doing(program(), "writing the price to the catalogue");
     ClsItem master(program().environment());
-    (master.*update)(ui().cmbItems->ItemData(), box.Text());
+    (master.*update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
     program().check();
 }
 

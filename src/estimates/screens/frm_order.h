@@ -17,9 +17,9 @@ namespace torvane {
 
 class frmCustomer;
 
-// The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the notes
-// of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields below live
-// as long as the program, also while the window is closed.
+// The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the
+// notes of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields
+// below live as long as the program, also while the window is closed.
 class frmOrder : public FormOf<Ui::frmOrder>, public EstimateScreen, public CustomerPick {
 public:
     // `showProposal` prints the saved estimate with a number.
@@ -27,6 +27,11 @@ public:
     ~frmOrder() override;
     // The customer list in its select mode hands its pick back to this screen, so it is given after both are made.
     void setCustomerList(frmCustomer& list) { customerList_ = &list; }
+    // The prompt that may have led here, closed when this screen loads, and the item sheet that opens from here.
+    void setCompanions(Form& numberPrompt, Form& itemSheet) {
+        numberPrompt_ = &numberPrompt;
+        itemSheet_ = &itemSheet;
+    }
 
     // The mode, set before the screen is shown: "A" new estimate, "E" existing one, "D" shown for deletion.
     std::string AddOrDelete;
@@ -94,9 +99,12 @@ private:
     void cmdCopy_Click();
     void Command2_Click();
     void Command7_Click();
+    void cmdItemList_Click();
 
     std::function<void(std::int32_t)> showProposal_;
     frmCustomer* customerList_ = nullptr;
+    Form* numberPrompt_ = nullptr;
+    Form* itemSheet_ = nullptr;
     std::unique_ptr<ClsOrder> order_;
     std::unique_ptr<ClsCustomer> customer_;
     std::unique_ptr<clsCategory> category_;
@@ -104,6 +112,7 @@ private:
     std::int16_t EditRowIndex = 0;
     std::int16_t EditLineIndex = 0;
     bool FillingRow = false;
+    int pricedEntry_ = -1;  // entry of cmbItems that the price boxes stand for; -1 with an empty catalogue
 };
 
 }  // namespace torvane

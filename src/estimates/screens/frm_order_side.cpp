@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include "estimates/screens/frm_order.h"
+#include "estimates/shared_notes.h"
 #include "estimates/take_off.h"
 
 namespace torvane {
@@ -61,11 +62,7 @@ void frmOrder::cmdMove_Click() {
 void frmOrder::cmdImport_Click() {
     Connection connection(program().environment().store);
     connection.open(connectionText(program().host().programDirectory()));
-    Recordset notes;
-    notes.open("Select * from BlankNotes", connection);
-    ui().rtfNotes->setText(textOf(notes.field(0)));
-    notes.close();
-    connection.close();
+    ui().rtfNotes->setText(readSharedNotes(connection));
     ui().frmNotes->setVisible(true);
     ui().frmNotes->raise();
 }
@@ -76,6 +73,8 @@ void frmOrder::cmdCopy_Click() {
 }
 
 void frmOrder::Command2_Click() { ui().frmNotes->setVisible(false); }
+
+void frmOrder::cmdItemList_Click() { itemSheet_->Show(); }
 
 void frmOrder::Command7_Click() {
     auto* menu = new QMenu(&window());

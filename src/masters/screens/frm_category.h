@@ -4,7 +4,7 @@
 
 #include "masters/cls_category.h"
 #include "masters/screens/cat_mast.h"
-#include "masters/screens/list_skeleton.h"
+#include "masters/screens/master_list.h"
 #include "platform/form.h"
 #include "ui_frm_category.h"
 
@@ -15,7 +15,7 @@ class CategoryPick;
 // The list of categories, with the boxes to add one in the list window itself. Opened by setting `Which` and showing
 // it: modeless from the menu, modal with "A" or "S" from the entry form of an item, to which the picked category is
 // handed.
-class frmCategory : public FormOf<Ui::frmCategory>, public ListSkeleton {
+class frmCategory : public FormOf<Ui::frmCategory>, public MasterList {
 public:
     explicit frmCategory(Program& program);
     // Who takes the picked category. Set once, when the screens are put together.

@@ -95,7 +95,7 @@ void frmCustomer::deleteRecord(std::int16_t key) {
 }
 
 void frmCustomer::ListView1_DblClick() {
-    if (Which != "S" || !hasRows()) return ListSkeleton::ListView1_DblClick();
+    if (Which != "S" || !hasRows()) return MasterList::ListView1_DblClick();
     CmdSelect_Click();
     Unload();
 }

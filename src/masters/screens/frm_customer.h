@@ -5,7 +5,7 @@
 #include "masters/cls_customer.h"
 #include "masters/screens/cust_mast.h"
 #include "masters/screens/customer_pick.h"
-#include "masters/screens/list_skeleton.h"
+#include "masters/screens/master_list.h"
 #include "platform/form.h"
 #include "ui_frm_customer.h"
 
@@ -13,7 +13,7 @@ namespace torvane {
 
 // The list of customers. Opened by setting `Which` and showing it: modeless from the menu, modal with "S" from the
 // estimate screen, to which the picked customer is handed.
-class frmCustomer : public FormOf<Ui::frmCustomer>, public ListSkeleton {
+class frmCustomer : public FormOf<Ui::frmCustomer>, public MasterList {
 public:
     frmCustomer(Program& program, CustomerPick& pick);
 

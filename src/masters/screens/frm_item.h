@@ -4,7 +4,7 @@
 
 #include "masters/cls_item.h"
 #include "masters/screens/item_mast.h"
-#include "masters/screens/list_skeleton.h"
+#include "masters/screens/master_list.h"
 #include "platform/form.h"
 #include "ui_frm_item.h"
 
@@ -14,7 +14,7 @@ class frmCategory;
 
 // The list of items, opened by setting `Which` and showing it modeless. A pure editing tool: it hands nothing to
 // anyone.
-class frmItem : public FormOf<Ui::frmItem>, public ListSkeleton {
+class frmItem : public FormOf<Ui::frmItem>, public MasterList {
 public:
     // `categories` is what the entry form opens while there is no category.
     frmItem(Program& program, frmCategory& categories);

@@ -1,13 +1,13 @@
 #include "masters/screens/list_skeleton.h"
 
 #include <QLabel>
-#include <QMenu>
 
+#include "platform/form.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-void ListSkeleton::loadList(std::string_view sortField) {
+void ListSkeleton::loadList(std::string_view sortField, int iconColumn) {
     Page = 1;
     PageCount = 0;
     FldName = sortField;
@@ -20,7 +20,7 @@ void ListSkeleton::loadList(std::string_view sortField) {
         mode.button->setVisible(mode.which == Which);
         if (mode.which == Which) form().setCaption(mode.caption);
     }
-    controls().list->setColumnIcon(1, ReportList::Icon::Down);
+    controls().list->setColumnIcon(iconColumn, ReportList::Icon::Down);
 }
 
 void ListSkeleton::enablePaging() {
@@ -118,56 +118,6 @@ void ListSkeleton::sortBy(int column) {
     list.setColumnIcon(column, list.ascending ? ReportList::Icon::Up : ReportList::Icon::Down);
 }
 
-void ListSkeleton::cmdCopy_Click() {
-    Which = "C";
-    AddEditDel() = "A";
-    showEntryForm(selectedKey16(), "A");
-    RefreshGrid();
-}
-
-void ListSkeleton::CmdEdit_Click() {
-    if (!hasRows()) return;
-    showEntryForm(selectedKey16(), "E");
-    RefreshGrid();
-}
-
-void ListSkeleton::ListView1_DblClick() {
-    if (!hasRows()) return;
-    if (Which == "A" || Which == "D" || Which == "E") Which += 'E';
-    showEntryForm(selectedKey16(), "E");
-    refill();
-}
-
-void ListSkeleton::cmdDel_Click() {
-    if (!hasRows()) return;
-    Program& program = form().program();
-    const std::int16_t key = selectedKey16();
-    if (program.confirm("Are you sure you want to Delete ' " + selectedName() + " '", "Inventory")) {
-        AddEditDel() = "D";
-        deleteRecord(key);
-        program.say("Deleted", defaultTitle);
-    }
-    RefreshGrid();
-    controls().search->setText("");
-    enableSearch();
-}
-
-QMenu& ListSkeleton::addRelatedMenu(std::initializer_list<RelatedEntry> entries) {
-    auto* menu = new QMenu(&form().window());
-    menu->setObjectName(QStringLiteral("mnuRel"));
-    for (const RelatedEntry& entry : entries) {
-        QAction* action = menu->addAction(QLatin1String(entry.caption));
-        action->setObjectName(QLatin1String(entry.name));
-        if (entry.opens.empty()) continue;
-        on(form(), action, &QAction::triggered, [this, opens = entry.opens] {
-            const std::string what = "opening the window \"" + std::string(opens) + selectedName() + "\"";
-            const Program::Doing doing(form().program(), what);
-            fail(Failure::ObjectNotSet);
-        });
-    }
-    return *menu;
-}
-
 int ListSkeleton::selectedRow() {
     const int row = controls().list->SelectedRow();
     if (row < 0) fail(Failure::ObjectNotSet);
@@ -176,10 +126,6 @@ int ListSkeleton::selectedRow() {
 
 std::string ListSkeleton::selectedKey() {
     return controls().list->Cell(selectedRow(), 0);
-}
-
-std::int16_t ListSkeleton::selectedKey16() {
-    return strictInt16(selectedKey());
 }
 
 std::string ListSkeleton::selectedName() {

@@ -3,11 +3,28 @@
 namespace torvane {
 
 DataReports::DataReports(Program& program)
-    : program_(program), data_(program.environment()), DataReport3_(program, "DataReport3") {}
+    : program_(program),
+      data_(program.environment()),
+      DataReport1_(program, "DataReport1"),
+      DataReport2_(program, "DataReport2"),
+      DataReport3_(program, "DataReport3") {}
+
+void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows) {
+    const Program::Doing doing(program_, "showing the report");
+    window.showReport(
+        std::make_shared<const ReportPages>(layout, std::move(rows), program_.host().shortDate()));
+}
+
+void DataReports::showEstimates(const Date& FDate, const Date& TDate) {
+    show(DataReport1_, estimatesLayout(), data_.estimates(FDate, TDate));
+}
+
+void DataReports::showEstimates() { show(DataReport1_, estimatesLayout(), data_.estimates()); }
+
+void DataReports::showCustomers() { show(DataReport2_, customersLayout(), data_.customers()); }
 
 void DataReports::showProposal(std::int32_t OrderNo) {
-    DataReport3_.showReport(std::make_shared<const ReportPages>(proposalLayout(), data_.proposal(OrderNo),
-                                                                program_.host().shortDate()));
+    show(DataReport3_, proposalLayout(), data_.proposal(OrderNo));
 }
 
 }  // namespace torvane

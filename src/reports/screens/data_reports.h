@@ -13,12 +13,19 @@ class DataReports {
 public:
     explicit DataReports(Program& program);
 
+    // The estimates of a range of days, or all of them.
+    void showEstimates(const Date& FDate, const Date& TDate);
+    void showEstimates();
+    void showCustomers();
     // The proposal of a saved estimate, as the database holds it.
     void showProposal(std::int32_t OrderNo);
 
 private:
     Program& program_;
     DataEnvironment1 data_;
+    void show(ReportWindow& window, const ReportLayout& layout, ReportRows rows);
+    ReportWindow DataReport1_;
+    ReportWindow DataReport2_;
     ReportWindow DataReport3_;
 };
 

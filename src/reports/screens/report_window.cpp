@@ -1,10 +1,9 @@
 #include "reports/screens/report_window.h"
 
 #include <QFile>
-#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
+#include <QProgressDialog>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -33,7 +32,8 @@ void ReportWindow::Form_Load() {
     click(ui().cmdNext, [this] { showPage(page_ + 1); });
     click(ui().cmdLast, [this] { showPage(pages_->pageCount() - 1); });
     click(ui().cmdPrint, [this] { print(); });
-    click(ui().cmdPdf, [this] { exportPdf(); });
+    click(ui().cmdPdf, [this] { exportTo("PDF", ".pdf", writePdf); });
+    click(ui().cmdHtml, [this] { exportTo("HTML", ".html", writeHtml); });
     click(ui().cmdClose, [this] { Unload(); });
     for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
     on(*this, ui().cmbZoom, &DropList::Click, [this] { ui().page->setZoom(ui().cmbZoom->ItemData()); });
@@ -63,35 +63,29 @@ void ReportWindow::showPage(int number) {
     ui().cmdLast->setEnabled(page_ + 1 < pages_->pageCount());
 }
 
-bool ReportWindow::writePdf(const ReportPages& pages, const std::string& fileName) {
-    QSaveFile file(qstring(fileName));
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    {
-        QPdfWriter writer(&file);
-        writer.setResolution(twipsPerInch);
-        writer.setPageLayout(QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()));
-        writer.setTitle(qstring(pages.layout().caption));
-        QPainter painter;
-        if (!painter.begin(&writer)) return false;
-        for (int number = 0; number < pages.pageCount(); ++number) {
-            if (number > 0 && !writer.newPage()) return false;
-            paintPage(painter, pages.page(number));
-        }
-        if (!painter.end()) return false;
-    }
-    return file.commit();
-}
-
-void ReportWindow::exportPdf() {
-    const auto name = program().host().askSaveName(caption() + ".pdf", "PDF (*.pdf)");
+void ReportWindow::exportTo(const char* kind, const char* ending, Write write) {
+    const std::string title = caption();
+    const auto name = program().host().askSaveName(title + ending, std::string(kind) + " (*" + ending + ")");
     program().check();
     if (!name) return;
-    const std::string file = name->ends_with(".pdf") ? *name : *name + ".pdf";
-    if (QFile::exists(qstring(file)) && !program().confirm("File already Exists. Overwrite it?", caption())) return;
-    if (writePdf(*pages_, file))
-        program().say("The report was written to " + file, caption());
-    else
-        program().say("The report could not be written to " + file + ". Nothing was changed there.", caption());
+    const std::string file = name->ends_with(ending) ? *name : *name + ending;
+    if (QFile::exists(qstring(file)) && !program().confirm("File already Exists. Overwrite it?", title)) return;
+    // Comes up by itself when the export takes long; the report stays as it is meanwhile.
+    const auto pages = pages_;
+    QProgressDialog dialog(QStringLiteral("Writing the report"), QStringLiteral("Cancel"), 0, pages->pageCount(),
+                           &window());
+    dialog.setObjectName(QStringLiteral("ExportProgress"));
+    dialog.setWindowModality(Qt::ApplicationModal);
+    const Exported result = write(*pages, file, [&dialog](int page) {
+        dialog.setValue(page);
+        return !dialog.wasCanceled();
+    });
+    dialog.reset();
+    program().check();
+    if (result == Exported::Done)
+        program().say("The report was written to " + file, title);
+    else if (result == Exported::Failed)
+        program().say("The report could not be written to " + file + ". Nothing was changed there.", title);
 }
 
 void ReportWindow::print() {

@@ -1,0 +1,124 @@
+#include "estimates/screens/frm_list.h"
+
+#include "estimates/category_nodes.h"
+#include "estimates/screens/frm_order.h"
+#include "masters/cls_master.h"
+#include "platform/fill_names.h"
+#include "values/numbers.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr int itemIdColumn = 0;
+constexpr int codeColumn = 2;
+constexpr int roomIdColumn = 9;
+
+}  // namespace
+
+frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList"), orderScreen_(order) {}
+
+clsCategory& frmList::Category() {
+    if (!category_) category_ = std::make_unique<clsCategory>(program().environment());
+    return *category_;
+}
+
+ClsItem& frmList::Item() {
+    if (!item_) item_ = std::make_unique<ClsItem>(program().environment());
+    return *item_;
+}
+
+void frmList::Form_Load() {
+    const Program::Doing doing(program(), "opening the item sheet");
+    category_.reset();
+    item_.reset();
+    on(*this, ui().TreeCategory, &CategoryTree::DblClick, [this] { TreeCategory_DblClick(); });
+    on(*this, ui().cmdAddEstimate, &QAbstractButton::clicked, [this] { cmdAddEstimate_Click(); });
+    on(*this, ui().cmdDelete, &QAbstractButton::clicked, [this] { cmdDelete_Click(); });
+    on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
+    program().StartUp(*this);
+    ui().Splitter->setStretchFactor(1, 1);
+    FldName = "ParentCategory, Catname";
+    AscOrDesc = "A";
+    Page = -1;
+    RefreshTree();
+    InitListView();
+    FillRooms();
+}
+
+void frmList::RefreshTree() {
+    CategoryTree& tree = *ui().TreeCategory;
+    tree.clear();
+    const auto categories = Category().GetAllCategories(Page, PageCount, FldName, AscOrDesc);
+    FldName = "ItemName";
+    // Read once and handed out, in place of a query for each category.
+    const auto items = Item().GetItemsOfCategories(FldName, AscOrDesc);
+    const std::vector<CategoryNode> nodes = categoryNodes(categories, items);
+    std::vector<QTreeWidgetItem*> made;
+    made.reserve(nodes.size());
+    for (const CategoryNode& node : nodes) {
+        made.push_back(CategoryTree::node(node.key, node.text));
+        if (node.parent >= 0) made[static_cast<std::size_t>(node.parent)]->addChild(made.back());
+    }
+    tree.addTopLevelItem(made.front());
+    tree.scrollToItem(made.back());
+    tree.setCurrentItem(made.front());
+}
+
+void frmList::InitListView() {
+    ui().ListView1->setColumns({{"ID", 0},
+                                {"Takeoff Name", 1200},
+                                {"Item #", 840},
+                                {"Item Name", 1800},
+                                {"Category", 1440},
+                                {"Quantity", 840, true},
+                                {"Unit", 840},
+                                {"Material", 1200, true},
+                                {"Labor", 1200, true},
+                                {"Room Id", 0}});
+}
+
+void frmList::FillRooms() {
+    ClsOrder order(program().environment(), orderScreen_);
+    fillNames(*ui().cmbRooms, order.GetComboRooms());
+}
+
+void frmList::TreeCategory_DblClick() {
+    const std::string key = ui().TreeCategory->selectedKey();
+    if (!key.starts_with('I')) return;
+    const Program::Doing doing(program(), "copying the item to the sheet");
+    Item().itemid = strictInt16(key.substr(1));
+    Item().GetItem();
+    Category().Catid = Item().CategoryId;
+    clsMaster units(program().environment());
+    units.Mastertable = "Units";
+    units.Id = Item().UnitId;
+    ui().ListView1->AddRow({generalText(Item().itemid), ui().cmbRooms->Text(), Item().Itemcode, Item().Itemname,
+                            Category().GetCatg(), generalText(Item().qty), units.GetCatg(),
+                            generalText(Item().Material), generalText(Item().Labor),
+                            generalText(ui().cmbRooms->ItemData())});
+}
+
+void frmList::cmdDelete_Click() {
+    ReportList& sheet = *ui().ListView1;
+    if (sheet.RowCount() == 0) return;
+    const int row = sheet.SelectedRow();
+    if (row < 0) fail(Failure::ObjectNotSet);
+    if (program().confirm("Do you want to delete item '" + sheet.Cell(row, codeColumn) + "'?",
+                          "Delete Item from the List"))
+        sheet.RemoveRow(row);
+}
+
+void frmList::cmdAddEstimate_Click() {
+    const Program::Doing doing(program(), "putting the items into the estimate");
+    const ReportList& sheet = *ui().ListView1;
+    for (int row = 0; row < sheet.RowCount(); ++row) {
+        orderScreen_.ui().cmbRooms->selectItemData(strictInt32(sheet.Cell(row, roomIdColumn)));
+        orderScreen_.ui().cmbItems->selectItemData(strictInt32(sheet.Cell(row, itemIdColumn)));
+        orderScreen_.cmdAdd_Click();
+    }
+    orderScreen_.Show();
+    Unload();
+}
+
+}  // namespace torvane

@@ -1,0 +1,213 @@
+// Finding, opening and deleting saved estimates; the shared notes.
+
+#include <QRadioButton>
+
+#include "journeys/journey.h"
+#include "platform/text_area.h"
+
+namespace torvane {
+namespace {
+
+class FindingTest : public JourneyTest {
+protected:
+    QWidget& search() {
+        if (!screens) start();
+        choose("mnuEditEstimate");
+        return screens->orders.window();
+    }
+    QWidget& numberPrompt() {
+        if (!screens) start();
+        choose("mnuDelEstimate");
+        return screens->orderNo.window();
+    }
+    // Estimates 101 and up of Ann Lee, one a day, each with its number as total.
+    void addEstimates(int count) {
+        for (int number = 101; number <= 100 + count; ++number)
+            data.execute("insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Total) values (" +
+                         std::to_string(number) + ", 7, date('2010-01-01', '+" + std::to_string(number) +
+                         " days'), 1, " + std::to_string(number) + ")");
+    }
+    Texts numbers(const QWidget& list) {
+        Texts all;
+        for (const std::string& row : rows(list)) all.push_back(row.substr(0, row.find('|')));
+        return all;
+    }
+};
+
+TEST_F(FindingTest, ListsEveryEstimate) {
+    data.execute("delete from Customer where CustId = 8; update OrderInfo set Total = null where OrderNo = 5");
+    QWidget& list = search();
+    EXPECT_EQ(utf8(list.windowTitle()), "Search Estimate");
+    EXPECT_EQ(rows(list), (Texts{"3|7/4/2003|Ann Lee|236", "5|1/31/2004||"}));
+    EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 2 of 2");
+    EXPECT_EQ(visible(list, {"CmdSelect"}), "CmdSelect");
+    EXPECT_EQ(find<ReportList>(list, "ListView1").columnIcon(0), ReportList::Icon::Down);
+}
+
+TEST_F(FindingTest, Searches) {
+    addEstimates(12);
+    data.execute("update OrderInfo set CustId = 8 where OrderNo = 112");
+    QWidget& list = search();
+    struct Row {
+        const char* option;
+        const char* text;
+        Texts numbers;
+    };
+    for (const Row& row : {Row{"OptOrderNo", "12", {"112"}}, Row{"OptOrderNo", "5", {"5", "105"}},
+                           Row{"OptName", "OB r", {"5", "112"}}, Row{"OptName", "Lee", {"3", "101", "102", "103", "104",
+                            "105", "106", "107", "108", "109", "110", "111"}}}) {
+        SCOPED_TRACE(row.text);
+        find<QRadioButton>(list, row.option).setChecked(true);
+        enter(list, "txtName", row.text);
+        click(list, "cmdSearch");
+        EXPECT_EQ(numbers(list), row.numbers);
+        EXPECT_EQ(find<TextBox>(list, "txtName").selectedText(), row.text);
+        // Shows the same rows again: the condition stays.
+        click(list, "CmdAll");
+        EXPECT_EQ(numbers(list), row.numbers);
+    }
+    host.expectOk("Estimate Not Found", "");
+    enter(list, "txtName", "nobody");
+    click(list, "cmdSearch");
+    EXPECT_EQ(numbers(list).size(), 12U) << "the old rows stay";
+    EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 12 of 12");
+}
+
+TEST_F(FindingTest, PagesAndSorts) {
+    addEstimates(38);
+    QWidget& list = search();
+    click(list, "CmdNext");
+    click(list, "CmdNext");
+    EXPECT_EQ(numbers(list), (Texts{"129", "130", "131", "132", "133", "134", "135", "136", "137", "138"}));
+    EXPECT_EQ(text(list, "LblRecords"), "Record 31 - 40 of 40");
+    EXPECT_EQ(enabled(list, {"CmdPrev", "CmdNext"}), "CmdPrev");
+    // One flag for all columns: down, up, down; the page stays.
+    auto& report = find<ReportList>(list, "ListView1");
+    struct Row {
+        int column;
+        const char* first;
+        ReportList::Icon icon;
+    };
+    for (const Row& row : {Row{3, "109", ReportList::Icon::Down}, Row{0, "129", ReportList::Icon::Up},
+                           Row{1, "108", ReportList::Icon::Down}, Row{2, "130", ReportList::Icon::Up}}) {
+        SCOPED_TRACE(row.column);
+        clickHeader(report, row.column);
+        EXPECT_EQ(numbers(list).front(), row.first);
+        EXPECT_EQ(report.columnIcon(row.column), row.icon);
+    }
+}
+
+TEST_F(FindingTest, OpensAnEstimateForEditing) {
+    QWidget& list = search();
+    doubleClickRow(list, 1);
+    EXPECT_FALSE(screens->orders.loaded());
+    QWidget& order = screens->order.window();
+    EXPECT_EQ(utf8(order.windowTitle()), "Edit Estimate");
+    EXPECT_EQ(texts(order, {"TxtOrder", "TxtCustomer"}), "5|Bob Ray");
+    enter(order, "TxtQty", "4");
+    pick(order, "cmbItems", "Joist");
+    host.expectOk("Item already added ", "Inventory");
+    click(order, "cmdAdd");
+    for (const char* room : {"Deck", "Roof"}) {
+        pick(order, "cmbRooms", room);
+        click(order, "cmdAdd");
+    }
+    host.expectOk("Estimate Saved", "Inventory");
+    click(order, "CmdSave");
+    EXPECT_EQ(data.cell("select count(*) from OrderItem where OrderNo = 5"), "3");
+}
+
+TEST_F(FindingTest, AnotherEstimateIsReadIntoTheRecordUnderTheOpenScreen) {
+    QWidget& order = openEstimate("E", 5);
+    QWidget& list = search();
+    doubleClickRow(list, 0);
+    EXPECT_EQ(text(order, "TxtOrder"), "5") << "the window is only brought up";
+    host.expectOk("Estimate Saved", "Inventory");
+    click(order, "CmdSave");
+    EXPECT_EQ(data.rows("select ItemId from OrderItem where OrderNo = 5"), (Texts{"1", "3"}));
+}
+
+TEST_F(FindingTest, AnEmptyListOpensNothing) {
+    data.execute("delete from OrderInfo");
+    QWidget& list = search();
+    click(list, "CmdSelect");
+    EXPECT_TRUE(screens->orders.loaded());
+    EXPECT_FALSE(screens->order.loaded());
+    EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 0 of 0");
+}
+
+TEST_F(FindingTest, DeletesByNumber) {
+    QWidget& prompt = numberPrompt();
+    EXPECT_EQ(utf8(prompt.windowTitle()), "Delete Order");
+    host.expectOk("Please Enter Estimate No.", "Search Estimate");
+    click(prompt, "cmdOk");
+    host.expectOk("Estimate not found corresponding to entered Estimate Number", "Search Estimate");
+    enter(prompt, "TxtGetOrderNo", "4");
+    key(find<QWidget>(prompt, "TxtGetOrderNo"), Qt::Key_Return);
+    EXPECT_TRUE(screens->orderNo.loaded());
+    enter(prompt, "TxtGetOrderNo", "3");
+    click(prompt, "cmdOk");
+    EXPECT_FALSE(screens->orderNo.loaded()) << "the estimate screen closes the prompt";
+    QWidget& order = screens->order.window();
+    EXPECT_EQ(utf8(order.windowTitle()), "Delete Estimate");
+    host.expectYesNo("Are you sure you want to Delete Estimate No.  3", "Estimate deletion", Answer::No);
+    click(order, "CmdDeleteOrder");
+    EXPECT_EQ(data.cell("select count(*) from OrderInfo"), "2");
+    host.expectYesNo("Are you sure you want to Delete Estimate No.  3", "Estimate deletion", Answer::Yes);
+    host.expectOk("Order Deleted", "");
+    click(order, "CmdDeleteOrder");
+    EXPECT_FALSE(screens->order.loaded());
+    EXPECT_EQ(data.rows("select OrderNo from OrderInfo union all select OrderNo from OrderItem"), (Texts{"5", "5"}));
+}
+
+TEST_F(FindingTest, ACancelledDeletionLeavesItsModeBehind) {
+    QWidget& order = openEstimate("E", 3);
+    click(numberPrompt(), "CmdCancel");
+    EXPECT_EQ(screens->order.AddOrDelete, "D");
+    host.expectOk("Estimate Saved", "Inventory");
+    enter(order, "TxtScity", "Elsewhere");
+    click(order, "CmdSave");
+    EXPECT_EQ(data.cell("select count(*) from OrderInfo where SCity = 'Elsewhere'"), "0");
+}
+
+TEST_F(FindingTest, LettersInTheNumberEndTheProgram) {
+    enter(numberPrompt(), "TxtGetOrderNo", "3a");
+    click(screens->orderNo.window(), "cmdOk");
+    EXPECT_EQ(takeFailureNumber(), 13);
+}
+
+TEST_F(FindingTest, AnApostropheInTheSearchEndsTheProgram) {
+    QWidget& list = search();
+    enter(list, "txtName", "O'Hara");
+    click(list, "cmdSearch");
+    EXPECT_NE(endedWith().find("like '%O'Hara%'"), std::string::npos);
+}
+
+TEST_F(FindingTest, SharedNotes) {
+    start();
+    choose("mnuBlank");
+    QWidget& notes = screens->blank.window();
+    EXPECT_EQ(utf8(notes.windowTitle()), "Blank Area for Customer Notes");
+    EXPECT_EQ(text(notes, "rtfNotes"), "Good for 30 days.\nHalf is due on signing.");
+    find<TextArea>(notes, "rtfNotes").setText("Don't walk on wet floors; it's slippery.");
+    QWidget& order = newEstimate();
+    click(order, "cmdImport");
+    EXPECT_EQ(text(order, "rtfNotes"), "Good for 30 days.\nHalf is due on signing.") << "the text last stored";
+    click(notes, "cmdOk");
+    EXPECT_FALSE(screens->blank.loaded());
+    EXPECT_EQ(data.cell("select Notes from BlankNotes"), "Don't walk on wet floors; it's slippery.");
+    choose("mnuBlank");
+    find<TextArea>(screens->blank, "rtfNotes").setText("lost");
+    click(screens->blank.window(), "CmdCancel");
+    EXPECT_EQ(data.cell("select Notes from BlankNotes"), "Don't walk on wet floors; it's slippery.");
+}
+
+TEST_F(FindingTest, NotesWithoutTheirRowEndTheProgram) {
+    data.execute("delete from BlankNotes");
+    start();
+    choose("mnuBlank");
+    EXPECT_EQ(takeFailureNumber(), 5);
+}
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,184 @@
+#include <QApplication>
+#include <QMenu>
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+
+#include "assistant/animated_assistant.h"
+#include "journeys/journey.h"
+#include "shell/menu_tree.h"
+
+namespace torvane {
+namespace {
+
+class StartTest : public JourneyTest {
+protected:
+    Texts visibleMenus() {
+        Texts names;
+        for (const MenuEntry& menu : menuTree())
+            if (menu.parent.empty() && entry(menu.name).isVisible()) names.emplace_back(menu.name);
+        return names;
+    }
+};
+
+TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
+    Texts menusBefore;
+    std::string character;
+    start(false, [&](const std::string& file) {
+        character = file;
+        menusBefore = visibleMenus();
+        EXPECT_FALSE(standing("frmMainMenu"));
+        return recordingAssistant();
+    });
+    EXPECT_EQ(character, data.path() + "/Merlin.ACS");
+    EXPECT_EQ(menusBefore, (Texts{"mnuHelp", "mnuExit"}));
+    EXPECT_EQ(visibleMenus(), (Texts{"mnuFile", "mnuInventory", "mnuEstimates", "mnuCalc", "mnuReport", "mnuBlank",
+                                     "mnuHelp", "mnuExit"}));
+    EXPECT_EQ(calls, (Texts{"Show", "MoveTo 100 100", "Play Wave", "Speak Hello", "Play Greet",
+                            "Speak Welcome to Torvane Construction Estimator", "Hide"}));
+    EXPECT_EQ(screens->mainMenu.caption(), "Main Menu");
+    EXPECT_EQ(text(screens->mainMenu.window(), "Label1"), "TORVANE Construction Estimator Ver. 2.0");
+    EXPECT_EQ(visible(screens->mainMenu.window(), {"Frame2", "cmd_Files", "cmd_Exit"}), "Frame2 cmd_Files cmd_Exit");
+}
+
+struct BadStart {
+    const char* name;
+    void (*prepare)(const DataFolder&);
+    bool previousInstance;
+    std::string ended;  // the folder's path stands for %
+};
+void PrintTo(const BadStart& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class BadStartTest : public JourneyTest, public ::testing::WithParamInterface<BadStart> {};
+
+TEST_P(BadStartTest, EndsBeforeTheMainWindow) {
+    const BadStart& row = GetParam();
+    row.prepare(data);
+    int loaded = 0;
+    start(row.previousInstance, [&](const std::string& file) {
+        ++loaded;
+        return std::make_unique<AnimatedAssistant>(file);
+    });
+    std::string ended = row.ended;
+    if (const auto mark = ended.find('%'); mark != std::string::npos) ended.replace(mark, 1, data.path());
+    EXPECT_EQ(endedWith(), ended);
+    EXPECT_FALSE(screens->mainMenu.loaded());
+    EXPECT_FALSE(standing("frmMainMenu"));
+    EXPECT_EQ(loaded, row.name == std::string("character") ? 1 : 0);
+    EXPECT_EQ(std::filesystem::exists(data.database()), row.name != std::string("missing"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Start, BadStartTest,
+    ::testing::Values(BadStart{"missing", [](const DataFolder& data) { std::filesystem::remove(data.database()); },
+                               false, "14 %/Larkfen.mdb"},
+                      BadStart{"character", [](const DataFolder&) {}, false, "53 "},
+                      BadStart{"secondCopy", [](const DataFolder&) {}, true, "91 "}),
+    [](const auto& one) { return std::string(one.param.name); });
+
+TEST_F(StartTest, ButtonsShowTheEntriesOfTheMenuBarAtTheirRightEdge) {
+    start();
+    struct Row {
+        const char* button;
+        const char* menu;
+        const char* firstEntry;
+    };
+    for (const Row& row :
+         {Row{"cmd_Files", "mnuFile", "mnuExport"}, Row{"cmd_Masters", "mnuInventory", "mnuCatg"},
+          Row{"cmd_Estimates", "mnuEstimates", "mnuNewEstimate"}, Row{"cmd_Calculators", "mnuCalc", "mnucalc1"},
+          Row{"cmd_Reports", "mnuReport", "mnusalesrpt"}}) {
+        SCOPED_TRACE(row.button);
+        auto& button = find<QAbstractButton>(screens->mainMenu, row.button);
+        click(button);
+        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(popup);
+        EXPECT_EQ(utf8(popup->objectName()), row.menu);
+        EXPECT_EQ(utf8(popup->actions().constFirst()->objectName()), row.firstEntry);
+        EXPECT_EQ(popup->pos(), button.mapToGlobal(QPoint(button.width(), 0)));
+        popup->close();
+        settle();
+    }
+    click(screens->mainMenu.window(), "cmd_Blank");
+    EXPECT_TRUE(standing("frmBlank"));
+    click(screens->mainMenu.window(), "cmd_Exit");
+    EXPECT_FALSE(screens->mainMenu.loaded());
+}
+
+TEST_F(StartTest, EachEntryOpensItsScreenOrSaysThatItIsNotThereYet) {
+    start();
+    const std::map<std::string_view, const char*> opens{
+        {"SubMnuAddCust", "frmCustomer"}, {"SubMnuEditCust", "frmCustomer"}, {"SubMnuDelCust", "frmCustomer"},
+        {"mnuNewEstimate", "frmOrder"},   {"mnuEditEstimate", "frmOrders"},  {"mnuDelEstimate", "FrmOrderNo"},
+        {"mnuBlank", "frmBlank"},         {"mnusalesrpt", "frmRptOrders"}, {"mnucustrpt", "DataReport2"}};
+    const std::set<std::string_view> others{"mnuExport", "mnuImport", "mnuClose", "mnuExit"};
+    for (const MenuEntry& one : menuTree()) {
+        QAction& action = entry(one.name);
+        if (action.menu() || action.isSeparator() || others.contains(one.name)) continue;
+        SCOPED_TRACE(one.name);
+        calls.clear();
+        trigger(action);
+        if (const auto window = opens.find(one.name); window != opens.end()) {
+            QWidget* shown = standing(window->second);
+            ASSERT_TRUE(shown);
+            EXPECT_TRUE(calls.empty());
+            closeBox(*shown);
+        } else {
+            ASSERT_EQ(calls.size(), 2U);
+            EXPECT_EQ(calls[0], "Show");
+            EXPECT_TRUE(calls[1].starts_with("Speak ") && calls[1].ends_with(" not there yet.")) << calls[1];
+        }
+    }
+}
+
+TEST_F(StartTest, HelpIsAskedForByContext) {
+    QWidget& order = newEstimate();
+    customers("E");
+    std::vector<int> contexts;
+    program.setHelp([&](int context) { contexts.push_back(context); });
+    for (QWidget* window : {&screens->customer.window(), &screens->mainMenu.window(), &order}) {
+        window->activateWindow();
+        key(*window, Qt::Key_F1);
+    }
+    key(find<TextBox>(order, "TxtQty"), Qt::Key_F1);
+    click(order, "cmdMainHelp");
+    EXPECT_EQ(contexts, (std::vector<int>{0, 1, 12, 12, 12}));
+}
+
+TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
+    std::string many = "insert into Customer (CustName) values ('A0')";
+    for (int i = 1; i < 20; ++i) many += ",('A" + std::to_string(i) + "')";
+    data.execute(many);
+    int ended = 0;
+    program.onLastWindowGone([&] { ++ended; });
+    QWidget& order = newEstimate();
+    const QPoint place = customers("A").pos();
+    click(screens->customer.window(), "cmdExit");
+    EXPECT_FALSE(screens->customer.loaded());
+    closeBox(screens->mainMenu.window());
+    EXPECT_FALSE(screens->mainMenu.loaded());
+    EXPECT_TRUE(order.isVisible());
+    EXPECT_TRUE(program.mainWindowHasGone());
+
+    run([&] { screens->customer.Show(); });
+    settle();
+    QWidget& list = screens->customer.window();
+    EXPECT_EQ(list.pos(), place);
+    EXPECT_EQ(rows(list).size(), 15U);
+    calls.clear();
+    click(list, "cmdMainHelp");
+    key(list, Qt::Key_F1);
+    EXPECT_EQ(calls, Texts{});
+    enter(order, "TxtQty", "4");
+    click(order, "cmdAdd");
+    EXPECT_EQ(rows(order).size(), 1U);
+    click(list, "cmdExit");
+    EXPECT_EQ(ended, 0);
+    closeBox(order);
+    EXPECT_EQ(ended, 1);
+}
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,98 @@
+#include <fstream>
+#include <sstream>
+
+#include "reports/data_environment.h"
+#include "reports/report_html.h"
+#include "reports/report_pages.h"
+#include "support/record_test.h"
+
+namespace torvane {
+namespace {
+
+ReportRows blank(std::vector<std::string> names, int count) {
+    std::vector<Value> cells(names.size() * static_cast<std::size_t>(count), Value{std::int64_t{1}});
+    const int columns = static_cast<int>(names.size());
+    return {std::move(names), RowArray(columns, std::move(cells)), {}};
+}
+
+TEST(ListReports, PagesBreakBetweenBands) {
+    struct Row {
+        const ReportLayout& layout;
+        int rows;
+        int pages;
+        int onLastPage;  // placed things
+    };
+    const std::vector<std::string> estimate{"orderno", "Orderdate", "CustName", "total"};
+    const std::vector<std::string> customer{"CustName", "BStreet1", "BStreet2", "BCity", "BState", "BZip",
+                                            "BCountry", "BPhone",   "BFax",     "BEmail", "BUrl"};
+    for (const Row& row :
+         {Row{estimatesLayout(), 0, 1, 1 + 5 + 2}, Row{estimatesLayout(), 38, 1, 1 + 5 + 38 * 4 + 2},
+          Row{estimatesLayout(), 39, 2, 5 + 2}, Row{estimatesLayout(), 40, 2, 5 + 2},
+          Row{estimatesLayout(), 41, 2, 5 + 4 + 2}, Row{customersLayout(), 6, 1, 1 + 6 + 6 * 11 + 1},
+          Row{customersLayout(), 7, 2, 6 + 11 + 1}}) {
+        SCOPED_TRACE(std::string(row.layout.name) + " " + std::to_string(row.rows));
+        const ReportPages pages(row.layout, blank(&row.layout == &estimatesLayout() ? estimate : customer, row.rows),
+                                {});
+        EXPECT_EQ(row.pages, pages.pageCount());
+        EXPECT_EQ(row.onLastPage, static_cast<int>(pages.page(pages.pageCount() - 1).size()));
+    }
+}
+
+TEST(ListReports, HtmlSaysTextsAsTheyAre) {
+    Placed placed;
+    placed.left = 144;
+    placed.align = Align::Right;
+    placed.text = "2 < 3 & \"so\"";
+    const std::string html = htmlPage({placed});
+    EXPECT_NE(std::string::npos, html.find("<div class=\"plain right\" style=\"left:7.2pt;"));
+    EXPECT_NE(std::string::npos, html.find(">2 &lt; 3 &amp; \"so\"</div>"));
+}
+
+class ListReportsTest : public RecordTest {
+protected:
+    ListReportsTest() { folder.useSample(); }
+    static std::string kept(const char* name) {
+        std::ifstream file(std::string(TORVANE_KEPT "/") + name);
+        EXPECT_TRUE(file) << "the kept dump is missing";
+        std::stringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+    std::string estimates(const Date& from, const Date& to) {
+        return ReportPages(estimatesLayout(), DataEnvironment1(environment).estimates(from, to), host.style).dump();
+    }
+};
+
+// A dump is renewed by taking over what its test prints.
+TEST_F(ListReportsTest, OfTheSampleBusiness) {
+    DataEnvironment1 data(environment);
+    EXPECT_EQ(kept("estimates.txt"), ReportPages(estimatesLayout(), data.estimates(), host.style).dump());
+    EXPECT_EQ(kept("customers.txt"), ReportPages(customersLayout(), data.customers(), host.style).dump());
+}
+
+TEST_F(ListReportsTest, DatesBoundTheEstimatesAndTheirSum) {
+    folder.execute("update OrderInfo set Total = 10.1 where OrderDate = '2004-03-15'");
+    const auto has = [](const std::string& dump, const char* text) { return dump.find(text) != std::string::npos; };
+    const std::string march = estimates({2004, 3, 1}, {2004, 3, 15});
+    EXPECT_TRUE(has(march, "left 3/15/2004\n"));
+    EXPECT_FALSE(has(march, "left 4/2/2004\n"));
+    EXPECT_TRUE(has(march, "bold right 10.10\n"));
+    for (const auto& [from, to] : {std::pair{Date{2004, 3, 16}, Date{2004, 3, 15}}, {Date{2001, 1, 1}, Date{2001, 2, 1}}})
+        EXPECT_TRUE(has(estimates(from, to), "bold right 0.00\n"));
+    // A customer that has gone takes its estimates along.
+    folder.execute("delete from Customer where CustId = (select CustId from OrderInfo where OrderDate = '2004-03-15')");
+    EXPECT_TRUE(has(estimates({2004, 3, 1}, {2004, 3, 15}), "bold right 0.00\n"));
+}
+
+TEST_F(ListReportsTest, TheMachinesOwnDatesReachTheStatement) {
+    for (const char* pattern : {"yyyy-MM-dd", "d MMM yyyy", "M/d/yy", "dddd"}) {
+        SCOPED_TRACE(pattern);
+        host.style.pattern = pattern;
+        DataEnvironment1 data(environment);
+        const bool readable = std::string_view(pattern) != "dddd";
+        EXPECT_EQ(readable ? 1U : 0U, data.estimates({2004, 3, 15}, {2004, 3, 15}).groups().size());
+    }
+}
+
+}  // namespace
+}  // namespace torvane
