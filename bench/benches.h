@@ -12,6 +12,8 @@ void lists(Sample& sample);
 void estimates(Sample& sample);
 // The estimate screen on such an estimate and on the largest catalogue.
 void screens(Sample& sample);
+// The windows of the catalogue at its largest.
+void masters(Sample& sample);
 // From the start of the process to the painted main window.
 void start(const Sample& sample);
 

@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
         bench::lists(sample);
         bench::estimates(sample);
         bench::screens(sample);
+        bench::masters(sample);
         bench::start(sample);
     } catch (const std::exception& failure) {
         std::printf("stopped: %s\n", failure.what());

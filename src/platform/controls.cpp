@@ -347,10 +347,12 @@ void ReportList::setRow(int row, const std::vector<std::string>& texts) {
 void ReportList::setColumnIcon(int column, Icon icon) {
     requireColumn(column);
     icons_[static_cast<std::size_t>(column)] = icon;
-    if (headerItem()->icon(column).isNull())
-        for (int other = 0; other < columnCount(); ++other)
-            headerItem()->setIcon(other, headerIcon(*this, Icon::Blank));
-    headerItem()->setIcon(column, headerIcon(*this, icon));
+    for (int each = 0; each < columnCount(); ++each) {
+        // A caption at the right stays where it is without an icon of no picture, and has all the room.
+        const bool blank = columnIcon(each) == Icon::Blank;
+        const bool right = headerItem()->textAlignment(each) & Qt::AlignRight;
+        headerItem()->setIcon(each, blank && right ? QIcon() : headerIcon(*this, columnIcon(each)));
+    }
 }
 
 ReportList::Icon ReportList::columnIcon(int column) const {

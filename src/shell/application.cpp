@@ -16,7 +16,11 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
       itemSheet(program, order),
       blank(program),
       customer(program, order),
-      mainMenu(program, Screens{order, orders, orderNo, blank, customer, reportPrompt, reports}, files, previousInstance, std::move(loadAssistant)) {
+      category(program),
+      item(program, category),
+      master(program),
+      mainMenu(program, Screens{order, orders, orderNo, blank, customer, category, item, master, reportPrompt, reports},
+               files, previousInstance, std::move(loadAssistant)) {
     order.setCustomerList(customer);
     order.setCompanions(orderNo, itemSheet, {&calculators1, &calculators2, &calculators3, &calculators4});
 }

@@ -11,7 +11,10 @@
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
 #include "estimates/screens/frm_orders.h"
+#include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
+#include "masters/screens/frm_item.h"
+#include "masters/screens/frm_master.h"
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/frm_rpt_orders.h"
@@ -36,6 +39,9 @@ struct Application {
     frmList itemSheet;
     frmBlank blank;
     frmCustomer customer;
+    frmCategory category;
+    frmItem item;
+    frmMaster master;
     frmMainMenu mainMenu;
 };
 

@@ -12,7 +12,10 @@
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
 #include "estimates/screens/frm_orders.h"
+#include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
+#include "masters/screens/frm_item.h"
+#include "masters/screens/frm_master.h"
 #include "platform/controls.h"
 #include "platform/pictures.h"
 #include "reports/screens/data_reports.h"
@@ -88,7 +91,9 @@ frmMainMenu::frmMainMenu(Program& program, Screens screens, FileSystem& files, b
       previousInstance_(previousInstance),
       loadAssistant_(std::move(loadAssistant)) {}
 
-frmMainMenu::~frmMainMenu() { program().setMerlin(nullptr); }
+frmMainMenu::~frmMainMenu() {
+    program().setMerlin(nullptr);
+}
 
 // --- The window ------------------------------------------------------------------------------------------------------
 
@@ -172,7 +177,9 @@ void frmMainMenu::popUp(QWidget& button, std::string_view menu) {
     menus_.value(qstring(menu))->popup(button.mapToGlobal(QPoint(button.width(), 0)));
 }
 
-void frmMainMenu::runEntry(std::string_view name) { entries_.value(qstring(name))->trigger(); }
+void frmMainMenu::runEntry(std::string_view name) {
+    entries_.value(qstring(name))->trigger();
+}
 
 void frmMainMenu::setWorkingMenusVisible(bool visible) {
     for (const std::string_view menu : workingMenus) entries_.value(qstring(menu))->setVisible(visible);
@@ -234,15 +241,29 @@ void frmMainMenu::connectEntries() {
     onEntry("mnuClose", [this] { Unload(); });
     onEntry("mnuExit", [this] { Unload(); });
 
-    const auto openCustomers = [this](std::string_view entry, const char* which) {
-        onEntry(entry, [this, which] {
-            screens_.customer.Which = which;
-            screens_.customer.Show();
+    const auto openList = [this](auto& list, std::string_view entry, const char* which) {
+        onEntry(entry, [&list, which] {
+            list.Which = which;
+            list.Show();
         });
     };
-    openCustomers("SubMnuAddCust", "A");
-    openCustomers("SubMnuEditCust", "E");
-    openCustomers("SubMnuDelCust", "D");
+    openList(screens_.category, "SubMnuAddCat", "A");
+    openList(screens_.category, "SubMnuEditCat", "E");
+    openList(screens_.category, "SubMnuDelCat", "D");
+    openList(screens_.item, "SubMnuAddItem", "A");
+    openList(screens_.item, "SubMnuEditItem", "E");
+    openList(screens_.item, "SubMnuDelItem", "D");
+    openList(screens_.customer, "SubMnuAddCust", "A");
+    openList(screens_.customer, "SubMnuEditCust", "E");
+    openList(screens_.customer, "SubMnuDelCust", "D");
+    const auto openNames = [this](std::string_view entry, const char* table) {
+        onEntry(entry, [this, table] {
+            screens_.master.MastertableName = table;
+            screens_.master.Show();
+        });
+    };
+    openNames("mnuRooms", "Rooms");
+    openNames("mnuUnits", "Units");
 
     onEntry("mnuNewEstimate", [this] {
         screens_.order.AddOrDelete = "A";
@@ -256,12 +277,6 @@ void frmMainMenu::connectEntries() {
     });
     onEntry("mnuBlank", [this] { screens_.blank.Show(); });
 
-    for (const std::string_view entry : {"SubMnuAddCat", "SubMnuEditCat", "SubMnuDelCat"})
-        notThereYet(entry, "The categories screen is");
-    for (const std::string_view entry : {"SubMnuAddItem", "SubMnuEditItem", "SubMnuDelItem"})
-        notThereYet(entry, "The items screen is");
-    notThereYet("mnuRooms", "The takeoff names screen is");
-    notThereYet("mnuUnits", "The units screen is");
     for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
     onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
     onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });

@@ -17,7 +17,10 @@ namespace torvane {
 
 class FileSystem;
 class frmBlank;
+class frmCategory;
 class frmCustomer;
+class frmItem;
+class frmMaster;
 class frmOrder;
 class FrmOrderNo;
 class frmOrders;
@@ -31,12 +34,15 @@ struct Screens {
     FrmOrderNo& orderNo;
     frmBlank& blank;
     frmCustomer& customer;
+    frmCategory& category;
+    frmItem& item;
+    frmMaster& master;
     frmRptOrders& reportPrompt;
     DataReports& reports;
 };
 
-// The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program and
-// holds what other objects take from it: the assistant, and the place of windows.
+// The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program
+// and holds what other objects take from it: the assistant, and the place of windows.
 class frmMainMenu : public Form {
 public:
     // `previousInstance`: another copy of the program runs on the same folder. `loadAssistant` brings the assistant to

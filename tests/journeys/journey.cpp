@@ -103,6 +103,12 @@ Texts rows(const QWidget& in) {
     return all;
 }
 
+void pasteInto(QWidget& box, std::string_view text) {
+    clear(box);
+    QApplication::clipboard()->setText(qstring(text));
+    key(box, Qt::Key_V, Qt::ControlModifier);
+}
+
 void click(const QWidget& in, std::string_view control) {
     click(find<QWidget>(in, control));
 }
@@ -118,10 +124,7 @@ void enter(const QWidget& in, std::string_view box, std::string_view text) {
 }
 
 void paste(const QWidget& in, std::string_view box, std::string_view text) {
-    auto& control = find<QWidget>(in, box);
-    clear(control);
-    QApplication::clipboard()->setText(qstring(text));
-    key(control, Qt::Key_V, Qt::ControlModifier);
+    pasteInto(find<QWidget>(in, box), text);
 }
 
 void pick(const QWidget& in, std::string_view name, std::string_view entry) {

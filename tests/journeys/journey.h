@@ -26,10 +26,11 @@ std::string enabled(const QWidget& in, const Names& controls);
 // The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
 ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
-// Single steps of a user by the names of the controls; see JourneyTest::go for several.
+void pasteInto(QWidget& box, std::string_view text);
+// Single steps of a user, by the names of controls: a click, a double click on a row of "ListView1", a box's text
+// replaced by typing or by pasting, an entry picked in a list.
 void click(const QWidget& in, std::string_view control);
 void doubleClickRow(const QWidget& in, int row);
-// Replaces the text of a box by typing, or by pasting.
 void enter(const QWidget& in, std::string_view box, std::string_view text);
 void paste(const QWidget& in, std::string_view box, std::string_view text);
 void pick(const QWidget& in, std::string_view list, std::string_view entry);
@@ -56,7 +57,7 @@ protected:
     void start(bool previousInstance = false, LoadAssistant loadAssistant = {});
     std::unique_ptr<Assistant> recordingAssistant();
     QAction& entry(std::string_view name) { return find<QAction>(screens->mainMenu, name); }
-    void choose(std::string_view entryName) { trigger(entry(entryName)); }
+    void choose(std::string_view name) { trigger(entry(name)); }
 
     // A user's way through a window, steps separated by "; ". "name" clicks a control, "name=value" replaces the text
     // of a box by typing, or picks an entry of a list. Just these boxes come on the way.

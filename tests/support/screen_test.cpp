@@ -92,15 +92,16 @@ void clickHeader(ReportList& list, int column) {
 
 void pickInList(DropList& list, int index) {
     if (!reachable(list)) return;
-    const QPointer<DropList> standing = &list;  // the pick may close its screen
+    const QPointer<QWidget> window = list.window();  // the pick may close it
     focusOn(list);
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(index, 0));
     QTest::keyClick(windowOf(*list.view()), Qt::Key_Return);
     settle();
     // Without a window manager nobody gives the keys back to the window below.
-    if (!standing) return;
-    standing->activateWindow();
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (!window || (modal && modal != window)) return;
+    window->activateWindow();
     settle();
 }
 

@@ -1,5 +1,5 @@
-// The tour: the real windows through the road of a new estimate, on the sample business, leaving a picture of each window
-// and the proposal as PDF.
+// The tour: the real windows through the road of a new estimate, on the sample business, leaving a picture of each
+// window and the proposal as PDF.
 //
 //   tour <program folder> <folder for the pictures>
 //
@@ -49,6 +49,7 @@ public:
     void walk() {
         mainWindow();
         restore();
+        catalogue();
         addCustomer();
         newEstimate();
         changePrice();
@@ -75,7 +76,10 @@ private:
 
     void picture(QWidget& window, const char* name) {
         pause();
-        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_).arg(++number_, 2, 10, QLatin1Char('0')).arg(QLatin1String(name));
+        const QString file = QStringLiteral("%1/%2-%3.png")
+                                 .arg(folder_)
+                                 .arg(++number_, 2, 10, QLatin1Char('0'))
+                                 .arg(QLatin1String(name));
         if (!window.grab().save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
         std::printf("%s\n", qPrintable(file));
     }
@@ -114,7 +118,8 @@ private:
 
     static void click(QWidget& in, const char* button) {
         auto& control = find<QAbstractButton>(in, button);
-        if (!control.isVisible() || !control.isEnabled()) stop(QStringLiteral("%1 can't be pressed").arg(QLatin1String(button)));
+        if (!control.isVisible() || !control.isEnabled())
+            stop(QStringLiteral("%1 can't be pressed").arg(QLatin1String(button)));
         QTest::mouseClick(&control, Qt::LeftButton);
         pause(20);
     }
@@ -153,7 +158,8 @@ private:
         wait("the greeting", [] { return balloon().startsWith(QLatin1String("Welcome")); });
         picture(mainMenu(), "main-window");
         for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->isVisible() && window->findChild<QWidget*>(QStringLiteral("Balloon"))) picture(*window, "assistant");
+            if (window->isVisible() && window->findChild<QWidget*>(QStringLiteral("Balloon")))
+                picture(*window, "assistant");
         auto& button = find<QAbstractButton>(mainMenu(), "cmd_Estimates");
         QTest::mouseClick(&button, Qt::LeftButton);
         wait("the pop-up", [] { return QApplication::activePopupWidget() != nullptr; });
@@ -169,7 +175,8 @@ private:
     }
 
     void restore() {
-        const QString backup = QDir(qstring(screens_.mainMenu.program().host().programDirectory())).filePath(QStringLiteral("Sample.bak"));
+        const QString backup =
+            QDir(qstring(screens_.mainMenu.program().host().programDirectory())).filePath(QStringLiteral("Sample.bak"));
         onModal("the file dialog", [this, backup](QWidget& top) {
             find<QLineEdit>(top, "fileNameEdit").setText(backup);
             picture(top, "restore");
@@ -177,6 +184,51 @@ private:
             QTest::keyClick(&find<QLineEdit>(top, "fileNameEdit"), Qt::Key_Return);
         });
         entry(mainMenu(), "mnuImport");
+    }
+
+    void catalogue() {
+        entry(mainMenu(), "SubMnuAddCat");
+        pause();
+        QWidget& categories = screens_.category.window();
+        type(categories, "txtCatName", QStringLiteral("Deck screws"));
+        pick(categories, "cmbParent", "Decks");
+        picture(categories, "categories");
+        onBox("category-added", QMessageBox::Ok);
+        click(categories, "cmdAdd");
+        click(categories, "cmdExit");
+
+        entry(mainMenu(), "SubMnuEditCat");
+        pause();
+        onModal("the category form", [this](QWidget& form) {
+            picture(form, "category");
+            click(form, "CmdCancel");
+        });
+        doubleClick(find<ReportList>(screens_.category.window(), "ListView1"), 1);
+        click(screens_.category.window(), "cmdExit");
+
+        entry(mainMenu(), "SubMnuAddItem");
+        pause();
+        QWidget& items = screens_.item.window();
+        type(items, "txtName", QStringLiteral("Deck screws, 3 in, 5 lb box"));
+        picture(items, "items");
+        onModal("the item form", [this](QWidget& form) {
+            pick(form, "CmbCat", "Deck screws (Decks <- Exterior)");
+            pick(form, "cmbUnit", "Each");
+            type(form, "TxtQty", QStringLiteral("1"));
+            type(form, "TxtMaterial", QStringLiteral("31.5"));
+            picture(form, "item");
+            onBox("item-saved", QMessageBox::Ok);
+            click(form, "cmdOk");
+        });
+        click(items, "cmdAdd");
+        click(items, "cmdExit");
+
+        entry(mainMenu(), "mnuUnits");
+        pause();
+        QWidget& names = screens_.master.window();
+        click(names, "cmdNext");
+        picture(names, "units");
+        click(names, "cmdExit");
     }
 
     void addCustomer() {

@@ -31,6 +31,10 @@ void EntrySkeleton::CmdSave_Click() {
     saveRecord();
     form().program().say(savedText(), "Inventory");
     ClearClass();
+    DisableSave();
+}
+
+void EntrySkeleton::DisableSave() {
     applyButton().setEnabled(false);
 }
 
@@ -47,7 +51,8 @@ void EntrySkeleton::CmdCancel_Click() {
 
 void EntrySkeleton::cmdMainHelp_Click() {
     form().program().speakHelp(
-        "Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' button closes the window "
+        "Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' button closes the "
+        "window "
         "without saving. 'Apply' button saves your data but does not close the window.");
 }
 

@@ -34,6 +34,8 @@ protected:
     void openByMode(const std::string& which, std::initializer_list<QWidget*> names,
                     std::initializer_list<QWidget*> frames);
     void CmdSave_Click();
+    // Nothing enables Apply again while the form lives.
+    void DisableSave();
     void cmdOk_Click();
     void CmdCancel_Click();
     void cmdMainHelp_Click();

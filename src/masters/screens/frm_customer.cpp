@@ -1,9 +1,10 @@
 #include "masters/screens/frm_customer.h"
-#include "values/numbers.h"
 
 #include <algorithm>
 #include <iterator>
 #include <utility>
+
+#include "values/numbers.h"
 
 namespace torvane {
 
@@ -37,22 +38,9 @@ std::vector<ListSkeleton::Mode> frmCustomer::modes() {
 
 void frmCustomer::Form_Load() {
     cust_.reset();  // the list's own object is new at each load
-    const auto click = [this](QAbstractButton* button, auto handler) {
-        on(*this, button, &QAbstractButton::clicked, handler);
-    };
-    click(ui().cmdSearch, [this] { cmdSearch_Click(); });
-    click(ui().CmdAll, [this] { CmdAll_Click(); });
-    click(ui().CmdPrev, [this] { CmdPrev_Click(); });
-    click(ui().CmdNext, [this] { CmdNext_Click(); });
-    click(ui().cmdAdd, [this] { cmdAdd_Click(); });
-    click(ui().cmdCopy, [this] { cmdCopy_Click(); });
-    click(ui().CmdEdit, [this] { CmdEdit_Click(); });
-    click(ui().cmdDel, [this] { cmdDel_Click(); });
-    click(ui().CmdSelect, [this] { CmdSelect_Click(); });
-    click(ui().cmdMainHelp, [this] { cmdMainHelp_Click(); });
-    click(ui().cmdExit, [this] { Unload(); });
-    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
-    on(*this, ui().ListView1, &ReportList::ColumnClick, [this](int column) { sortBy(column); });
+    connectList(ui());
+    // There to be looked at: no event opens it in this window.
+    addRelatedMenu({{"mnuRelManf", "View Related Manufacturers", ""}, {"mnuRelCatg", "View Related Categories", ""}});
     program().StartUp(*this);
     loadList("CustName");
 }
@@ -94,53 +82,22 @@ void frmCustomer::cmdAdd_Click() {
     RefreshGrid();
 }
 
-void frmCustomer::cmdCopy_Click() {
-    Which = "C";
-    Cust().AddEditDel = "A";
-    custMast_.Cust().AddEditDel = "A";
-    custMast_.Cust().CustId = strictInt16(selectedKey());
+void frmCustomer::showEntryForm(std::int16_t key, std::string_view flag) {
+    custMast_.Cust().CustId = key;
     custMast_.Cust().GetCustomer();
+    custMast_.Cust().AddEditDel = flag;
     custMast_.ShowModal();
-    RefreshGrid();
 }
 
-void frmCustomer::CmdEdit_Click() {
-    if (ui().ListView1->RowCount() == 0) return;
-    custMast_.Cust().CustId = strictInt16(selectedKey());
-    custMast_.Cust().GetCustomer();
-    custMast_.Cust().AddEditDel = "E";
-    custMast_.ShowModal();
-    RefreshGrid();
+void frmCustomer::deleteRecord(std::int16_t key) {
+    Cust().CustId = key;
+    Cust().Delete();
 }
 
 void frmCustomer::ListView1_DblClick() {
-    if (ui().ListView1->RowCount() == 0) return;
-    if (Which == "S") {
-        CmdSelect_Click();
-        Unload();
-        return;
-    }
-    custMast_.Cust().CustId = strictInt16(selectedKey());
-    custMast_.Cust().GetCustomer();
-    enterDoubleClickMode();
-    custMast_.Cust().AddEditDel = "E";
-    custMast_.ShowModal();
-    refill();
-}
-
-void frmCustomer::cmdDel_Click() {
-    if (ui().ListView1->RowCount() == 0) return;
-    Cust().CustId = strictInt16(selectedKey());
-    if (program().confirm("Are you sure you want to Delete ' " + selectedName() + " '", "Inventory")) {
-        Cust().AddEditDel = "D";
-        Cust().CustId = strictInt16(selectedKey());
-        Cust().Delete();
-        program().say("Deleted", defaultTitle);
-    }
-    RefreshGrid();
-    ui().txtCustName->setText("");
-    ui().txtCustName->setEnabled(true);
-    ui().txtCustName->setFocus();
+    if (Which != "S" || !hasRows()) return MasterList::ListView1_DblClick();
+    CmdSelect_Click();
+    Unload();
 }
 
 void frmCustomer::CmdSelect_Click() {
@@ -152,8 +109,9 @@ void frmCustomer::CmdSelect_Click() {
 
 void frmCustomer::cmdMainHelp_Click() {
     const std::string_view text =
-        Which == "A" ? "This screen allows you to enter the Customer details in the master table. Click on 'Add' button "
-                       "to add a new record in the Customers database. "
+        Which == "A"
+            ? "This screen allows you to enter the Customer details in the master table. Click on 'Add' button "
+              "to add a new record in the Customers database. "
         : Which == "E"
             ? "This screen allows you to edit the Customer data in the master table. Select the record by double "
               "clicking on the customer row or selecting the Customer and pressing 'Edit' button"

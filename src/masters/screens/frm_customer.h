@@ -5,7 +5,7 @@
 #include "masters/cls_customer.h"
 #include "masters/screens/cust_mast.h"
 #include "masters/screens/customer_pick.h"
-#include "masters/screens/list_skeleton.h"
+#include "masters/screens/master_list.h"
 #include "platform/form.h"
 #include "ui_frm_customer.h"
 
@@ -13,7 +13,7 @@ namespace torvane {
 
 // The list of customers. Opened by setting `Which` and showing it: modeless from the menu, modal with "S" from the
 // estimate screen, to which the picked customer is handed.
-class frmCustomer : public FormOf<Ui::frmCustomer>, public ListSkeleton {
+class frmCustomer : public FormOf<Ui::frmCustomer>, public MasterList {
 public:
     frmCustomer(Program& program, CustomerPick& pick);
 
@@ -35,16 +35,16 @@ private:
     bool searchedByName() override { return ui().OptName->isChecked(); }
     std::string_view offerToAdd() const override { return "Customer Not Found : Would You Like To Add ? "; }
     std::string_view notFound() const override { return "Customer Not Found"; }
+    std::string& AddEditDel() override { return Cust().AddEditDel; }
+    void deleteRecord(std::int16_t key) override;
+    void showEntryForm(std::int16_t key, std::string_view flag) override;
+    void cmdSearch_Click() override;
     void cmdAdd_Click() override;
+    void CmdSelect_Click() override;
+    void ListView1_DblClick() override;
+    void cmdMainHelp_Click() override;
 
     ClsCustomer& Cust();
-    void cmdSearch_Click();
-    void cmdCopy_Click();
-    void CmdEdit_Click();
-    void cmdDel_Click();
-    void CmdSelect_Click();
-    void ListView1_DblClick();
-    void cmdMainHelp_Click();
 
     CustomerPick& pick_;
     CustMast custMast_;

@@ -81,15 +81,18 @@ void ListSkeleton::refill() {
 void ListSkeleton::startSearch() {
     Page = 1;
     SearchItem();
+    enableSearch();
+    controls().search->selectAll();
+}
+
+void ListSkeleton::enableSearch() {
     controls().search->setEnabled(true);
     controls().search->setFocus();
-    controls().search->selectAll();
 }
 
 void ListSkeleton::CmdAll_Click() {
     RefreshGrid();
-    controls().search->setEnabled(true);
-    controls().search->setFocus();
+    enableSearch();
 }
 
 void ListSkeleton::CmdNext_Click() {
@@ -115,18 +118,18 @@ void ListSkeleton::sortBy(int column) {
     list.setColumnIcon(column, list.ascending ? ReportList::Icon::Up : ReportList::Icon::Down);
 }
 
-void ListSkeleton::enterDoubleClickMode() {
-    if (Which == "A" || Which == "D" || Which == "E") Which += 'E';
-}
-
 int ListSkeleton::selectedRow() {
     const int row = controls().list->SelectedRow();
     if (row < 0) fail(Failure::ObjectNotSet);
     return row;
 }
 
-std::string ListSkeleton::selectedKey() { return controls().list->Cell(selectedRow(), 0); }
+std::string ListSkeleton::selectedKey() {
+    return controls().list->Cell(selectedRow(), 0);
+}
 
-std::string ListSkeleton::selectedName() { return controls().list->Cell(selectedRow(), 1); }
+std::string ListSkeleton::selectedName() {
+    return controls().list->Cell(selectedRow(), 1);
+}
 
 }  // namespace torvane

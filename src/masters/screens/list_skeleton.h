@@ -16,8 +16,8 @@ namespace torvane {
 
 class Form;
 
-// What the paged lists of items, categories and customers have in common: modes, paging, sorting by header, search,
-// refill after a child window, the record counter. A list states its columns, its reads and its texts.
+// What the paged lists have in common: modes, paging, sorting by header, search, refill after a child window, the
+// record counter. A list states its columns, its reads and its texts.
 //
 // `Which` is the mode: "A" add, "E" edit, "D" delete, "S" select, "C" copy; a double click on a row turns the first
 // three into "AE", "EE" and "DE", and the value stays so until the next opener sets it.
@@ -27,6 +27,11 @@ public:
 
     // Reads the current page of all rows and shows it.
     void RefreshGrid();
+    // Reads the current page of what is searched for and shows it. When there is nothing, the rows stay as they are and
+    // a box says so, or offers to add.
+    void SearchItem();
+    // The record counter: which rows of how many are shown, by full pages.
+    void ShowLabel();
 
 protected:
     struct Column {
@@ -65,21 +70,20 @@ protected:
     virtual void cmdAdd_Click() {}
 
     // --- What it gets ------------------------------------------------------------------------------------------------
-    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The icon of the order
-    // stands on `iconColumn`, whatever the real order is.
+    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The icon of the
+    // order stands on `iconColumn`, whatever the real order is.
     void loadList(std::string_view sortField, int iconColumn = 1);
     // The common steps of cmdSearch, once the screen has set what to search for.
     void startSearch();
-    void SearchItem();
-    void ShowLabel();
     // SearchItem after a search, RefreshGrid otherwise.
     void refill();
-    void CmdAll_Click();
+    // The search box, ready to be typed into.
+    void enableSearch();
+    virtual void CmdAll_Click();
     void CmdNext_Click();
     void CmdPrev_Click();
     void sortBy(int column);
-    // The mode that a double click leaves behind.
-    void enterDoubleClickMode();
+    bool hasRows() { return controls().list->RowCount() > 0; }
     // Key of the selected row. Failure::ObjectNotSet when no row is selected.
     std::string selectedKey();
     // First visible column of the selected row.

@@ -1,0 +1,119 @@
+#include <QApplication>
+#include <QEvent>
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benches.h"
+#include "harness.h"
+#include "masters/screens/frm_category.h"
+#include "masters/screens/frm_item.h"
+#include "platform/program.h"
+#include "sample.h"
+
+// The windows of the catalogue at its largest: none of their acts may hold the user up for longer than the limit.
+
+namespace torvane::bench {
+
+namespace {
+
+constexpr double limit = 100;
+constexpr int rounds = 15;
+
+// The list, with its page in reach: nobody turns two thousand pages to measure the last one.
+class ItemList : public frmItem {
+public:
+    using frmItem::frmItem;
+    using ListSkeleton::Page;
+    using ListSkeleton::PageCount;
+};
+
+class Catalogue {
+public:
+    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, [](int) {}) {
+        program_.setErrorBox([](const RuntimeFailure&) {});
+    }
+    void act(const std::function<void()>& handler) {
+        program_.guarded(handler);
+        if (program_.ended()) throw std::runtime_error("a screen of the catalogue met a failure");
+    }
+
+private:
+    Program program_;
+
+public:
+    frmCategory category{program_};
+    ItemList item{program_, category};
+};
+
+// From the act to the painted window.
+void measure(const std::string& name, Catalogue& catalogue, const std::function<void()>& act,
+             const std::function<void()>& after = {}) {
+    auto work = [&] {
+        catalogue.act(act);
+        QApplication::processEvents();
+    };
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        times.push_back(timed(work));
+        if (after) catalogue.act(after);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    printFigure(name.c_str(), limit, median(times), "ms");
+}
+
+void opening(const char* name, Catalogue& catalogue, Form& form) {
+    measure(
+        name, catalogue, [&] { form.Show(); }, [&] { form.Unload(); });
+}
+
+void pages(Catalogue& catalogue) {
+    ItemList& item = catalogue.item;
+    catalogue.act([&] { item.Show(); });
+    ReportList& list = *item.ui().ListView1;
+    const char* const columns[] = {"", "code", "name", "category", "material", "quantity", "unit"};
+    for (int column = 1; column <= 6; ++column) {
+        const std::string by = std::string("items by ") + columns[column];
+        measure(by + ", sorted", catalogue, [&] { emit list.ColumnClick(column); });
+        const struct {
+            const char* name;
+            long page;
+        } places[] = {{", middle", item.PageCount / 2}, {", last", item.PageCount}};
+        for (const auto& place : places) {
+            item.Page = static_cast<std::int16_t>(place.page);
+            measure(by + place.name, catalogue, [&] { item.RefreshGrid(); });
+        }
+        item.Page = 1;
+    }
+    for (const char* text : {"Item 1", "Category 3", "nothing like it"})
+        measure(std::string("search for \"") + text + "\"", catalogue, [&] {
+            item.ui().txtName->setText(text);
+            item.ui().cmdSearch->click();
+        });
+    catalogue.act([&] { item.Unload(); });
+}
+
+}  // namespace
+
+void masters(Sample& sample) {
+    // The screenless platform complains at each window that it cannot raise.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        if (!message.startsWith("This plugin does not support")) std::fprintf(stderr, "%s\n", qPrintable(message));
+    });
+    Catalogue catalogue(sample);
+    catalogue.item.Which = catalogue.category.Which = "E";
+    opening("item list opened", catalogue, catalogue.item);
+    opening("category list opened", catalogue, catalogue.category);
+    ItemMast& form = catalogue.item.entryForm();
+    measure(
+        "item form opened", catalogue,
+        [&] {
+            form.Item().itemid = Sample::most;
+            form.Show();
+        },
+        [&] { form.Unload(); });
+    pages(catalogue);
+}
+
+}  // namespace torvane::bench

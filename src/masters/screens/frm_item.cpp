@@ -1,0 +1,117 @@
+#include "masters/screens/frm_item.h"
+
+#include <QMenu>
+#include <utility>
+
+#include "values/numbers.h"
+
+namespace torvane {
+
+frmItem::frmItem(Program& program, frmCategory& categories)
+    : FormOf(program, "frmItem"), itemMast_(program, *this, categories) {}
+
+ClsItem& frmItem::Item() {
+    if (!item_) item_ = std::make_unique<ClsItem>(program().environment());
+    return *item_;
+}
+
+ListSkeleton::Controls frmItem::controls() {
+    return {ui().ListView1, ui().txtName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+}
+
+std::vector<ListSkeleton::Column> frmItem::columns() const {
+    return {{{"ID", 0}, ""},
+            {{"Item #", 1800}, "Itemcode"},
+            {{"Item Name", 2400}, "ItemName"},
+            {{"Category", 1800}, "CatName"},
+            {{"Material", 1200, true}, "Material"},
+            {{"Quantity", 1200, true}, "Qty"},
+            // Not the unit's name, which is what the column shows.
+            {{"Unit", 1200}, "TU"}};
+}
+
+std::vector<ListSkeleton::Mode> frmItem::modes() {
+    return {{"A", "Add Item", ui().cmdAdd},
+            {"C", "Copy Item", ui().cmdCopy},
+            {"D", "Delete Item", ui().cmdDel},
+            {"E", "Edit Item", ui().CmdEdit},
+            {"S", "Select Item", ui().CmdSelect}};
+}
+
+void frmItem::Form_Load() {
+    item_.reset();  // the list's own object is new at each load
+    connectList(ui());
+    QMenu& mnuRel = addRelatedMenu({{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
+                                    {"mnuRelCatg", "View Related Categories", "Categories associated with "}});
+    on(*this, ui().ListView1, &ReportList::RightClick, [this, &mnuRel](const QPoint& pointer) {
+        if (Which == "E") mnuRel.popup(pointer);
+    });
+    program().StartUp(*this);
+    loadList("ItemCode");
+}
+
+std::optional<RowArray> frmItem::readAllRows() {
+    return Item().GetAllItemsN(Page, PageCount, FldName, AscOrDesc);
+}
+
+std::optional<RowArray> frmItem::readSearchedRows() {
+    return Item().GetSearchItems(Page, PageCount, FldName, AscOrDesc);
+}
+
+std::vector<std::string> frmItem::rowTexts(const RowArray& rows, int row) {
+    std::vector<std::string> texts;
+    for (const int column : {0, 5, 1, 2, 3, 4, 6}) texts.push_back(textOrEmpty(rows(column, row)));
+    return texts;
+}
+
+void frmItem::cmdSearch_Click() {
+    Item().SearchVal = ui().txtName->Text();
+    const std::pair<QRadioButton*, std::string_view> options[] = {
+        {ui().OptAll, "All"}, {ui().OptName, "ItemName"}, {ui().OptCat, "CatName"}, {ui().OptCode, "ItemCode"}};
+    for (const auto& [option, field] : options) {
+        if (!option->isChecked()) continue;
+        Item().SearchFld = field;
+        break;
+    }
+    startSearch();
+}
+
+void frmItem::cmdAdd_Click() {
+    Which = "A";
+    Item().AddEditDel = "A";
+    itemMast_.Item().AddEditDel = "A";
+    itemMast_.ui().txtCode->setText(generalText(Item().Maxitemno()));
+    itemMast_.ui().TxtName->setText(ui().txtName->Text());
+    itemMast_.ShowModal();
+    RefreshGrid();
+}
+
+void frmItem::showEntryForm(std::int16_t key, std::string_view flag) {
+    itemMast_.Item().itemid = key;
+    itemMast_.Item().GetItem();
+    itemMast_.Item().AddEditDel = flag;
+    itemMast_.ShowModal();
+}
+
+void frmItem::deleteRecord(std::int16_t key) {
+    Item().itemid = key;
+    Item().Delete();
+}
+
+void frmItem::cmdMainHelp_Click() {
+    // Deleting has a text only after a double click.
+    const std::string_view text =
+        Which == "A"
+            ? "This screen allows you to enter the Items in the master table. Click on 'Add' button to add a new "
+              "record in the Items database. "
+        : Which == "E"  ? "This screen allows you to edit the Items in the master table. Select the item record by "
+                          "double clicking on "
+                          "the item row or selecting the item and pressing 'Edit' button"
+        : Which == "DE" ? "This screen allows you to delete the Item from the master table. Select the item record by "
+                          "clicking the item and pressing 'Delete' button. It will delete the item record after "
+                          "confirmation."
+                        : "";
+    program().speakHelp(text);
+}
+
+}  // namespace torvane

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+
+#include "masters/cls_category.h"
+#include "masters/cls_item.h"
+#include "masters/cls_master.h"
+#include "masters/screens/category_pick.h"
+#include "masters/screens/entry_skeleton.h"
+#include "platform/form.h"
+#include "ui_item_mast.h"
+
+namespace torvane {
+
+class frmCategory;
+class frmItem;
+
+// Entry form of one item, shown modally over the item list.
+class ItemMast : public FormOf<Ui::ItemMast>, public CategoryPick, private EntrySkeleton {
+public:
+    ItemMast(Program& program, frmItem& list, frmCategory& categories);
+
+    // The item being shown; it lives from first touch until the form is closed.
+    ClsItem& Item();
+
+    // The category that was picked while the form had none to offer.
+    void takeCategory(std::int16_t CategoryId, const std::string& name) override;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    Form& form() override { return *this; }
+    QAbstractButton& applyButton() override { return *ui().CmdSave; }
+    QAbstractButton& okButton() override { return *ui().cmdOk; }
+    void copyToRecord() override;
+    bool validateRecord() override { return Item().Validate(); }
+    void saveRecord() override { Item().Save(); }
+    void ClearClass() override;
+    std::string_view savedText() const override { return " Item Saved"; }
+    void refreshList() override;
+
+    void FillCatg();
+    void FillUnits();
+    void FillData();
+    void openCategories(const char* which);
+    void cmdAddCat_Click();
+
+    frmItem& list_;
+    frmCategory& categories_;
+    std::unique_ptr<ClsItem> item_;
+    std::unique_ptr<clsCategory> category_;
+    std::unique_ptr<clsMaster> units_;
+    bool categoriesFilled_ = false;
+};
+
+}  // namespace torvane
