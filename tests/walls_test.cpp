@@ -30,10 +30,11 @@ const std::map<std::string, Rooms> allowed = {
      {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "masters/screens",
       "estimates/screens", "reports/screens"}},
 };
-const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports",
-                              "calculators"};
+const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports", "calculators"};
 
-std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('/')); }
+std::string folderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/'));
+}
 
 TEST(Walls, NoIncludeClimbs) {
     const std::filesystem::path source = TORVANE_SOURCE;

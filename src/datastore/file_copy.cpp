@@ -11,9 +11,13 @@
 
 namespace torvane {
 
-bool FileSystem::exists(const std::string& name) { return ::access(name.c_str(), F_OK) == 0; }
+bool FileSystem::exists(const std::string& name) {
+    return ::access(name.c_str(), F_OK) == 0;
+}
 
-int FileSystem::openToRead(const std::string& name) { return ::open(name.c_str(), O_RDONLY | O_CLOEXEC); }
+int FileSystem::openToRead(const std::string& name) {
+    return ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+}
 
 int FileSystem::openToWrite(const std::string& name) {
     constexpr mode_t everybodyReads = 0644;
@@ -38,9 +42,13 @@ bool FileSystem::write(int file, const char* bytes, std::size_t count) {
     return true;
 }
 
-bool FileSystem::sync(int file) { return ::fsync(file) == 0; }
+bool FileSystem::sync(int file) {
+    return ::fsync(file) == 0;
+}
 
-void FileSystem::close(int file) { ::close(file); }
+void FileSystem::close(int file) {
+    ::close(file);
+}
 
 bool FileSystem::rename(const std::string& from, const std::string& to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
@@ -54,7 +62,9 @@ bool FileSystem::syncFolder(const std::string& folder) {
     return done;
 }
 
-bool FileSystem::remove(const std::string& name) { return ::unlink(name.c_str()) == 0; }
+bool FileSystem::remove(const std::string& name) {
+    return ::unlink(name.c_str()) == 0;
+}
 
 namespace {
 

@@ -24,9 +24,9 @@ public:
     virtual bool remove(const std::string& name);
 };
 
-// Copies a file so that the target is, at every moment, its old content or the whole new one: into "<to>.new" in the same
-// folder, flushed, then renamed over the target, and the folder flushed. False when a step fails; the target is as it was
-// then, unless only the last flush failed, and the ".new" file has been removed if it could be.
+// Copies a file so that the target is, at every moment, its old content or the whole new one: into "<to>.new" in the
+// same folder, flushed, then renamed over the target, and the folder flushed. False when a step fails; the target is as
+// it was then, unless only the last flush failed, and the ".new" file has been removed if it could be.
 bool copyFile(FileSystem& files, const std::string& from, const std::string& to);
 
 }  // namespace torvane

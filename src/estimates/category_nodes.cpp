@@ -21,8 +21,7 @@ std::string lowered(const Value& name) {
 class Builder {
 public:
     Builder(const RowArray& categories, const std::optional<RowArray>& items) : categories_(categories) {
-        for (int row = 0; row < categories.rows(); ++row)
-            childrenOf_[int16OrZero(categories(3, row))].push_back(row);
+        for (int row = 0; row < categories.rows(); ++row) childrenOf_[int16OrZero(categories(3, row))].push_back(row);
         if (!items) return;
         for (int row = 0; row < items->rows(); ++row) {
             const std::string category = textOrEmpty((*items)(2, row));

@@ -8,7 +8,9 @@ namespace torvane {
 namespace {
 
 // Month first, without leading zeros, whatever the machine's own short date is.
-std::string dateLiteral(const Date& date) { return joined("#", date.month, "/", date.day, "/", date.year, "#"); }
+std::string dateLiteral(const Date& date) {
+    return joined("#", date.month, "/", date.day, "/", date.year, "#");
+}
 
 }  // namespace
 
@@ -35,10 +37,10 @@ void ClsOrder::insertLines() {
     const std::int16_t count = narrowToInt16(ColnOrderItems().Count());
     for (std::int32_t i = 1; i <= count; ++i) {
         const ClsOrderItems& line = ColnOrderItems().Item(i);
-        connection_.execute(joined(
-            "Insert into OrderItem (OrderNo,ItemId,Qty,Material,RoomId,UnitId,Extension,Labor,Others) values (", OrderNo,
-            ",", line.Item->itemid, ",", line.mvarQty, ",", line.mvarMaterial, ",", line.mvarRoomId, ",",
-            line.mvarUnitId, ",", line.mvarExtension, ",", line.mvarLabor, ",", line.mvarOthers, ")"));
+        connection_.execute(
+            joined("Insert into OrderItem (OrderNo,ItemId,Qty,Material,RoomId,UnitId,Extension,Labor,Others) values (",
+                   OrderNo, ",", line.Item->itemid, ",", line.mvarQty, ",", line.mvarMaterial, ",", line.mvarRoomId,
+                   ",", line.mvarUnitId, ",", line.mvarExtension, ",", line.mvarLabor, ",", line.mvarOthers, ")"));
     }
 }
 
@@ -123,8 +125,8 @@ void ClsOrder::ClearData() {
     CustId = RepId = ShipId = 0;
     SState = 0;
     Amount = Tax = Overhead = Total = 0;
-    for (std::string* text : {&SStreet1, &SStreet2, &SCity, &SZip, &SCountry, &SPhone, &SMobile, &SEmail, &UPSTracking,
-                              &Notes})
+    for (std::string* text :
+         {&SStreet1, &SStreet2, &SCity, &SZip, &SCountry, &SPhone, &SMobile, &SEmail, &UPSTracking, &Notes})
         text->clear();
     OrderDate = host_.today();
     ClearLines();
@@ -165,15 +167,25 @@ std::int32_t ClsOrder::GetNextOrderNo() {
     return isNull(highest) ? 1 : narrowToInt32(toDouble(highest) + 1);
 }
 
-std::optional<RowArray> ClsOrder::GetComboRep() { return readRows("Select * from Representatives order by RepName"); }
+std::optional<RowArray> ClsOrder::GetComboRep() {
+    return readRows("Select * from Representatives order by RepName");
+}
 
-std::optional<RowArray> ClsOrder::GetComboShip() { return readRows("Select * from Ship order by ShippingMedia"); }
+std::optional<RowArray> ClsOrder::GetComboShip() {
+    return readRows("Select * from Ship order by ShippingMedia");
+}
 
-std::optional<RowArray> ClsOrder::GetComboState() { return readRows("Select * from States order by StateName"); }
+std::optional<RowArray> ClsOrder::GetComboState() {
+    return readRows("Select * from States order by StateName");
+}
 
-std::optional<RowArray> ClsOrder::GetComboRooms() { return readRows("Select * from Rooms order by Name"); }
+std::optional<RowArray> ClsOrder::GetComboRooms() {
+    return readRows("Select * from Rooms order by Name");
+}
 
-std::optional<RowArray> ClsOrder::GetComboUnits() { return readRows("Select * from Units order by Name"); }
+std::optional<RowArray> ClsOrder::GetComboUnits() {
+    return readRows("Select * from Units order by Name");
+}
 
 std::optional<RowArray> ClsOrder::GetComboItems() {
     return readRows("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName");

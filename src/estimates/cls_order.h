@@ -63,8 +63,8 @@ public:
     // Removes the lines, from the last to the first.
     void ClearLines();
 
-    // Pages of number, date, customer name (Null when the customer has gone), tracking text, total, overhead, tax of the
-    // estimates whose SearchFld has SearchVal anywhere; nothing when there are none. Failure::InvalidCall when the
+    // Pages of number, date, customer name (Null when the customer has gone), tracking text, total, overhead, tax of
+    // the estimates whose SearchFld has SearchVal anywhere; nothing when there are none. Failure::InvalidCall when the
     // recordset stands open.
     std::optional<RowArray> GetSearchOrders(long Page, long& PageCount, std::string_view FldName,
                                             std::string_view AscOrDesc);

@@ -10,8 +10,8 @@
 
 namespace torvane {
 
-// The arithmetic of the estimate screen, on the texts of its boxes. Texts are read leniently, sums are doubles, nothing is
-// rounded, and a result beyond the range of a double is Failure::Overflow. Only material is a price per unit; labor,
+// The arithmetic of the estimate screen, on the texts of its boxes. Texts are read leniently, sums are doubles, nothing
+// is rounded, and a result beyond the range of a double is Failure::Overflow. Only material is a price per unit; labor,
 // sub-labor (`extension`) and others are amounts of the whole line.
 
 // The texts of the line panel's boxes.

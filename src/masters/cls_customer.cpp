@@ -5,7 +5,9 @@
 
 namespace torvane {
 
-std::string_view allCustomersStatement() { return "Select CustId,CustName,BCity,BPhone,BEmail,BCCNo  from Customer"; }
+std::string_view allCustomersStatement() {
+    return "Select CustId,CustName,BCity,BPhone,BEmail,BCCNo  from Customer";
+}
 
 std::string searchCustomersStatement(std::string_view field, std::string_view text) {
     if (field == "All")
@@ -22,11 +24,11 @@ bool ClsCustomer::Validate() {
         return false;
     }
     // Read for every action, so that a text which no statement can carry fails before an edit too.
-    const bool equal = anyRow(joined(
-        "Select * from Customer where CustName ='", CustName, "' and BStreet1 ='", BStreet1, "' and BStreet2 ='",
-        BStreet2, "' and BCity ='", BCity, "' and BState =", BState, " and BZip ='", BZip, "' and BCountry ='",
-        BCountry, "' and BPhone ='", BPhone, "' and BFax ='", BFax, "' and BMobile ='", BMobile, "' and BEmail ='",
-        BEmail, "' and BUrl ='", BUrl, "'"));
+    const bool equal =
+        anyRow(joined("Select * from Customer where CustName ='", CustName, "' and BStreet1 ='", BStreet1,
+                      "' and BStreet2 ='", BStreet2, "' and BCity ='", BCity, "' and BState =", BState, " and BZip ='",
+                      BZip, "' and BCountry ='", BCountry, "' and BPhone ='", BPhone, "' and BFax ='", BFax,
+                      "' and BMobile ='", BMobile, "' and BEmail ='", BEmail, "' and BUrl ='", BUrl, "'"));
     if (AddEditDel == "A" && equal) {
         host_.box("Duplicate Customer Data", "Inventory");
         return false;
@@ -88,6 +90,8 @@ std::optional<RowArray> ClsCustomer::GetComboCustomers() {
     return readRows("Select * from Customer order by CustName");
 }
 
-std::optional<RowArray> ClsCustomer::GetComboState() { return readRows("Select * from States order by StateName"); }
+std::optional<RowArray> ClsCustomer::GetComboState() {
+    return readRows("Select * from States order by StateName");
+}
 
 }  // namespace torvane

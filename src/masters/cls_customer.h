@@ -27,8 +27,8 @@ public:
     std::string BMobile;
     std::string BEmail;
     std::string BUrl;
-    std::string BCCNo;  // neither loaded nor saved; only the lists read the column
-    Date ExpDate;       // neither loaded nor saved
+    std::string BCCNo;      // neither loaded nor saved; only the lists read the column
+    Date ExpDate;           // neither loaded nor saved
     std::string SearchFld;  // "All" or a column
     std::string SearchVal;
     std::string AddEditDel;  // "A", "E", "D"

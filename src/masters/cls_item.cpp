@@ -27,8 +27,9 @@ bool ClsItem::Validate() {
     if (Material == 0) return refuse("Enter Material Cost");
     if (qty == 0) return refuse("Enter Default Quantity");
     if (AddEditDel != "A") return true;
-    const bool duplicate = anyRow(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =",
-                                         CategoryId, " and Material =", Material, " and Qty =", qty));
+    const bool duplicate =
+        anyRow(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =", CategoryId,
+                      " and Material =", Material, " and Qty =", qty));
     if (duplicate) host_.box("Duplicate Item Data ", "Inventory");
     return !duplicate;
 }
@@ -123,14 +124,16 @@ std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std:
                                                 std::string_view AscOrDesc) {
     const std::string statement =
         SearchFld == "All"
-            ? joined("SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName, "
-                     "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID "
-                     "= Category.CatId and Item.UnitId=Units.Id and  (ItemName like '",
-                     SearchVal, "%' or CatName like '", SearchVal, "%') ")
-            : joined("SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as "
-                     "CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  "
-                     "Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and ",
-                     SearchFld, " like '", SearchVal, "%'");
+            ? joined(
+                  "SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName, "
+                  "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID "
+                  "= Category.CatId and Item.UnitId=Units.Id and  (ItemName like '",
+                  SearchVal, "%' or CatName like '", SearchVal, "%') ")
+            : joined(
+                  "SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as "
+                  "CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  "
+                  "Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and ",
+                  SearchFld, " like '", SearchVal, "%'");
     return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
 }
 

@@ -26,8 +26,8 @@ public:
     float Labor = 0;
     float SubLabor = 0;
     float Equipment = 0;
-    std::int32_t Discount = 0;  // not used
-    float qty = 0;              // default quantity
+    std::int32_t Discount = 0;    // not used
+    float qty = 0;                // default quantity
     std::int32_t ReorderLev = 0;  // not used
     std::string TU;
     std::string SearchFld;  // "All", "ItemName", "CatName", "ItemCode"

@@ -20,10 +20,12 @@ bool sameName(std::string_view a, std::string_view b) {
 ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by)
     : names_(std::move(names)), rows_(std::move(rows)) {
     std::vector<int> columns;
+    columns.reserve(by.size());
     for (const std::string& name : by) columns.push_back(column(name));
     std::map<std::vector<Value>, std::size_t> known;
     for (int row = 0; row < rows_.rows(); ++row) {
         std::vector<Value> parent;
+        parent.reserve(columns.size());
         for (const int column : columns) parent.push_back(rows_(column, row));
         const auto [place, added] = known.try_emplace(std::move(parent), groups_.size());
         if (added) groups_.emplace_back();

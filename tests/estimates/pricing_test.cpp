@@ -67,9 +67,10 @@ TEST(Pricing, Totals) {
         const char* overheadText;
         const char* total;
     };
-    for (const Row& row : {Row{"350.5", "8", "10", "28.04", "35.05", "413.59"}, Row{"0", "", "", "0", "0", "0"},
-                           Row{"100", "7,5", "x", "7", "0", "107"}, Row{"333.33", "8.25", "", "27.499725", "0", "360.829725"},
-                           Row{"100", "-5", "", "-5", "0", "95"}}) {
+    for (const Row& row :
+         {Row{"350.5", "8", "10", "28.04", "35.05", "413.59"}, Row{"0", "", "", "0", "0", "0"},
+          Row{"100", "7,5", "x", "7", "0", "107"}, Row{"333.33", "8.25", "", "27.499725", "0", "360.829725"},
+          Row{"100", "-5", "", "-5", "0", "95"}}) {
         SCOPED_TRACE(row.amount);
         const TotalTexts texts = totalTexts(row.amount, row.tax, row.overhead);
         EXPECT_EQ(row.taxText, texts.tax);

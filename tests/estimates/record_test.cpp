@@ -1,5 +1,5 @@
-#include "estimates/cls_order.h"
 #include "support/record_test.h"
+#include "estimates/cls_order.h"
 
 namespace torvane {
 namespace {
@@ -63,16 +63,18 @@ TEST_F(EstimateRecordTest, StatementsWordForWord) {
     fill(order);
     order.SCity = "O'Fallon";
     screen.mode = "A";
-    EXPECT_EQ("Insert into OrderInfo (Orderno,CustId,RepId,OrderDate,SStreet1,SStreet2,SCity,SState,SZip,SCountry,SPhone,"
-              "SMobile,SEmail,ShipId,Amount,Tax,Total,UPSTracking,Notes,Overhead) values (12,3,0,#7/4/2003#,'s1','s2',"
-              "'O'Fallon',5,'z','l','p','m','e',0,1.234568E+07,8.25,123456.8,'t','n',10)",
-              refusedBy([&] { order.Save(); }));
+    EXPECT_EQ(
+        "Insert into OrderInfo (Orderno,CustId,RepId,OrderDate,SStreet1,SStreet2,SCity,SState,SZip,SCountry,SPhone,"
+        "SMobile,SEmail,ShipId,Amount,Tax,Total,UPSTracking,Notes,Overhead) values (12,3,0,#7/4/2003#,'s1','s2',"
+        "'O'Fallon',5,'z','l','p','m','e',0,1.234568E+07,8.25,123456.8,'t','n',10)",
+        refusedBy([&] { order.Save(); }));
     screen.mode = "E";
-    EXPECT_EQ("Update OrderInfo Set CustId = 3, RepId = 0, OrderDate = #7/4/2003#, SStreet1 = 's1', SStreet2 = 's2', "
-              "SCity = 'O'Fallon', SState = 5, SZip = 'z', SCountry = 'l', SPhone = 'p', SMobile = 'm', SEmail = 'e', "
-              "ShipId = 0, Amount = 1.234568E+07, Tax = 8.25, Overhead = 10, Total = 123456.8, UPSTracking='t', "
-              "Notes='n' where OrderNo=12",
-              refusedBy([&] { order.Save(); }));
+    EXPECT_EQ(
+        "Update OrderInfo Set CustId = 3, RepId = 0, OrderDate = #7/4/2003#, SStreet1 = 's1', SStreet2 = 's2', "
+        "SCity = 'O'Fallon', SState = 5, SZip = 'z', SCountry = 'l', SPhone = 'p', SMobile = 'm', SEmail = 'e', "
+        "ShipId = 0, Amount = 1.234568E+07, Tax = 8.25, Overhead = 10, Total = 123456.8, UPSTracking='t', "
+        "Notes='n' where OrderNo=12",
+        refusedBy([&] { order.Save(); }));
 }
 
 TEST_F(EstimateRecordTest, SaveByMode) {
@@ -88,8 +90,9 @@ TEST_F(EstimateRecordTest, SaveByMode) {
     EXPECT_EQ("12|3|2003-07-04|12345680.0|8.25|123456.8|10.0",
               folder.cell("select OrderNo, CustId, OrderDate, Amount, Tax, Total, Overhead from OrderInfo"));
     const std::vector<std::string> lines{"7|2.5|25.0|1|2|0.5|1.5|0.0", "8|1.0|3.0|1|2|0.5|1.5|0.0"};
-    EXPECT_EQ(lines, folder.rows("select ItemId, Qty, Material, RoomId, UnitId, Extension, Labor, Others from OrderItem "
-                                 "where OrderNo = 12 order by rowid"));
+    EXPECT_EQ(lines,
+              folder.rows("select ItemId, Qty, Material, RoomId, UnitId, Extension, Labor, Others from OrderItem "
+                          "where OrderNo = 12 order by rowid"));
     // The same number again is refused by the engine, and nothing of the second save remains.
     EXPECT_NE(0, numberOf([&] { order.Save(); }));
     EXPECT_EQ("2", folder.cell("select count(*) from OrderItem"));
@@ -183,8 +186,9 @@ TEST_F(EstimateRecordTest, SearchKeepsEstimatesWithoutTheirCustomer) {
 
 TEST_F(EstimateRecordTest, Gateways) {
     folder.useSample();
-    folder.execute("insert into Representatives values (1, 'Zoe'), (2, 'Abe'); insert into Ship values (1, 'Truck');"
-                   "insert into Tax values (3, 6.25), (4, null)");
+    folder.execute(
+        "insert into Representatives values (1, 'Zoe'), (2, 'Abe'); insert into Ship values (1, 'Truck');"
+        "insert into Tax values (3, 6.25), (4, null)");
     ClsOrder order(environment, screen);
     EXPECT_EQ("Abe", textOf((*order.GetComboRep())(1, 0)));
     EXPECT_EQ("Truck", textOf((*order.GetComboShip())(1, 0)));

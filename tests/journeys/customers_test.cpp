@@ -1,19 +1,19 @@
 // The customer list and its entry form.
 
-#include <QHeaderView>
+#include <algorithm>
 
 #include "journeys/journey.h"
 
 namespace torvane {
 namespace {
 
-const std::initializer_list<std::string_view> actions{"cmdAdd", "cmdCopy", "CmdEdit", "cmdDel", "CmdSelect"};
-const std::initializer_list<std::string_view> entryBoxes{"TxtCname",  "TxtBstreet1", "TxtBstreet2", "TxtBcity",
-                                                         "CmbBState", "TxtBZip",     "TxtBCountry", "TxtBPhone",
-                                                         "TxtBfax",   "TxtBMobile",  "TxtBEmail",   "TxtBUrl"};
-const std::initializer_list<std::string_view> entryStates{"TxtCname", "TxtBcity", "TxtBPhone", "CmbBState"};
+const Names entryBoxes{"TxtCname",    "TxtBstreet1", "TxtBstreet2", "TxtBcity",   "CmbBState", "TxtBZip",
+                       "TxtBCountry", "TxtBPhone",   "TxtBfax",     "TxtBMobile", "TxtBEmail", "TxtBUrl"};
+const Names entryStates{"TxtCname", "TxtBcity", "TxtBPhone", "CmbBState"};
 const std::string ann = "7|Ann Lee|Salem|555-1|ann@example.com";
 const std::string bob = "8|Bob Ray|Troy|777-1|";
+const TestHost::Box saved = ok("Customer Saved");
+const TestHost::Box deleted = ok("Deleted", std::string(defaultTitle));
 
 class CustomersTest : public JourneyTest {
 protected:
@@ -26,13 +26,15 @@ protected:
         open();
         EXPECT_FALSE(screens->customer.entryForm().loaded());
     }
-    void saved(QWidget& form, std::string_view button) {
-        host.expectOk("Customer Saved", "Inventory");
-        click(form, button);
-        host.verify();
-    }
     Texts names() { return data.rows("select CustName from Customer order by CustId"); }
     std::string which() { return screens->customer.Which; }
+    void manyCustomers(int count) {
+        std::string all = "delete from Customer";
+        for (int i = 101; i <= 100 + count; ++i)
+            all += "; insert into Customer (CustName, BCity) values ('C" + std::to_string(i) + "','" +
+                   (i % 2 ? "X" : "Y") + "')";
+        data.execute(all);
+    }
 };
 
 TEST_F(CustomersTest, OpensByMode) {
@@ -56,318 +58,248 @@ TEST_F(CustomersTest, OpensByMode) {
               "clicking the customer row and pressing 'Delete' button. It will delete the record after "
               "confirmation."}}) {
         SCOPED_TRACE(row.which);
-        QWidget& list = customers(row.which);
-        EXPECT_EQ(utf8(list.windowTitle()), row.caption);
-        EXPECT_EQ(visible(list, actions), row.action);
-        EXPECT_EQ(rows(list), (Texts{ann, bob}));
-        EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 2 of 2");
+        QWidget& window = customers(row.which);
+        EXPECT_EQ(utf8(window.windowTitle()), row.caption);
+        EXPECT_EQ(visible(window, {"cmdAdd", "cmdCopy", "CmdEdit", "cmdDel", "CmdSelect"}), row.action);
+        EXPECT_EQ(rows(window), (Texts{ann, bob}));
+        EXPECT_EQ(text(window, "LblRecords"), "Record 1 - 2 of 2");
         calls.clear();
-        click(list, "cmdMainHelp");
-        click(list, "cmdMainHelp");
+        go(window, "cmdMainHelp; cmdMainHelp");
         EXPECT_EQ(calls, (Texts{"Show", "Speak " + row.help, "Show", "Speak " + row.help}));
-
-        if (row.which != std::string("A")) {
-            customers("A");  // stays loaded: only the mode changes
-            EXPECT_EQ(utf8(list.windowTitle()), row.caption);
-            EXPECT_EQ(which(), "A");
-        }
-        click(list, "cmdExit");
+        customers("D");  // stays loaded: only the mode changes
+        EXPECT_EQ(utf8(window.windowTitle()) + which(), std::string(row.caption) + "D");
+        go(window, "cmdExit");
         EXPECT_FALSE(screens->customer.loaded());
     }
-    // After a double click there is nothing to say.
-    QWidget& list = customers("D");
-    inEntryForm([&] { doubleClickRow(list, 0); }, [](QWidget& form) { click(form, "CmdCancel"); });
-    EXPECT_EQ(which(), "DE");
-    calls.clear();
-    click(list, "cmdMainHelp");
-    EXPECT_EQ(calls, Texts{"Show"});
 }
 
 TEST_F(CustomersTest, AddedOnceByApply) {
-    QWidget& list = customers("A");
-    enter(list, "txtCustName", "Cara Moe");
-    inEntryForm([&] { click(list, "cmdAdd"); },
+    QWidget& window = customers("A");
+    go(window, "txtCustName=Cara Moe");
+    inEntryForm([&] { go(window, "cmdAdd"); },
                 [&](QWidget& form) {
                     EXPECT_EQ(texts(form, entryBoxes), "Cara Moe||||Alabama|||||||");
                     EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
-                    enter(form, "TxtBcity", "Reno");
-                    enter(form, "TxtBfax", "1");
-                    enter(form, "TxtBPhone", "2");
-                    enter(form, "TxtBMobile", "3");
-                    pick(form, "CmbBState", "Nevada");
-                    saved(form, "CmdSave");
+                    go(form, "TxtBcity=Reno; TxtBfax=1; TxtBPhone=2; TxtBMobile=3; CmbBState=Nevada; CmdSave", {saved});
                     EXPECT_EQ(enabled(form, {"CmdSave", "cmdOk"}), "cmdOk");
                     EXPECT_EQ(text(form, "TxtCname"), "Cara Moe") << "the boxes keep their text";
-                    calls.clear();
-                    click(form, "cmdMainHelp");
-                    EXPECT_EQ(
-                        calls.back(),
-                        "Speak Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' "
-                        "button closes "
-                        "the window without saving. 'Apply' button saves your data but does not close the window.");
-                    click(form, "cmdOk");
+                    EXPECT_EQ(screens->customer.entryForm().Cust().CustName, "");
+                    go(form, "cmdMainHelp; cmdOk");
                 });
+    EXPECT_EQ(
+        calls.back(),
+        "Speak Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' button closes "
+        "the window without saving. 'Apply' button saves your data but does not close the window.");
     EXPECT_EQ(data.cell("select * from Customer where CustName = 'Cara Moe'"), "9|Cara Moe|||Reno|29|||2|1|3|||null");
-    EXPECT_EQ(rows(list), (Texts{ann, bob, "9|Cara Moe|Reno|2|"}));
-    EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 3 of 3");
+    EXPECT_EQ(rows(window), (Texts{ann, bob, "9|Cara Moe|Reno|2|"}));
+    EXPECT_EQ(text(window, "LblRecords"), "Record 1 - 3 of 3");
 }
 
 TEST_F(CustomersTest, WhatOkAndApplyRefuse) {
     data.execute("insert into Customer values (9, 'Twin', '', '', '', 1, '', '', '', '', '', '', '', null)");
-    QWidget& list = customers("A");
+    QWidget& window = customers("A");
     struct Row {
         const char* name;
-        const char* button;
-        const char* refused;
+        const char* steps;  // Ok loses what was refused, Apply does not
+        std::vector<TestHost::Box> boxes;
     };
-    for (const Row& row : {Row{"", "cmdOk", "Enter Customer Name"}, Row{"Twin", "cmdOk", "Duplicate Customer Data"},
-                           Row{"Twin", "CmdSave", "Duplicate Customer Data"}}) {
-        SCOPED_TRACE(std::string(row.name) + row.button);
-        enter(list, "txtCustName", row.name);
-        inEntryForm([&] { click(list, "cmdAdd"); },
-                    [&](QWidget& form) {
-                        host.expectOk(row.refused, "Inventory");
-                        host.expectOk("Please enter Valid Data", "Inventory");
-                        click(form, row.button);  // Ok loses what was refused
-                        host.verify();
-                        if (row.button != std::string("CmdSave")) return;
-                        EXPECT_EQ(enabled(form, {"CmdSave"}), "CmdSave");
-                        enter(form, "TxtBZip", "1");
-                        saved(form, "cmdOk");
-                    });
+    const TestHost::Box invalid = ok("Please enter Valid Data");
+    for (const Row& row : {Row{"", "cmdOk", {ok("Enter Customer Name"), invalid}},
+                           Row{"Twin", "cmdOk", {ok("Duplicate Customer Data"), invalid}},
+                           Row{"Twin", "CmdSave; TxtBZip=1; cmdOk", {ok("Duplicate Customer Data"), invalid, saved}}}) {
+        SCOPED_TRACE(row.steps);
+        go(window, std::string("txtCustName=") + row.name);
+        inEntryForm([&] { go(window, "cmdAdd"); }, [&](QWidget& form) { go(form, row.steps, row.boxes); });
     }
     EXPECT_EQ(names(), (Texts{"Ann Lee", "Bob Ray", "Twin", "Twin"}));
 }
 
 TEST_F(CustomersTest, EditedByButtonAndByDoubleClick) {
-    QWidget& list = customers("E");
-    inEntryForm([&] { click(list, "CmdEdit"); },
+    QWidget& window = customers("E");
+    inEntryForm([&] { go(window, "CmdEdit"); },
                 [&](QWidget& form) {
                     EXPECT_EQ(texts(form, entryBoxes),
                               "Ann Lee|1 Elm|Apt 2|Salem|Oregon|97301|USA|555-1|555-2|555-3|ann@example.com|www");
-                    enter(form, "TxtBcity", "Bend");
-                    click(form, "CmdCancel");
+                    go(form, "TxtBcity=Bend; CmdCancel");
                 });
-    EXPECT_EQ(which(), "E");
-    EXPECT_EQ(data.cell("select BCity from Customer where CustId = 7"), "Salem");
-    inEntryForm([&] { doubleClickRow(list, 1); },
+    EXPECT_EQ(which() + rows(window)[0], "E" + ann);
+    inEntryForm([&] { doubleClickRow(list(window), 1); },
                 [&](QWidget& form) {
                     EXPECT_EQ(enabled(form, entryStates), "TxtCname TxtBcity TxtBPhone CmbBState");
                     EXPECT_EQ(text(form, "CmbBState"), "Alabama") << "a state that is none shows the first one";
-                    enter(form, "TxtBUrl", "bob.example.com");
-                    saved(form, "cmdOk");
+                    go(form, "TxtBUrl=bob.example.com; cmdOk", {saved});
                 });
     EXPECT_EQ(which(), "EE");
     EXPECT_EQ(data.cell("select * from Customer where CustId = 8"),
               "8|Bob Ray|||Troy|1|||777-1||||bob.example.com|null");
-    inEntryForm([&] { key(find<ReportList>(list, "ListView1"), Qt::Key_Return); },
+    inEntryForm([&] { key(list(window), Qt::Key_Return); },
                 [&](QWidget& form) {
-                    enter(form, "TxtCname", "Ann Moe");
-                    saved(form, "CmdSave");
+                    go(form, "TxtCname=Ann Moe; CmdSave", {saved});
                     closeBox(form);
                 });
     EXPECT_EQ(data.cell("select CustName || BCCNo from Customer where CustId = 7"), "Ann MoeA7");
-    EXPECT_EQ(rows(list)[0], "7|Ann Moe|Salem|555-1|ann@example.com");
+    EXPECT_EQ(rows(window)[0], "7|Ann Moe|Salem|555-1|ann@example.com");
 }
 
 TEST_F(CustomersTest, DoubleClickFromAddAndDeleteOnlyShows) {
-    struct Row {
-        const char* mode;
-        const char* after;
-    };
-    for (const Row& row : {Row{"A", "AE"}, Row{"D", "DE"}}) {
-        SCOPED_TRACE(row.mode);
-        QWidget& list = customers(row.mode);
-        inEntryForm([&] { doubleClickRow(list, 0); },
+    for (const std::string mode : {"D", "A"}) {
+        SCOPED_TRACE(mode);
+        QWidget& window = customers(mode);
+        inEntryForm([&] { doubleClickRow(list(window), 0); },
                     [&](QWidget& form) {
                         EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}), "CmdCancel");
                         EXPECT_EQ(enabled(form, entryStates), "");
                         EXPECT_EQ(text(form, "TxtCname"), "Ann Lee");
-                        click(form, "CmdCancel");
+                        closeBox(form);
                     });
-        EXPECT_EQ(which(), row.after);
-        click(list, "cmdExit");
+        EXPECT_EQ(which(), mode + "E");
+        calls.clear();
+        go(window, "cmdMainHelp");
+        EXPECT_EQ(calls, Texts{"Show"}) << "there is nothing to say in this mode";
+        if (mode == "D") go(window, "cmdExit");
     }
     // Add is Add again, whatever stood before.
-    QWidget& list = customers("A");
-    inEntryForm([&] { doubleClickRow(list, 0); }, [](QWidget& form) { closeBox(form); });
-    inEntryForm([&] { click(list, "cmdAdd"); },
+    inEntryForm([&] { go(screens->customer.window(), "cmdAdd"); },
                 [&](QWidget& form) {
                     EXPECT_EQ(texts(form, {"TxtCname", "TxtBcity"}), "|");
                     EXPECT_EQ(visible(form, {"cmdOk", "CmdSave"}), "cmdOk CmdSave");
-                    click(form, "CmdCancel");
+                    go(form, "CmdCancel");
                 });
     EXPECT_EQ(which(), "A");
 }
 
 TEST_F(CustomersTest, DeletedAfterAQuestion) {
-    QWidget& list = customers("D");
-    enter(list, "txtCustName", "x");
-    clickRow(find<ReportList>(list, "ListView1"), 1);
-    const char* question = "Are you sure you want to Delete ' Bob Ray '";
-    host.expectYesNo(question, "Inventory", Answer::No);
-    click(list, "cmdDel");
+    QWidget& window = customers("D");
+    go(window, "txtCustName=x");
+    clickRow(list(window), 1);
+    const std::string question = "Are you sure you want to Delete ' Bob Ray '";
+    go(window, "cmdDel", {no(question, "Inventory")});
     EXPECT_EQ(names().size(), 2U);
-    EXPECT_EQ(text(list, "txtCustName"), "");
-    clickRow(find<ReportList>(list, "ListView1"), 1);
-    host.expectYesNo(question, "Inventory", Answer::Yes);
-    host.expectOk("Deleted", std::string(defaultTitle));
-    click(list, "cmdDel");
-    EXPECT_EQ(names(), Texts{"Ann Lee"});
-    EXPECT_EQ(rows(list), Texts{ann});
-    EXPECT_TRUE(find<QWidget>(list, "txtCustName").hasFocus());
-    EXPECT_EQ(lines(5).size(), 1U) << "its estimates stay";
+    EXPECT_EQ(text(window, "txtCustName"), "");
+    clickRow(list(window), 1);
+    go(window, "cmdDel", {yes(question, "Inventory"), deleted});
+    EXPECT_EQ(rows(window), Texts{ann});
+    EXPECT_TRUE(find<QWidget>(window, "txtCustName").hasFocus());
+    EXPECT_EQ(lines(5).size(), 1U) << "the estimates of a customer stay";
 
-    host.expectYesNo("Are you sure you want to Delete ' Ann Lee '", "Inventory", Answer::Yes);
-    host.expectOk("Deleted", std::string(defaultTitle));
-    click(list, "cmdDel");
-    EXPECT_EQ(rows(list), Texts{});
-    EXPECT_EQ(text(list, "LblRecords"), "Record 1 - 0 of 1") << "a read without rows leaves the count as it was";
-    for (const char* button : {"cmdDel", "CmdAll"}) click(list, button);
+    go(window, "cmdDel; cmdDel; CmdAll", {yes("Are you sure you want to Delete ' Ann Lee '", "Inventory"), deleted});
+    EXPECT_EQ(rows(window), Texts{});
+    EXPECT_EQ(text(window, "LblRecords"), "Record 1 - 0 of 1") << "a read without rows leaves the count as it was";
     EXPECT_EQ(names(), Texts{});
 }
 
 TEST_F(CustomersTest, SearchesByTheBeginningInTheChosenColumn) {
     data.execute("update Customer set BCCNo = 'Troy-9' where CustId = 7");
     struct Row {
-        const char* option;
-        const char* text;
-        Texts found;  // none: the box comes and the rows before stay
+        const char* steps;
+        Texts found;  // none: a box comes, the rows and the counter of before stay
     };
-    QWidget& list = customers("E");
-    for (const Row& row :
-         {Row{"OptAll", "troy", {ann, bob}}, Row{"OptCity", "Troy", {bob}}, Row{"OptName", "ann", {ann}},
-          Row{"OptName", "Lee", {}}, Row{"OptPhone", "777", {bob}}, Row{"OptEmail", "ann@", {ann}},
-          Row{"OptEmail", "x", {}}, Row{"OptAll", "", {ann, bob}}, Row{"OptCity", "_roy", {bob}}}) {
-        SCOPED_TRACE(std::string(row.option) + " " + row.text);
-        const Texts before = rows(list);
-        const std::string label = text(list, "LblRecords");
-        click(list, row.option);
-        enter(list, "txtCustName", row.text);
-        key(find<QWidget>(list, "txtCustName"), Qt::Key_Return);
-        EXPECT_EQ(rows(list), before) << "Enter searches nothing";
-        if (row.found.empty()) host.expectOk("Customer Not Found", "");
-        click(list, "cmdSearch");
-        host.verify();
-        EXPECT_EQ(rows(list), row.found.empty() ? before : row.found);
-        EXPECT_EQ(text(list, "LblRecords"), row.found.empty() ? label
-                                                              : "Record 1 - " + std::to_string(row.found.size()) +
-                                                                    " of " + std::to_string(row.found.size()));
-        EXPECT_TRUE(find<QWidget>(list, "txtCustName").hasFocus());
-        EXPECT_EQ(utf8(find<TextBox>(list, "txtCustName").selectedText()), row.text);
+    QWidget& window = customers("E");
+    auto& box = find<TextBox>(window, "txtCustName");
+    for (const Row& row : {Row{"OptAll; txtCustName=troy", {ann, bob}}, Row{"OptCity; txtCustName=Troy", {bob}},
+                           Row{"OptName; txtCustName=ann", {ann}}, Row{"OptName; txtCustName=Lee", {}},
+                           Row{"OptPhone; txtCustName=777", {bob}}, Row{"OptEmail; txtCustName=ann@", {ann}},
+                           Row{"OptEmail; txtCustName=x", {}}, Row{"OptAll; txtCustName=", {ann, bob}}}) {
+        SCOPED_TRACE(row.steps);
+        const Texts before = rows(window);
+        const std::string label = text(window, "LblRecords");
+        go(window, row.steps);
+        key(box, Qt::Key_Return);
+        EXPECT_EQ(rows(window), before) << "Enter searches nothing";
+        std::vector<TestHost::Box> boxes;
+        if (row.found.empty()) boxes.push_back(ok("Customer Not Found", ""));
+        go(window, "cmdSearch", boxes);
+        const std::string count = std::to_string(row.found.size());
+        EXPECT_EQ(rows(window), row.found.empty() ? before : row.found);
+        EXPECT_EQ(text(window, "LblRecords"), row.found.empty() ? label : "Record 1 - " + count + " of " + count);
+        EXPECT_TRUE(box.hasFocus());
+        EXPECT_EQ(utf8(box.selectedText()), box.Text());
     }
     // A double click leaves the list as it was searched, the button shows all.
-    click(list, "OptName");
-    enter(list, "txtCustName", "Bob");
-    click(list, "cmdSearch");
-    inEntryForm([&] { doubleClickRow(list, 0); }, [](QWidget& form) { click(form, "CmdCancel"); });
-    EXPECT_EQ(rows(list), Texts{bob});
-    inEntryForm([&] { click(list, "CmdEdit"); }, [](QWidget& form) { click(form, "CmdCancel"); });
-    EXPECT_EQ(rows(list), (Texts{ann, bob}));
-    EXPECT_EQ(text(list, "txtCustName"), "Bob");
+    go(window, "OptName; txtCustName=Bob; cmdSearch");
+    inEntryForm([&] { doubleClickRow(list(window), 0); }, [&](QWidget& form) { go(form, "CmdCancel"); });
+    EXPECT_EQ(rows(window), Texts{bob});
+    inEntryForm([&] { go(window, "CmdEdit"); }, [&](QWidget& form) { go(form, "CmdCancel"); });
+    EXPECT_EQ(rows(window), (Texts{ann, bob}));
 }
 
 TEST_F(CustomersTest, NothingFoundWhileAddingOffersToAdd) {
-    QWidget& list = customers("A");
-    enter(list, "txtCustName", "Zoe");
-    host.expectOk("Customer Not Found", "");
-    click(list, "cmdSearch");
-    click(list, "OptName");
-    const char* question = "Customer Not Found : Would You Like To Add ? ";
-    host.expectYesNo(question, "Inventory", Answer::No);
-    click(list, "cmdSearch");
-    host.expectYesNo(question, "Inventory", Answer::Yes);
-    inEntryForm([&] { click(list, "cmdSearch"); },
-                [&](QWidget& form) {
-                    EXPECT_EQ(text(form, "TxtCname"), "Zoe");
-                    saved(form, "cmdOk");
-                });
-    EXPECT_EQ(rows(list).size(), 3U);
+    QWidget& window = customers("A");
+    go(window, "txtCustName=Zoe; cmdSearch", {ok("Customer Not Found", "")});
+    const std::string question = "Customer Not Found : Would You Like To Add ? ";
+    go(window, "OptName; cmdSearch", {no(question, "Inventory")});
+    inEntryForm(
+        [&] {
+            go(window, "cmdSearch", {yes(question, "Inventory"), saved});
+        },
+        [&](QWidget& form) {
+            EXPECT_EQ(text(form, "TxtCname"), "Zoe");
+            click(find<QWidget>(form, "cmdOk"));
+        });
+    EXPECT_EQ(rows(window).size(), 3U);
     EXPECT_EQ(names().back(), "Zoe");
 }
 
 TEST_F(CustomersTest, PagesOfFifteen) {
-    std::string many = "delete from Customer; insert into Customer (CustName, BCity) values ('C 01', 'X')";
-    for (int i = 2; i <= 32; ++i)
-        many += ",('C " + std::string(i < 10 ? "0" : "") + std::to_string(i) + "', '" + (i % 2 ? "X" : "Y") + "')";
-    data.execute(many);
-    QWidget& list = customers("E");
+    manyCustomers(32);
+    QWidget& window = customers("D");
     struct Row {
-        const char* button;
+        const char* steps;
         const char* label;
         const char* enabled;
-        const char* firstRow;
+        std::string firstName;
     };
-    const auto look = [&](const Row& row) {
-        SCOPED_TRACE(std::string(row.button) + " " + row.label);
-        if (row.button[0]) click(list, row.button);
-        EXPECT_EQ(text(list, "LblRecords"), row.label);
-        EXPECT_EQ(enabled(list, {"CmdPrev", "CmdNext"}), row.enabled);
-        EXPECT_TRUE(rows(list)[0].find(row.firstRow) != std::string::npos) << rows(list)[0];
-        EXPECT_EQ(find<ReportList>(list, "ListView1").SelectedRow(), 0);
-    };
-    for (const Row& row : {Row{"", "Record 1 - 15 of 32", "CmdNext", "C 01"},
-                           Row{"CmdNext", "Record 16 - 30 of 32", "CmdPrev CmdNext", "C 16"},
-                           Row{"CmdNext", "Record 31 - 32 of 32", "CmdPrev", "C 31"},
-                           Row{"CmdAll", "Record 31 - 32 of 32", "CmdPrev", "C 31"},
-                           Row{"CmdPrev", "Record 16 - 30 of 32", "CmdPrev CmdNext", "C 16"}})
-        look(row);
-    clickHeader(find<ReportList>(list, "ListView1"), 1);  // the page stays
-    look({"", "Record 16 - 30 of 32", "CmdPrev CmdNext", "C 17"});
-    click(list, "OptCity");
-    enter(list, "txtCustName", "x");
-    look({"cmdSearch", "Record 1 - 15 of 16", "CmdNext", "C 31"});
-    look({"CmdNext", "Record 16 - 16 of 16", "CmdPrev", "C 01"});
-}
+    for (const Row& row : {Row{"CmdAll", "Record 1 - 15 of 32", "CmdNext", "C101"},
+                           Row{"CmdNext", "Record 16 - 30 of 32", "CmdPrev CmdNext", "C116"},
+                           Row{"CmdNext", "Record 31 - 32 of 32", "CmdPrev", "C131"},
+                           Row{"CmdAll", "Record 31 - 32 of 32", "CmdPrev", "C131"},
+                           Row{"CmdPrev", "Record 16 - 30 of 32", "CmdPrev CmdNext", "C116"},
+                           Row{"OptCity; txtCustName=x; cmdSearch", "Record 1 - 15 of 16", "CmdNext", "C101"},
+                           Row{"CmdNext", "Record 16 - 16 of 16", "CmdPrev", "C131"}}) {
+        SCOPED_TRACE(row.label);
+        go(window, row.steps);
+        EXPECT_EQ(text(window, "LblRecords"), row.label);
+        EXPECT_EQ(enabled(window, {"CmdPrev", "CmdNext"}), row.enabled);
+        EXPECT_EQ(list(window).Cell(list(window).SelectedRow(), 1), row.firstName);
+    }
+    clickHeader(list(window), 1);  // the page stays
+    EXPECT_EQ(text(window, "LblRecords") + list(window).Cell(0, 1), "Record 16 - 16 of 16C101");
 
-TEST_F(CustomersTest, ThePageStaysWhenItsLastRowIsDeleted) {
-    std::string many = "delete from Customer; insert into Customer (CustName) values ('C')";
-    for (int i = 1; i < 16; ++i) many += ",('C')";
-    data.execute(many);
-    QWidget& list = customers("D");
-    click(list, "CmdNext");
-    EXPECT_EQ(rows(list), Texts{"16|C|||"});
-    host.expectYesNo("Are you sure you want to Delete ' C '", "Inventory", Answer::Yes);
-    host.expectOk("Deleted", std::string(defaultTitle));
-    click(list, "cmdDel");
-    EXPECT_EQ(rows(list), Texts{});
-    EXPECT_EQ(text(list, "LblRecords"), "Record 16 - 15 of 15");
-    click(list, "cmdDel");
-    EXPECT_EQ(enabled(list, {"CmdPrev", "CmdNext"}), "CmdPrev");
-    click(list, "CmdPrev");
-    EXPECT_EQ(rows(list).size(), 15U);
+    // So it does when its last row is deleted.
+    go(window, "cmdExit");
+    manyCustomers(16);
+    QWidget& again = customers("D");
+    go(again, "CmdNext; cmdDel", {yes("Are you sure you want to Delete ' C116 '", "Inventory"), deleted});
+    EXPECT_EQ(rows(again), Texts{});
+    EXPECT_EQ(text(again, "LblRecords"), "Record 16 - 15 of 15");
+    go(again, "cmdDel; CmdPrev");
+    EXPECT_EQ(rows(again).size(), 15U);
 }
 
 TEST_F(CustomersTest, OneFlagSortsAllColumns) {
-    QWidget& list = customers("E");
-    auto& view = find<ReportList>(list, "ListView1");
+    QWidget& window = customers("E");
     const auto icons = [&] {
         std::string all;
-        for (int column = 0; column < view.columnCount(); ++column)
-            all += view.columnIcon(column) == ReportList::Icon::Up     ? 'U'
-                   : view.columnIcon(column) == ReportList::Icon::Down ? 'D'
-                                                                       : '-';
+        for (int column = 0; column < list(window).columnCount(); ++column)
+            all += "-UD"[static_cast<int>(list(window).columnIcon(column))];
         return all;
     };
     EXPECT_EQ(icons(), "-D---");
     struct Row {
         int column;
         const char* icons;
-        const char* first;
+        std::string first;
     };
-    for (const Row& row : {Row{1, "-D---", "Bob"}, Row{1, "-U---", "Ann"}, Row{2, "--D--", "Bob"},
-                           Row{3, "---U-", "Ann"}, Row{4, "----D", "Ann"}, Row{1, "-U---", "Ann"}}) {
+    for (const Row& row : {Row{1, "-D---", bob}, Row{1, "-U---", ann}, Row{2, "--D--", bob}, Row{3, "---U-", ann},
+                           Row{4, "----D", ann}, Row{1, "-U---", ann}}) {
         SCOPED_TRACE(row.column);
-        clickHeader(view, row.column);
+        clickHeader(list(window), row.column);
         EXPECT_EQ(icons(), row.icons);
-        EXPECT_NE(rows(list)[0].find(row.first), std::string::npos) << rows(list)[0];
+        EXPECT_EQ(rows(window)[0], row.first);
     }
-    // After a search the found rows are sorted.
-    enter(list, "txtCustName", "Bob");
-    click(list, "cmdSearch");
-    clickHeader(view, 2);
-    EXPECT_EQ(rows(list), Texts{bob});
-    EXPECT_TRUE(view.header()->isSectionHidden(0));
+    go(window, "txtCustName=Bob; cmdSearch");
+    clickHeader(list(window), 2);
+    EXPECT_EQ(rows(window), Texts{bob}) << "what was found is sorted";
 }
 
 }  // namespace

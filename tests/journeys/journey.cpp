@@ -108,28 +108,6 @@ void pasteInto(QWidget& box, std::string_view text) {
     key(box, Qt::Key_V, Qt::ControlModifier);
 }
 
-void click(const QWidget& in, std::string_view button) {
-    click(find<QAbstractButton>(in, button));
-}
-
-void doubleClickRow(const QWidget& in, int row) {
-    doubleClickRow(list(in), row);
-}
-
-void enter(const QWidget& in, std::string_view box, std::string_view text) {
-    auto& control = find<QWidget>(in, box);
-    clear(control);
-    type(control, text);
-}
-
-void paste(const QWidget& in, std::string_view box, std::string_view text) {
-    pasteInto(find<QWidget>(in, box), text);
-}
-
-void pick(const QWidget& in, std::string_view list, std::string_view entry) {
-    pickInList(find<DropList>(in, list), entry);
-}
-
 QWidget* standing(std::string_view name) {
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && utf8(window->objectName()) == name) return window;

@@ -27,13 +27,6 @@ std::string enabled(const QWidget& in, const Names& controls);
 ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
 void pasteInto(QWidget& box, std::string_view text);
-// Single steps of a user, by the names of controls: a click, a double click on a row of "ListView1", a box's text
-// replaced by typing or by pasting, an entry picked in a list.
-void click(const QWidget& in, std::string_view button);
-void doubleClickRow(const QWidget& in, int row);
-void enter(const QWidget& in, std::string_view box, std::string_view text);
-void paste(const QWidget& in, std::string_view box, std::string_view text);
-void pick(const QWidget& in, std::string_view list, std::string_view entry);
 // A visible top-level window with this name; null when there is none.
 QWidget* standing(std::string_view window);
 
@@ -56,8 +49,7 @@ protected:
     // Starts the program as main() does, with an assistant that notes what it is asked for.
     void start(bool previousInstance = false, LoadAssistant loadAssistant = {});
     std::unique_ptr<Assistant> recordingAssistant();
-    QAction& entry(std::string_view name) { return find<QAction>(screens->mainMenu, name); }
-    void choose(std::string_view name) { trigger(entry(name)); }
+    void choose(std::string_view entry) { trigger(find<QAction>(screens->mainMenu, entry)); }
 
     // A user's way through a window, steps separated by "; ". "name" clicks a control, "name=value" replaces the text
     // of a box by typing, or picks an entry of a list. Just these boxes come on the way.

@@ -28,17 +28,17 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     EXPECT_EQ(find<DateBox>(dates, "FDate").Value(), (Date{2004, 2, 1}));
     EXPECT_EQ(find<DateBox>(dates, "TDate").Value(), (Date{2004, 2, 20}));
     const std::string head = "Estimates Report\nEstimate No.\nEstimate Date\nCustomer Name\nTotal\n";
-    click(dates, "Command1");
+    go(dates, "Command1");
     EXPECT_EQ(page("DataReport1"), head + "0.00\n");
-    click(dates, "Command3");
+    go(dates, "Command3");
     EXPECT_EQ(page("DataReport1"), head + "3\n7/4/2003\nAnn Lee\n236.00\n5\n1/31/2004\nBob Ray\n10.00\n246.00\n");
     find<DateBox>(dates, "FDate").setValue({2004, 1, 31});
-    click(dates, "Command1");
+    go(dates, "Command1");
     EXPECT_EQ(page("DataReport1"), head + "5\n1/31/2004\nBob Ray\n10.00\n10.00\n");
     // The customers report stands beside it, and the prompt may go.
     choose("mnucustrpt");
     EXPECT_TRUE(page("DataReport2").starts_with("Customers Report\nName\nAddress\nPhone\nFax\nEmail\nAnn Lee\n1 Elm\n"));
-    click(dates, "Command2");
+    go(dates, "Command2");
     EXPECT_FALSE(screens->reportPrompt.loaded());
     EXPECT_TRUE(standing("DataReport1") && standing("DataReport2"));
 }
@@ -57,20 +57,20 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
         const std::string name = data.path() + "/customers" + row.ending;
         host.answerSaveName(data.path() + "/customers");
         host.expectOk("The report was written to " + name, "Customers Report");
-        click(report, row.button);
+        go(report, row.button);
         QFile file(qstring(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_TRUE(file.readAll().startsWith(row.beginsWith));
         host.answerSaveName(name);
         host.expectYesNo("File already Exists. Overwrite it?", "Customers Report", Answer::No);
-        click(report, row.button);
+        go(report, row.button);
         host.answerSaveName(std::nullopt);
-        click(report, row.button);
+        go(report, row.button);
         const std::string nowhere = data.path() + "/no such folder/x" + row.ending;
         host.answerSaveName(nowhere);
         host.expectOk("The report could not be written to " + nowhere + ". Nothing was changed there.",
                       "Customers Report");
-        click(report, row.button);
+        go(report, row.button);
     }
 }
 
@@ -79,16 +79,16 @@ TEST_F(ReportsTest, TurnsPages) {
         data.execute("insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (" + std::to_string(number) +
                      ", 7, '2010-01-01', 1)");
     QWidget& dates = prompt();
-    click(dates, "Command3");
+    go(dates, "Command3");
     QWidget& report = *standing("DataReport1");
     EXPECT_EQ(texts(report, {"lblPage"}), "Page 1 of 2");
     EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), "cmdNext cmdLast");
-    click(report, "cmdLast");
+    go(report, "cmdLast");
     EXPECT_EQ(texts(report, {"lblPage"}), "Page 2 of 2");
     EXPECT_TRUE(page("DataReport1").ends_with("\n159\n1/1/2010\nAnn Lee\n1.00\n306.00\n"));
     EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), "cmdFirst cmdPrevious");
     const int before = find<QWidget>(report, "page").width();
-    pick(report, "cmbZoom", "200 %");
+    go(report, "cmbZoom=200 %");
     EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);
 }
 

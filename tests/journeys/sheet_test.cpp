@@ -19,7 +19,7 @@ class SheetTest : public JourneyTest {
 protected:
     QWidget& sheet() {
         if (!screens->order.loaded()) newEstimate();
-        click(screens->order.window(), "cmdItemList");
+        go(screens->order.window(), "cmdItemList");
         return screens->itemSheet.window();
     }
     // Double-clicks an item of the tree.
@@ -60,31 +60,31 @@ TEST_F(SheetTest, CollectsAndMovesItems) {
     data.execute("update Item set CategoryId = 77 where ItemId = 3; insert into Category values (77, 'Masonry', 0)");
     start();
     QWidget& order = newEstimate();
-    pick(order, "cmbUnits", "Bag");
+    go(order, "cmbUnits=Bag");
     QWidget& list = sheet();
     take(list, "Categories");
     take(list, "Framing");
     EXPECT_TRUE(rows(list).empty()) << "only items go to the sheet";
-    pick(list, "cmbRooms", "Roof");
+    go(list, "cmbRooms=Roof");
     take(list, "Joist");
     take(list, "Nails");
-    pick(list, "cmbRooms", "Deck");
+    go(list, "cmbRooms=Deck");
     take(list, "Brick");
     take(list, "Brick");
     take(list, "Joist");
     EXPECT_EQ(rows(list), (Texts{"1|Roof|1|Joist|Framing|2|Each|10|4|3", "2|Roof|2|Nails|Framing|0|Each|2.5|0|3",
                                  "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2", "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2",
                                  "1|Deck|1|Joist|Framing|2|Each|10|4|2"}));
-    clickRow(find<ReportList>(list, "ListView1"), 4);
+    clickRow(torvane::list(list), 4);
     host.expectYesNo("Do you want to delete item '1'?", "Delete Item from the List", Answer::No);
-    click(list, "cmdDelete");
+    go(list, "cmdDelete");
     host.expectYesNo("Do you want to delete item '1'?", "Delete Item from the List", Answer::Yes);
-    click(list, "cmdDelete");
+    go(list, "cmdDelete");
     EXPECT_EQ(rows(list).size(), 4U);
     // Each row goes through the door of a single line; the unit is the one of the estimate screen.
     host.expectOk("Please enter Quanttity", "Inventory");
     host.expectOk("Item already added ", "Inventory");
-    click(list, "cmdAddEstimate");
+    go(list, "cmdAddEstimate");
     EXPECT_FALSE(screens->itemSheet.loaded());
     EXPECT_EQ(rows(order), (Texts{"1|Roof|2|Bag|Joist|20|4|5|6|35|3|2", "3|Deck|100|Bag|Brick|50|20|0|1.25|71.25|2|2"}));
     EXPECT_EQ(text(order, "TxtAmount"), "106.25");
@@ -93,8 +93,8 @@ TEST_F(SheetTest, CollectsAndMovesItems) {
 TEST_F(SheetTest, AnEmptySheetShowsTheEstimateAndCloses) {
     start();
     QWidget& list = sheet();
-    click(list, "cmdDelete");
-    click(list, "cmdAddEstimate");
+    go(list, "cmdDelete");
+    go(list, "cmdAddEstimate");
     EXPECT_FALSE(screens->itemSheet.loaded());
     EXPECT_TRUE(rows(screens->order.window()).empty());
 }
@@ -105,7 +105,7 @@ TEST_F(SheetTest, LoadsAClosedEstimateScreenAnew) {
     take(list, "Joist");
     closeBox(screens->order.window());
     EXPECT_FALSE(screens->order.loaded());
-    click(list, "cmdAddEstimate");
+    go(list, "cmdAddEstimate");
     EXPECT_EQ(rows(screens->order.window()), (Texts{"1|Attic|2|Bag|Joist|20|4|5|6|35|1|2"}));
 }
 
@@ -118,7 +118,7 @@ TEST_F(SheetTest, AnItemThatIsNewToTheEstimateScreenWorksOnTheOneBefore) {
     take(list, "Joist");
     take(list, "Glue");
     host.expectOk("Item already added ", "Inventory");
-    click(list, "cmdAddEstimate");
+    go(list, "cmdAddEstimate");
     EXPECT_EQ(rows(screens->order.window()).size(), 1U);
 }
 
@@ -127,7 +127,7 @@ TEST_F(SheetTest, AnItemDeletedWhileOnTheSheetIsStillMoved) {
     QWidget& list = sheet();
     take(list, "Joist");
     data.execute("delete from Item where ItemId = 1");
-    click(list, "cmdAddEstimate");
+    go(list, "cmdAddEstimate");
     EXPECT_EQ(rows(screens->order.window()), (Texts{"1|Attic|2|Bag|Joist|20|4|5|6|35|1|2"}));
 }
 

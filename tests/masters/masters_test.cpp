@@ -91,13 +91,15 @@ TEST_F(MastersTest, ItemStatementsWordForWord) {
     item.Equipment = 3;
     item.qty = 10;
     item.AddEditDel = "A";
-    EXPECT_EQ("Insert into Item (Itemcode, Itemname, CategoryID,UnitId,Material,Labor,Qty,TU,SubLabor,Equipment) values "
-              "('A'1','Nail',3,4,123456.8,0.5,10,'',2,3)",
-              refusedBy([&] { item.Save(); }));
+    EXPECT_EQ(
+        "Insert into Item (Itemcode, Itemname, CategoryID,UnitId,Material,Labor,Qty,TU,SubLabor,Equipment) values "
+        "('A'1','Nail',3,4,123456.8,0.5,10,'',2,3)",
+        refusedBy([&] { item.Save(); }));
     item.AddEditDel = "E";
-    EXPECT_EQ("Update Item Set ItemCode='A'1', Itemname = 'Nail', CategoryID = 3, UnitId = 4, Material = 123456.8, "
-              "Labor = 0.5, SubLabor = 2, Equipment= 3, Qty = 10, TU = '' where Itemid=9",
-              refusedBy([&] { item.Save(); }));
+    EXPECT_EQ(
+        "Update Item Set ItemCode='A'1', Itemname = 'Nail', CategoryID = 3, UnitId = 4, Material = 123456.8, "
+        "Labor = 0.5, SubLabor = 2, Equipment= 3, Qty = 10, TU = '' where Itemid=9",
+        refusedBy([&] { item.Save(); }));
     item.Itemname = "O'Nail";
     item.AddEditDel = "A";
     EXPECT_EQ("Select * from Item where Itemname ='O'Nail' and CategoryId =3 and Material =123456.8 and Qty =10",
@@ -133,8 +135,9 @@ TEST_F(MastersTest, ItemKeepsItsFieldsWhenThereIsNoRow) {
 
 TEST_F(MastersTest, ItemNullQuantityIsAFailureAndNullPricesAreZero) {
     addItems(2);
-    folder.execute("update Item set Material = null, Labor = null, TU = null where ItemId = 1;"
-                   "update Item set Qty = null where ItemId = 2");
+    folder.execute(
+        "update Item set Material = null, Labor = null, TU = null where ItemId = 1;"
+        "update Item set Qty = null where ItemId = 2");
     ClsItem item(environment);
     item.itemid = 1;
     item.GetItem();
@@ -147,7 +150,8 @@ TEST_F(MastersTest, NextItemNumber) {
     ClsItem item(environment);
     EXPECT_EQ(1, item.Maxitemno());
     addItems(3);
-    folder.execute("update Item set Itemcode = 'A9' where ItemId = 3; update Item set Itemcode = '100.5' where ItemId = 2");
+    folder.execute(
+        "update Item set Itemcode = 'A9' where ItemId = 3; update Item set Itemcode = '100.5' where ItemId = 2");
     EXPECT_EQ(101.5, item.Maxitemno());
 }
 
@@ -175,8 +179,9 @@ TEST_F(MastersTest, ItemPages) {
 
 TEST_F(MastersTest, ItemCodesSortAsNumbersOnlyWhereTheyAreSaidTo) {
     addItems(3);
-    folder.execute("update Item set Itemcode = '10' where ItemId = 1; update Item set Itemcode = '9' where ItemId = 2;"
-                   "update Item set Itemcode = 'A1' where ItemId = 3");
+    folder.execute(
+        "update Item set Itemcode = '10' where ItemId = 1; update Item set Itemcode = '9' where ItemId = 2;"
+        "update Item set Itemcode = 'A1' where ItemId = 3");
     ClsItem item(environment);
     long pages = 0;
     EXPECT_EQ("A1 9 10 ", column(item.GetAllItemsN(1, pages, "ItemCode", "A"), 5));
@@ -205,9 +210,9 @@ TEST_F(MastersTest, CategoryParents) {
         std::int16_t key;
         const char* text;
     };
-    for (const Row& row : {Row{1, ""}, Row{2, " (Supplies)"}, Row{3, " (Hardware <- Supplies)"},
-                           Row{5, " (Brads <- Nails <- Hardware)"}, Row{6, " (Pool <- Loop <- Pool)"}, Row{8, ""},
-                           Row{77, ""}}) {
+    for (const Row& row :
+         {Row{1, ""}, Row{2, " (Supplies)"}, Row{3, " (Hardware <- Supplies)"}, Row{5, " (Brads <- Nails <- Hardware)"},
+          Row{6, " (Pool <- Loop <- Pool)"}, Row{8, ""}, Row{77, ""}}) {
         EXPECT_EQ(row.text, category.GetParentName(row.key)) << row.key;
     }
 }
@@ -286,18 +291,21 @@ TEST_F(MastersTest, CustomerStatementsWordForWord) {
     customer.BMobile = "m";
     customer.BEmail = "e";
     customer.BUrl = "u";
-    EXPECT_EQ("Select * from Customer where CustName ='O'Neil' and BStreet1 ='s1' and BStreet2 ='s2' and BCity ='c' and "
-              "BState =7 and BZip ='z' and BCountry ='l' and BPhone ='p' and BFax ='f' and BMobile ='m' and BEmail ='e' "
-              "and BUrl ='u'",
-              refusedBy([&] { customer.Validate(); }));
+    EXPECT_EQ(
+        "Select * from Customer where CustName ='O'Neil' and BStreet1 ='s1' and BStreet2 ='s2' and BCity ='c' and "
+        "BState =7 and BZip ='z' and BCountry ='l' and BPhone ='p' and BFax ='f' and BMobile ='m' and BEmail ='e' "
+        "and BUrl ='u'",
+        refusedBy([&] { customer.Validate(); }));
     customer.AddEditDel = "A";
-    EXPECT_EQ("Insert into Customer (CustName,BStreet1,BStreet2,BCity,BState,BZip,BCountry,BPhone,BFax,BMobile,BEmail,"
-              "BUrl) values ('O'Neil','s1','s2','c',7,'z','l','p','f','m','e','u')",
-              refusedBy([&] { customer.Save(); }));
+    EXPECT_EQ(
+        "Insert into Customer (CustName,BStreet1,BStreet2,BCity,BState,BZip,BCountry,BPhone,BFax,BMobile,BEmail,"
+        "BUrl) values ('O'Neil','s1','s2','c',7,'z','l','p','f','m','e','u')",
+        refusedBy([&] { customer.Save(); }));
     customer.AddEditDel = "E";
-    EXPECT_EQ("Update Customer Set CustName = 'O'Neil', BStreet1 = 's1', BStreet2 = 's2', BCity = 'c', BState = 7, BZip "
-              "= 'z', BCountry = 'l', BPhone = 'p', BFax = 'f', BMobile = 'm', BEmail = 'e', BUrl = 'u' where CustId=3",
-              refusedBy([&] { customer.Save(); }));
+    EXPECT_EQ(
+        "Update Customer Set CustName = 'O'Neil', BStreet1 = 's1', BStreet2 = 's2', BCity = 'c', BState = 7, BZip "
+        "= 'z', BCountry = 'l', BPhone = 'p', BFax = 'f', BMobile = 'm', BEmail = 'e', BUrl = 'u' where CustId=3",
+        refusedBy([&] { customer.Save(); }));
 }
 
 TEST_F(MastersTest, SearchTextsThatReachOutAreRefusedAndTouchNothing) {
@@ -305,8 +313,8 @@ TEST_F(MastersTest, SearchTextsThatReachOutAreRefusedAndTouchNothing) {
     ClsCustomer customer(environment);
     customer.SearchFld = "CustName";
     long pages = 7;
-    for (const char* text : {"'; delete from Customer; select '", "'; attach 'x' as y; --", "'; pragma user_version; --",
-                             "' --", "' /*", "'"}) {
+    for (const char* text : {"'; delete from Customer; select '", "'; attach 'x' as y; --",
+                             "'; pragma user_version; --", "' --", "' /*", "'"}) {
         SCOPED_TRACE(text);
         customer.SearchVal = text;
         EXPECT_NE("", refusedBy([&] { customer.GetSearchCustomers(1, pages, "CustName", "A"); }));

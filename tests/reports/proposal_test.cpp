@@ -9,10 +9,30 @@ namespace torvane {
 namespace {
 
 ReportRows lines(int count) {
-    const std::vector<std::string> names{"orderinfo.OrderNo", "CustName", "OrderDate", "SStreet1", "SStreet2", "SCity",
-                                         "SState", "SZip", "SCountry", "Room", "Qty", "Unit", "Item", "Material",
-                                         "Labor", "Extension", "Others", "totitem", "Amount", "Tax", "taxtot",
-                                         "Overhead", "ohtot", "Total"};
+    const std::vector<std::string> names{"orderinfo.OrderNo",
+                                         "CustName",
+                                         "OrderDate",
+                                         "SStreet1",
+                                         "SStreet2",
+                                         "SCity",
+                                         "SState",
+                                         "SZip",
+                                         "SCountry",
+                                         "Room",
+                                         "Qty",
+                                         "Unit",
+                                         "Item",
+                                         "Material",
+                                         "Labor",
+                                         "Extension",
+                                         "Others",
+                                         "totitem",
+                                         "Amount",
+                                         "Tax",
+                                         "taxtot",
+                                         "Overhead",
+                                         "ohtot",
+                                         "Total"};
     std::vector<Value> cells;
     for (int row = 0; row < count; ++row)
         for (std::size_t column = 0; column < names.size(); ++column)
@@ -29,10 +49,10 @@ TEST(ProposalPages, BandsNeverSplit) {
     constexpr int header = 1 + 22;
     constexpr int perLine = 9;
     constexpr int footer = 14;
-    for (const Row& row : {Row{1, 1, header + perLine + footer}, Row{25, 1, header + 25 * perLine + footer},
-                           Row{26, 2, footer}, Row{31, 2, footer}, Row{32, 2, perLine + footer},
-                           Row{69, 2, 38 * perLine + footer}, Row{70, 3, footer},
-                           Row{1000, 24, (1000 - 31 - 22 * 43) * perLine + footer}, Row{0, 1, 1}}) {
+    for (const Row& row :
+         {Row{1, 1, header + perLine + footer}, Row{25, 1, header + 25 * perLine + footer}, Row{26, 2, footer},
+          Row{31, 2, footer}, Row{32, 2, perLine + footer}, Row{69, 2, 38 * perLine + footer}, Row{70, 3, footer},
+          Row{1000, 24, (1000 - 31 - 22 * 43) * perLine + footer}, Row{0, 1, 1}}) {
         SCOPED_TRACE(row.lines);
         const ReportPages pages(proposalLayout(), lines(row.lines), {});
         EXPECT_EQ(row.pages, pages.pageCount());
@@ -72,7 +92,8 @@ TEST_F(ProposalTest, OfTheSampleBusiness) {
 TEST_F(ProposalTest, ShowsWhatTheDatabaseHolds) {
     folder.execute(
         "update OrderInfo set Amount = 333.33, Tax = 8.25, OrderDate = '2003-07-04' where OrderNo = 3;"
-        "update OrderItem set Labor = 2.675, Qty = 2.5 where rowid = (select min(rowid) from OrderItem where OrderNo = 3)");
+        "update OrderItem set Labor = 2.675, Qty = 2.5 where rowid = (select min(rowid) from OrderItem where OrderNo = "
+        "3)");
     const std::string dump = proposal(3).dump();
     EXPECT_NE(std::string::npos, dump.find("right 333.33\n"));
     EXPECT_NE(std::string::npos, dump.find("right 27.49972")) << "the tax amount is not rounded: " << dump;

@@ -59,7 +59,8 @@ void DataFolder::execute(std::string_view statements) const {
 std::vector<std::string> DataFolder::rows(std::string_view select) const {
     const Handle handle(database());
     sqlite3_stmt* statement = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_prepare_v2(handle, select.data(), static_cast<int>(select.size()), &statement, nullptr))
+    EXPECT_EQ(SQLITE_OK,
+              sqlite3_prepare_v2(handle, select.data(), static_cast<int>(select.size()), &statement, nullptr))
         << select << ": " << sqlite3_errmsg(handle);
     std::vector<std::string> all;
     while (sqlite3_step(statement) == SQLITE_ROW) {

@@ -6,8 +6,8 @@
 
 namespace torvane {
 
-// A temporary program folder with a database in it, looked at and prepared by the engine itself and not by the program's
-// own data store. Gone with the object.
+// A temporary program folder with a database in it, looked at and prepared by the engine itself and not by the
+// program's own data store. Gone with the object.
 class DataFolder {
 public:
     DataFolder();
