@@ -421,7 +421,6 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     const int onScreen = order.screen()->availableGeometry().right() + 1 - menu->width();
     EXPECT_EQ(menu->pos(), QPoint(std::min(corner.x(), onScreen), corner.y()));
     trigger(find<QAction>(*menu, "mnuCalc3"));
-    menu->close();
     QWidget* calculators = standing("frmCalculator3");
     ASSERT_TRUE(calculators);
     EXPECT_EQ(utf8(calculators->windowTitle()), "Calculators");

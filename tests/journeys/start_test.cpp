@@ -113,7 +113,10 @@ TEST_F(StartTest, EachEntryOpensItsScreenOrSaysThatItIsNotThereYet) {
     const std::map<std::string_view, const char*> opens{
         {"SubMnuAddCust", "frmCustomer"}, {"SubMnuEditCust", "frmCustomer"}, {"SubMnuDelCust", "frmCustomer"},
         {"mnuNewEstimate", "frmOrder"},   {"mnuEditEstimate", "frmOrders"},  {"mnuDelEstimate", "FrmOrderNo"},
-        {"mnuBlank", "frmBlank"},         {"mnusalesrpt", "frmRptOrders"},   {"mnucustrpt", "DataReport2"}};
+        {"SubMnuAddCat", "frmCategory"},  {"SubMnuEditCat", "frmCategory"},  {"SubMnuDelCat", "frmCategory"},
+        {"SubMnuAddItem", "frmItem"},     {"SubMnuEditItem", "frmItem"},     {"SubMnuDelItem", "frmItem"},
+        {"mnuRooms", "frmMaster"},        {"mnuUnits", "frmMaster"},         {"mnuBlank", "frmBlank"},
+        {"mnusalesrpt", "frmRptOrders"},  {"mnucustrpt", "DataReport2"}};
     const std::set<std::string_view> others{"mnuExport", "mnuImport", "mnuClose", "mnuExit"};
     for (const MenuEntry& one : menuTree()) {
         auto& action = find<QAction>(screens->mainMenu, one.name);
