@@ -28,8 +28,8 @@ const std::map<std::string, Rooms> allowed = {
     {"estimates/screens",
      {"values", "host", "datastore", "masters", "estimates", "platform", "masters/screens", "reports/screens"}},
     {"shell",
-     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "calculators", "calculators/screens", "masters/screens",
-      "estimates/screens", "reports/screens"}},
+     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "calculators",
+      "calculators/screens", "masters/screens", "estimates/screens", "reports/screens"}},
 };
 const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports", "calculators"};
 

@@ -5,16 +5,11 @@ namespace torvane {
 namespace {
 
 constexpr CalculatorTab tabs1[] = {
-    {"Blocks Calculator"},
-    {"Concrete Materials Calculators"},
-    {"Block Wall Calculator"},
-    {"Column Calculator"},
-    {"Bricks Calculator"},
-    {"Conversions", "Open conversions calculator window"},
-    {"Scientific Calculator"},
-    {"Foundation Concrete Calculator"},
-    {"Wall Framing Calculator"},
-    {"Roof Area Calculator"},
+    {"Blocks Calculator"},       {"Concrete Materials Calculators"},
+    {"Block Wall Calculator"},   {"Column Calculator"},
+    {"Bricks Calculator"},       {"Conversions", "Open conversions calculator window"},
+    {"Scientific Calculator"},   {"Foundation Concrete Calculator"},
+    {"Wall Framing Calculator"}, {"Roof Area Calculator"},
     {"Board Foot Calculator"},
 };
 
@@ -38,15 +33,9 @@ constexpr CalculatorTab tabs2[] = {
 };
 
 constexpr CalculatorTab tabs3[] = {
-    {"Trenching for Tanks"},
-    {"Utility Trenching"},
-    {"Excavation Volume"},
-    {"Steel Beam"},
-    {"Ceramic Tile Calculator"},
-    {"Carpet Calculator"},
-    {"Wallpaper Calculator"},
-    {"Sheet Vinyl Calculator"},
-    {"Resilient Tile Calculator"},
+    {"Trenching for Tanks"},  {"Utility Trenching"},       {"Excavation Volume"},
+    {"Steel Beam"},           {"Ceramic Tile Calculator"}, {"Carpet Calculator"},
+    {"Wallpaper Calculator"}, {"Sheet Vinyl Calculator"},  {"Resilient Tile Calculator"},
 };
 
 constexpr CalculatorTab tabs4[] = {
@@ -61,9 +50,17 @@ constexpr CalculatorGroup group4{"frmCalculator4", "Label82", tabs4};
 
 }  // namespace
 
-const CalculatorGroup& calculatorGroup1() { return group1; }
-const CalculatorGroup& calculatorGroup2() { return group2; }
-const CalculatorGroup& calculatorGroup3() { return group3; }
-const CalculatorGroup& calculatorGroup4() { return group4; }
+const CalculatorGroup& calculatorGroup1() {
+    return group1;
+}
+const CalculatorGroup& calculatorGroup2() {
+    return group2;
+}
+const CalculatorGroup& calculatorGroup3() {
+    return group3;
+}
+const CalculatorGroup& calculatorGroup4() {
+    return group4;
+}
 
 }  // namespace torvane

@@ -168,8 +168,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 };
 
-// A button whose face is a picture that says what it does, art/<name>.svg, and beside it the word: its text, or else its
-// accessible name, which is its tool tip, too, where it has none of its own.
+// A button whose face is a picture that says what it does, art/<name>.svg, and beside it the word: its text, or else
+// its accessible name, which is its tool tip, too, where it has none of its own.
 class PictureButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString picture READ picture WRITE setPicture)

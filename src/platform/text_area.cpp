@@ -4,9 +4,13 @@
 
 namespace torvane {
 
-std::string TextArea::Text() const { return utf8(toPlainText()); }
+std::string TextArea::Text() const {
+    return utf8(toPlainText());
+}
 
-void TextArea::setText(std::string_view text) { setPlainText(qstring(text)); }
+void TextArea::setText(std::string_view text) {
+    setPlainText(qstring(text));
+}
 
 std::string TextArea::SelText() const {
     // Qt separates the lines of a selection by a paragraph sign.

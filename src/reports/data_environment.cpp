@@ -22,7 +22,8 @@ constexpr std::string_view Command3_Grouping =
     "   FROM orderinfo,customer, OrderItem,Rooms, Units, Item where  orderinfo.custid = Customer.custid and "
     "orderinfo.OrderNo = OrderItem.OrderNo and OrderItem.roomid=rooms.id and orderitem.UnitId = Units.id and "
     "OrderItem.Itemid = Item.Itemid }  AS Command3 COMPUTE Command3 BY "
-    "'orderinfo.OrderNo','OrderDate','SStreet1','SStreet2','SCity','SState','SZip','CustId','RepId','SCountry','SPhone',"
+    "'orderinfo.OrderNo','OrderDate','SStreet1','SStreet2','SCity','SState','SZip','CustId','RepId','SCountry','SPhone'"
+    ","
     "'SMobile','SEmail','ShipId','Amount','CustName','Tax','Total','Overhead','taxtot','ohtot'";
 
 // A report run resumes at the next step after any error.

@@ -7,16 +7,25 @@ namespace torvane {
 namespace {
 
 // Twips as points, 20 to the point.
-std::string points(int twips) { return generalText(twips / 20.0) + "pt"; }
+std::string points(int twips) {
+    return generalText(twips / 20.0) + "pt";
+}
 
 std::string escaped(std::string_view text) {
     std::string safe;
     for (const char c : text) {
         switch (c) {
-            case '&': safe += "&amp;"; break;
-            case '<': safe += "&lt;"; break;
-            case '>': safe += "&gt;"; break;
-            default: safe += c;
+            case '&':
+                safe += "&amp;";
+                break;
+            case '<':
+                safe += "&lt;";
+                break;
+            case '>':
+                safe += "&gt;";
+                break;
+            default:
+                safe += c;
         }
     }
     return safe;
@@ -28,12 +37,16 @@ std::string htmlHead(std::string_view title) {
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + escaped(title) +
            "</title>\n<style>\n"
            "body { margin: 0; }\n"
-           ".page { position: relative; width: " + points(pageWidth) + "; height: " + points(pageHeight) +
+           ".page { position: relative; width: " +
+           points(pageWidth) + "; height: " + points(pageHeight) +
            "; page-break-after: always; font-family: Arial, 'Liberation Sans', sans-serif; font-size: " +
-           generalText(textPoints) + "pt; }\n"
+           generalText(textPoints) +
+           "pt; }\n"
            ".page div { position: absolute; overflow: hidden; white-space: nowrap; line-height: 1.15; }\n"
            ".bold { font-weight: bold; }\n"
-           ".title { font-weight: bold; font-size: " + generalText(titlePoints) + "pt; }\n"
+           ".title { font-weight: bold; font-size: " +
+           generalText(titlePoints) +
+           "pt; }\n"
            ".right { text-align: right; }\n"
            ".line { border-top: 0.75pt solid black; }\n"
            "</style>\n</head>\n<body>\n";
@@ -55,6 +68,8 @@ std::string htmlPage(const std::vector<Placed>& page) {
     return text + "</section>\n";
 }
 
-std::string htmlEnd() { return "</body>\n</html>\n"; }
+std::string htmlEnd() {
+    return "</body>\n</html>\n";
+}
 
 }  // namespace torvane

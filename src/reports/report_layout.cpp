@@ -65,11 +65,11 @@ constexpr ReportField customersPageHeader[] = {
 };
 
 constexpr ReportField customersDetail[] = {
-    {"txtCustName", Text, "CustName", 0, 0, 1440, 240},     {"txtBStreet1", Text, "BStreet1", 1440, 0, 1440, 240},
-    {"txtBPhone", Text, "BPhone", 3024, 0, 1440, 240},      {"txtBFax", Text, "BFax", 4464, 0, 1440, 240},
-    {"txtBEmail", Text, "BEmail", 5904, 0, 1440, 240},      {"txtBStreet2", Text, "BStreet2", 1440, 288, 1440, 240},
-    {"txtBUrl", Text, "BUrl", 5904, 288, 1440, 240},        {"txtBCity", Text, "BCity", 1440, 576, 1440, 240},
-    {"txtBState", Text, "BState", 1440, 864, 1440, 240},    {"txtBZip", Text, "BZip", 1440, 1152, 1440, 240},
+    {"txtCustName", Text, "CustName", 0, 0, 1440, 240},       {"txtBStreet1", Text, "BStreet1", 1440, 0, 1440, 240},
+    {"txtBPhone", Text, "BPhone", 3024, 0, 1440, 240},        {"txtBFax", Text, "BFax", 4464, 0, 1440, 240},
+    {"txtBEmail", Text, "BEmail", 5904, 0, 1440, 240},        {"txtBStreet2", Text, "BStreet2", 1440, 288, 1440, 240},
+    {"txtBUrl", Text, "BUrl", 5904, 288, 1440, 240},          {"txtBCity", Text, "BCity", 1440, 576, 1440, 240},
+    {"txtBState", Text, "BState", 1440, 864, 1440, 240},      {"txtBZip", Text, "BZip", 1440, 1152, 1440, 240},
     {"txtBCountry", Text, "BCountry", 1440, 1440, 1440, 240},
 };
 
@@ -148,7 +148,8 @@ constexpr ReportField proposalGroupFooter[] = {
 };
 
 constexpr ReportLayout proposal{
-    "DataReport3",        "Estimate Proposal",
+    "DataReport3",
+    "Estimate Proposal",
     {723, proposalReportHeader},
     {},
     {2937, proposalGroupHeader},
@@ -159,10 +160,16 @@ constexpr ReportLayout proposal{
 
 }  // namespace
 
-const ReportLayout& estimatesLayout() { return estimates; }
+const ReportLayout& estimatesLayout() {
+    return estimates;
+}
 
-const ReportLayout& customersLayout() { return customers; }
+const ReportLayout& customersLayout() {
+    return customers;
+}
 
-const ReportLayout& proposalLayout() { return proposal; }
+const ReportLayout& proposalLayout() {
+    return proposal;
+}
 
 }  // namespace torvane

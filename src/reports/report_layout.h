@@ -5,8 +5,8 @@
 
 namespace torvane {
 
-// Report layouts as data. Coordinates and sizes are twips (1440 to the inch) within a band; a page is Letter with margins
-// of an inch on all sides.
+// Report layouts as data. Coordinates and sizes are twips (1440 to the inch) within a band; a page is Letter with
+// margins of an inch on all sides.
 
 inline constexpr int pageWidth = 12240;
 inline constexpr int pageHeight = 15840;

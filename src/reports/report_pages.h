@@ -22,8 +22,8 @@ struct Placed {
     std::string text;
 };
 
-// The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves the
-// preview, the printer, the PDF and the tests.
+// The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves
+// the preview, the printer, the PDF and the tests.
 class ReportPages {
 public:
     // `dates`: how the machine writes a date.

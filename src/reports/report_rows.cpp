@@ -48,6 +48,8 @@ double ReportRows::sum(std::string_view column_) const {
     return finite(total);
 }
 
-const Value& ReportRows::cell(std::string_view column_, int row) const { return rows_(column(column_), row); }
+const Value& ReportRows::cell(std::string_view column_, int row) const {
+    return rows_(column(column_), row);
+}
 
 }  // namespace torvane

@@ -53,9 +53,9 @@ TEST_F(FindingTest, Searches) {
         const char* text;
         Texts numbers;
     };
-    for (const Row& row : {Row{"OptOrderNo", "12", {"112"}}, Row{"OptOrderNo", "5", {"5", "105"}},
-                           Row{"OptName", "OB r", {"5", "112"}}, Row{"OptName", "Lee", {"3", "101", "102", "103", "104",
-                            "105", "106", "107", "108", "109", "110", "111"}}}) {
+    for (const Row& row :
+         {Row{"OptOrderNo", "12", {"112"}}, Row{"OptOrderNo", "5", {"5", "105"}}, Row{"OptName", "OB r", {"5", "112"}},
+          Row{"OptName", "Lee", {"3", "101", "102", "103", "104", "105", "106", "107", "108", "109", "110", "111"}}}) {
         SCOPED_TRACE(row.text);
         find<QRadioButton>(list, row.option).setChecked(true);
         go(list, std::string("txtName=") + row.text);

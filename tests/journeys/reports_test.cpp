@@ -37,7 +37,8 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     EXPECT_EQ(page("DataReport1"), head + "5\n1/31/2004\nBob Ray\n10.00\n10.00\n");
     // The customers report stands beside it, and the prompt may go.
     choose("mnucustrpt");
-    EXPECT_TRUE(page("DataReport2").starts_with("Customers Report\nName\nAddress\nPhone\nFax\nEmail\nAnn Lee\n1 Elm\n"));
+    EXPECT_TRUE(
+        page("DataReport2").starts_with("Customers Report\nName\nAddress\nPhone\nFax\nEmail\nAnn Lee\n1 Elm\n"));
     go(dates, "Command2");
     EXPECT_FALSE(screens->reportPrompt.loaded());
     EXPECT_TRUE(standing("DataReport1") && standing("DataReport2"));

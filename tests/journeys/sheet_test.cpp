@@ -35,9 +35,11 @@ protected:
 TEST_F(SheetTest, TheTreeIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
     data.execute(
         "delete from Category; delete from Item;"
-        "insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'paint', null),"
+        "insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'paint', "
+        "null),"
         "(5, 'Orphan', 99);"
-        "insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values (1, '1', 'Plank', 1, 1, 1, 1),"
+        "insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values (1, '1', 'Plank', 1, "
+        "1, 1, 1),"
         "(2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1), (4, '4', 'Hidden', 4, 1, 1, 1),"
         "(5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1)");
     start();
@@ -86,7 +88,8 @@ TEST_F(SheetTest, CollectsAndMovesItems) {
     host.expectOk("Item already added ", "Inventory");
     go(list, "cmdAddEstimate");
     EXPECT_FALSE(screens->itemSheet.loaded());
-    EXPECT_EQ(rows(order), (Texts{"1|Roof|2|Bag|Joist|20|4|5|6|35|3|2", "3|Deck|100|Bag|Brick|50|20|0|1.25|71.25|2|2"}));
+    EXPECT_EQ(rows(order),
+              (Texts{"1|Roof|2|Bag|Joist|20|4|5|6|35|3|2", "3|Deck|100|Bag|Brick|50|20|0|1.25|71.25|2|2"}));
     EXPECT_EQ(text(order, "TxtAmount"), "106.25");
 }
 
@@ -112,8 +115,9 @@ TEST_F(SheetTest, LoadsAClosedEstimateScreenAnew) {
 TEST_F(SheetTest, AnItemThatIsNewToTheEstimateScreenWorksOnTheOneBefore) {
     start();
     newEstimate();
-    data.execute("insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values "
-                 "(9, '9', 'Glue', 1, 1, 1, 1)");
+    data.execute(
+        "insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values "
+        "(9, '9', 'Glue', 1, 1, 1, 1)");
     QWidget& list = sheet();
     take(list, "Joist");
     take(list, "Glue");

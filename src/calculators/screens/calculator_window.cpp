@@ -72,6 +72,8 @@ void CalculatorWindow::build(QWidget& window) {
     });
 }
 
-void CalculatorWindow::Form_Load() { program().StartUp(*this); }
+void CalculatorWindow::Form_Load() {
+    program().StartUp(*this);
+}
 
 }  // namespace torvane

@@ -5,8 +5,8 @@
 
 namespace torvane {
 
-// The tree of categories and their items. Each node bears a key, whose first letter tells what it is. Enter on a node is a
-// double click; the arrow keys expand and collapse.
+// The tree of categories and their items. Each node bears a key, whose first letter tells what it is. Enter on a node
+// is a double click; the arrow keys expand and collapse.
 class CategoryTree : public QTreeWidget {
     Q_OBJECT
 public:

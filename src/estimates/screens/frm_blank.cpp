@@ -16,7 +16,9 @@ void frmBlank::Form_Load() {
     ui().rtfNotes->setText(readSharedNotes(*connection_));
 }
 
-void frmBlank::Form_Unload() { connection_.reset(); }
+void frmBlank::Form_Unload() {
+    connection_.reset();
+}
 
 void frmBlank::cmdOk_Click() {
     const Program::Doing doing(program(), "saving the notes");

@@ -13,8 +13,8 @@ namespace torvane {
 
 class frmOrder;
 
-// The item sheet: collects items from the category tree and puts them into the open estimate in one action, one row at a
-// time, as if each were added on the estimate screen. Nothing of the sheet is stored.
+// The item sheet: collects items from the category tree and puts them into the open estimate in one action, one row at
+// a time, as if each were added on the estimate screen. Nothing of the sheet is stored.
 class frmList : public FormOf<Ui::frmList> {
 public:
     frmList(Program& program, frmOrder& order);

@@ -124,15 +124,17 @@ void frmOrder::Form_Load() {
         FillData();
     }
     if (AddOrDelete == "D") {
-        for (QWidget* button : std::initializer_list<QWidget*>{
-                 ui().CmdEdit, ui().cmdAdd, ui().cmdDel, ui().CmdSelCust, ui().CmdNewCust, ui().cmdEditApply,
-                 ui().cmdEditCanc, ui().cmdOk, ui().CmdSave})
+        for (QWidget* button :
+             std::initializer_list<QWidget*>{ui().CmdEdit, ui().cmdAdd, ui().cmdDel, ui().CmdSelCust, ui().CmdNewCust,
+                                             ui().cmdEditApply, ui().cmdEditCanc, ui().cmdOk, ui().CmdSave})
             button->setVisible(false);
         ui().CmdDeleteOrder->setVisible(true);
     }
 }
 
-void frmOrder::Form_Unload() { Order().ClearData(); }
+void frmOrder::Form_Unload() {
+    Order().ClearData();
+}
 
 void frmOrder::InitListView() {
     ui().ListView1->setColumns({{"Item ID", 0},
@@ -149,11 +151,17 @@ void frmOrder::InitListView() {
                                 {"Unitid", 0}});
 }
 
-void frmOrder::FillRooms() { fillNames(*ui().cmbRooms, Order().GetComboRooms()); }
+void frmOrder::FillRooms() {
+    fillNames(*ui().cmbRooms, Order().GetComboRooms());
+}
 
-void frmOrder::FillUnits() { fillNames(*ui().cmbUnits, Order().GetComboUnits()); }
+void frmOrder::FillUnits() {
+    fillNames(*ui().cmbUnits, Order().GetComboUnits());
+}
 
-void frmOrder::FillState() { fillNames(*ui().cmbSState, Order().GetComboState()); }
+void frmOrder::FillState() {
+    fillNames(*ui().cmbSState, Order().GetComboState());
+}
 
 void frmOrder::FillItems() {
     ui().cmbItems->Clear();
@@ -260,8 +268,8 @@ void frmOrder::CmdSave_Click() {
     CalTotal();
     Order().Tax = narrowToSingle(lenientNumber(ui().txtTaxPer->Text()));
     Order().Overhead = narrowToSingle(lenientNumber(ui().txtOHPer->Text()));
-    Order().Total = narrowToSingle(Order().Amount + lenientNumber(ui().txtTax->Text()) +
-                                   lenientNumber(ui().txtOverhead->Text()));
+    Order().Total =
+        narrowToSingle(Order().Amount + lenientNumber(ui().txtTax->Text()) + lenientNumber(ui().txtOverhead->Text()));
     if (!Order().Validate()) {
         program().say("Please enter Valid Data", boxTitle);
         return;
@@ -278,8 +286,7 @@ void frmOrder::ClearClass() {
     Order().OrderDate = program().host().today();
     Order().SState = 0;
     for (std::string* text : {&Order().SStreet1, &Order().SStreet2, &Order().SCity, &Order().SZip, &Order().SCountry,
-                              &Order().SPhone, &Order().SMobile, &Order().SEmail, &Order().UPSTracking,
-                              &Order().Notes})
+                              &Order().SPhone, &Order().SMobile, &Order().SEmail, &Order().UPSTracking, &Order().Notes})
         text->clear();
     Order().ClearLines();
 }
@@ -372,10 +379,17 @@ bool frmOrder::alreadyAdded(std::int32_t itemId, std::int32_t leaveOut) {
 // The row of the list that the panel stands for.
 std::vector<std::string> frmOrder::panelRow(std::int16_t itemid) {
     const LineAmounts amounts = lineAmounts(panel());
-    return {generalText(itemid),           ui().cmbRooms->Text(),           generalText(amounts.quantity),
-            ui().cmbUnits->Text(),         ui().cmbItems->Text(),           generalText(amounts.material),
-            generalText(amounts.labor),    generalText(amounts.extension),  generalText(amounts.others),
-            generalText(amounts.total),    generalText(ui().cmbRooms->ItemData()),
+    return {generalText(itemid),
+            ui().cmbRooms->Text(),
+            generalText(amounts.quantity),
+            ui().cmbUnits->Text(),
+            ui().cmbItems->Text(),
+            generalText(amounts.material),
+            generalText(amounts.labor),
+            generalText(amounts.extension),
+            generalText(amounts.others),
+            generalText(amounts.total),
+            generalText(ui().cmbRooms->ItemData()),
             generalText(ui().cmbUnits->ItemData())};
 }
 
@@ -388,10 +402,10 @@ void frmOrder::cmdAdd_Click() {
     CurrentItemId = ui().cmbItems->ItemData();
     if (alreadyAdded(CurrentItemId, 0)) return;
     const LineAmounts amounts = lineAmounts(panel());
-    ClsOrderItems& line = Order().ColnOrderItems().Add(
-        Value{std::int64_t{CurrentItemId}}, amounts.quantity, amounts.material,
-        Value{std::int64_t{ui().cmbRooms->ItemData()}}, Value{std::int64_t{ui().cmbUnits->ItemData()}},
-        amounts.extension, amounts.labor, amounts.others);
+    ClsOrderItems& line = Order().ColnOrderItems().Add(Value{std::int64_t{CurrentItemId}}, amounts.quantity,
+                                                       amounts.material, Value{std::int64_t{ui().cmbRooms->ItemData()}},
+                                                       Value{std::int64_t{ui().cmbUnits->ItemData()}},
+                                                       amounts.extension, amounts.labor, amounts.others);
     readItem(*line.Item);
     ui().ListView1->AddRow(panelRow(line.Item->itemid));
     CalTotal();
@@ -471,7 +485,9 @@ void frmOrder::cmdEditApply_Click() {
     CalTotal();
 }
 
-void frmOrder::cmdEditCanc_Click() { showEditing(false); }
+void frmOrder::cmdEditCanc_Click() {
+    showEditing(false);
+}
 
 void frmOrder::cmdDel_Click() {
     ReportList& list = *ui().ListView1;
@@ -505,7 +521,9 @@ void frmOrder::CalTotal() {
     CalFinalTotal();
 }
 
-void frmOrder::CalTot() { ui().txtTotal->setText(generalText(panelTotal(panel()))); }
+void frmOrder::CalTot() {
+    ui().txtTotal->setText(generalText(panelTotal(panel())));
+}
 
 void frmOrder::CalFinalTotal() {
     const TotalTexts texts = totalTexts(ui().TxtAmount->Text(), ui().txtTaxPer->Text(), ui().txtOHPer->Text());

@@ -7,7 +7,8 @@ namespace torvane {
 
 class frmOrder;
 
-// Asks for the number of the estimate that is to be deleted and shows it on the estimate screen, which closes this prompt.
+// Asks for the number of the estimate that is to be deleted and shows it on the estimate screen, which closes this
+// prompt.
 class FrmOrderNo : public FormOf<Ui::FrmOrderNo> {
 public:
     FrmOrderNo(Program& program, frmOrder& order);

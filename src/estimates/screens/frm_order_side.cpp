@@ -46,15 +46,16 @@ void frmOrder::CalTotalArea() {
     ui().txtDrywall4x8->setText(areas.drywall4x8);
 }
 
-void frmOrder::placeNotes() { new NotesPlace(*ui().frmNotes); }
+void frmOrder::placeNotes() {
+    new NotesPlace(*ui().frmNotes);
+}
 
 void frmOrder::cmdMove_Click() {
     ui().TxtQty->setText(ui().txtTotArea->Text());
     const std::pair<QRadioButton*, TextBox*> rows[] = {
-        {ui().chkarea1, ui().txtPerimeter},   {ui().chkarea2, ui().txtWalls},   {ui().chkarea3, ui().txtCeiling},
-        {ui().chkarea4, ui().txtConcrete},    {ui().chkarea5, ui().txtFloorCeil}, {ui().chkarea6, ui().txtTotArea},
-        {ui().chkarea7, ui().txtPlywood},     {ui().chkarea8, ui().txtDrywall4x12},
-        {ui().chkarea9, ui().txtDrywall4x8}};
+        {ui().chkarea1, ui().txtPerimeter}, {ui().chkarea2, ui().txtWalls},       {ui().chkarea3, ui().txtCeiling},
+        {ui().chkarea4, ui().txtConcrete},  {ui().chkarea5, ui().txtFloorCeil},   {ui().chkarea6, ui().txtTotArea},
+        {ui().chkarea7, ui().txtPlywood},   {ui().chkarea8, ui().txtDrywall4x12}, {ui().chkarea9, ui().txtDrywall4x8}};
     for (const auto& [option, box] : rows)
         if (option->isChecked()) ui().TxtQty->setText(box->Text());
 }
@@ -72,9 +73,13 @@ void frmOrder::cmdCopy_Click() {
     ui().txtNotes->setText(selected.empty() ? ui().rtfNotes->Text() : selected);
 }
 
-void frmOrder::Command2_Click() { ui().frmNotes->setVisible(false); }
+void frmOrder::Command2_Click() {
+    ui().frmNotes->setVisible(false);
+}
 
-void frmOrder::cmdItemList_Click() { itemSheet_->Show(); }
+void frmOrder::cmdItemList_Click() {
+    itemSheet_->Show();
+}
 
 void frmOrder::Command7_Click() {
     auto* menu = new QMenu(&window());

@@ -23,7 +23,9 @@ void CustMast::Form_Load() {
     openByMode(list_.Which, {ui().TxtCname}, {ui().Frame1, ui().Frame2});
 }
 
-void CustMast::Form_Unload() { cust_.reset(); }
+void CustMast::Form_Unload() {
+    cust_.reset();
+}
 
 void CustMast::FillData() {
     Cust().GetCustomer();
@@ -42,7 +44,9 @@ void CustMast::FillData() {
     ui().CmbBState->selectItemData(Cust().BState);
 }
 
-void CustMast::FillState() { fillNames(*ui().CmbBState, Cust().GetComboState()); }
+void CustMast::FillState() {
+    fillNames(*ui().CmbBState, Cust().GetComboState());
+}
 
 void CustMast::copyToRecord() {
     Cust().CustName = ui().TxtCname->Text();
@@ -69,6 +73,8 @@ void CustMast::ClearClass() {
         text->clear();
 }
 
-void CustMast::refreshList() { list_.RefreshGrid(); }
+void CustMast::refreshList() {
+    list_.RefreshGrid();
+}
 
 }  // namespace torvane

@@ -11,17 +11,20 @@ DataReports::DataReports(Program& program)
 
 void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows) {
     const Program::Doing doing(program_, "showing the report");
-    window.showReport(
-        std::make_shared<const ReportPages>(layout, std::move(rows), program_.host().shortDate()));
+    window.showReport(std::make_shared<const ReportPages>(layout, std::move(rows), program_.host().shortDate()));
 }
 
 void DataReports::showEstimates(const Date& FDate, const Date& TDate) {
     show(DataReport1_, estimatesLayout(), data_.estimates(FDate, TDate));
 }
 
-void DataReports::showEstimates() { show(DataReport1_, estimatesLayout(), data_.estimates()); }
+void DataReports::showEstimates() {
+    show(DataReport1_, estimatesLayout(), data_.estimates());
+}
 
-void DataReports::showCustomers() { show(DataReport2_, customersLayout(), data_.customers()); }
+void DataReports::showCustomers() {
+    show(DataReport2_, customersLayout(), data_.customers());
+}
 
 void DataReports::showProposal(std::int32_t OrderNo) {
     show(DataReport3_, proposalLayout(), data_.proposal(OrderNo));

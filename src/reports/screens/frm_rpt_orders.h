@@ -7,7 +7,8 @@ namespace torvane {
 
 class DataReports;
 
-// The prompt in front of the estimates report: a range of days, or all estimates. It stays open while reports are shown.
+// The prompt in front of the estimates report: a range of days, or all estimates. It stays open while reports are
+// shown.
 class frmRptOrders : public FormOf<Ui::frmRptOrders> {
 public:
     frmRptOrders(Program& program, DataReports& reports);

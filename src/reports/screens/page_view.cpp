@@ -7,7 +7,9 @@
 
 namespace torvane {
 
-PageView::PageView(QWidget* parent) : QWidget(parent) { resizeToZoom(); }
+PageView::PageView(QWidget* parent) : QWidget(parent) {
+    resizeToZoom();
+}
 
 void PageView::setPages(std::shared_ptr<const ReportPages> pages) {
     pages_ = std::move(pages);

@@ -41,7 +41,9 @@ void ReportWindow::Form_Load() {
     program().StartUp(*this);
 }
 
-void ReportWindow::Form_Unload() { pages_.reset(); }
+void ReportWindow::Form_Unload() {
+    pages_.reset();
+}
 
 void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages) {
     pages_ = std::move(pages);

@@ -11,8 +11,8 @@ class QPrinter;
 
 namespace torvane {
 
-// The preview of one report: page by page, zoom, print, export to PDF and HTML. Modeless; a run on a report whose window stands
-// open fills and raises that window.
+// The preview of one report: page by page, zoom, print, export to PDF and HTML. Modeless; a run on a report whose
+// window stands open fills and raises that window.
 class ReportWindow : public FormOf<Ui::ReportWindow> {
 public:
     ReportWindow(Program& program, const char* name);
