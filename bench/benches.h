@@ -14,6 +14,8 @@ void estimates(Sample& sample);
 void screens(Sample& sample);
 // The windows of the catalogue at its largest.
 void masters(Sample& sample);
+// The item sheet on the largest catalogue, and the reports on every estimate.
+void sheetAndReports(Sample& sample);
 // From the start of the process to the painted main window.
 void start(const Sample& sample);
 

@@ -16,8 +16,8 @@ void printFigure(const char* name, double limit, double ours, const char* unit);
 
 // The time that a work takes, in milliseconds; a work that gives a number has measured itself.
 template <typename Work>
-double timed(Work& work) {
-    if constexpr (std::same_as<std::invoke_result_t<Work&>, double>) {
+double timed(Work&& work) {
+    if constexpr (std::same_as<std::invoke_result_t<Work>, double>) {
         return work();
     } else {
         const auto start = std::chrono::steady_clock::now();

@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
         bench::estimates(sample);
         bench::screens(sample);
         bench::masters(sample);
+        bench::sheetAndReports(sample);
         bench::start(sample);
     } catch (const std::exception& failure) {
         std::printf("stopped: %s\n", failure.what());

@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QTimer>
 #include <QVBoxLayout>
+
 #include <algorithm>
 
 #include "estimates/screens/frm_blank.h"
@@ -70,15 +72,17 @@ double fontScale(const QWidget& widget) {
     return std::max(1.0, QFontMetricsF(widget.font()).height() / usualHeight);
 }
 
-QLabel* artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {
+void artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {
     auto* image = new QLabel(&area);
     image->setObjectName(QLatin1String(name));
     image->setAccessibleName(QLatin1String(says));
     const QRect where = scaled(place, scale);
     image->setGeometry(where);
     image->setAlignment(Qt::AlignCenter);
-    image->setPixmap(picture(QLatin1String(name).toString().toLower()).pixmap(where.size(), area.devicePixelRatioF()));
-    return image;
+    // Drawn when the window stands with its menus, which can be used meanwhile.
+    QTimer::singleShot(0, image, [image, drawing = QLatin1String(name).toString().toLower()] {
+        image->setPixmap(picture(drawing).pixmap(image->size(), image->devicePixelRatioF()));
+    });
 }
 
 }  // namespace

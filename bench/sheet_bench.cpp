@@ -1,0 +1,164 @@
+#include <QApplication>
+#include <QBuffer>
+#include <QEvent>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTreeWidget>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benches.h"
+#include "estimates/category_nodes.h"
+#include "estimates/screens/category_tree.h"
+#include "estimates/screens/frm_list.h"
+#include "estimates/screens/frm_order.h"
+#include "harness.h"
+#include "platform/controls.h"
+#include "reports/screens/data_reports.h"
+#include "reports/screens/page_painter.h"
+#include "reports/screens/report_export.h"
+#include "sample.h"
+
+// The item sheet on the largest catalogue, and the reports on every estimate.
+
+namespace torvane::bench {
+
+namespace {
+
+constexpr int rounds = 7;
+constexpr double second = 1000;
+constexpr int sheetRows = 200;
+constexpr double firstPageAllowance = 100;  // milliseconds on top of the query alone
+constexpr double proposalLimit = 200;
+
+class Screens {
+public:
+    explicit Screens(Sample& sample) : program_({sample.host, sample.store}, [](int) {}) {
+        program_.setErrorBox([](const RuntimeFailure&) {});
+        order.setCompanions(sheet, sheet, {});
+    }
+    void act(const std::function<void()>& handler) {
+        program_.guarded(handler);
+        if (program_.ended()) throw std::runtime_error("a screen met a failure");
+        QApplication::processEvents();
+    }
+
+private:
+    Program program_;
+
+public:
+    frmOrder order{program_, [](std::int32_t) {}};
+    frmList sheet{program_, order};
+    DataReports reports{program_};
+};
+
+double medianOf(const std::function<void()>& work, const std::function<void()>& after) {
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        times.push_back(timed(work));
+        after();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    return median(times);
+}
+
+// As many nodes, at the same places, in Qt's own tree.
+void bareTree(const std::vector<CategoryNode>& nodes) {
+    QTreeWidget tree;
+    std::vector<QTreeWidgetItem*> made;
+    made.reserve(nodes.size());
+    for (const CategoryNode& node : nodes) {
+        made.push_back(new QTreeWidgetItem(QStringList{qstring(node.text)}));
+        if (node.parent >= 0) made[static_cast<std::size_t>(node.parent)]->addChild(made.back());
+    }
+    tree.addTopLevelItem(made.front());
+    tree.show();
+    QApplication::processEvents();
+}
+
+void itemSheet(Sample& sample, Screens& screens) {
+    clsCategory category(sample.environment);
+    ClsItem item(sample.environment);
+    long pages = 0;
+    const auto nodes = categoryNodes(category.GetAllCategories(-1, pages, "ParentCategory, Catname", "A"),
+                                     item.GetItemsOfCategories("ItemName", "A"));
+    const double bare = medianOf([&] { bareTree(nodes); }, [] {});
+    const double opened = medianOf([&] { screens.act([&] { screens.sheet.Show(); }); },
+                                   [&] { screens.act([&] { screens.sheet.Unload(); }); });
+    printFigure("item sheet opened", std::max(second, 3 * bare), opened, "ms");
+
+    screens.order.AddOrDelete = "A";
+    screens.act([&] { screens.order.Show(); });
+    const auto fill = [&] {
+        screens.act([&] {
+            screens.sheet.Show();
+            for (int row = 0; row < sheetRows; ++row)
+                screens.sheet.ui().ListView1->AddRow({std::to_string(Sample::itemOfLine(row)), "", "", "", "", "", "",
+                                                      "", "", std::to_string(row % 30 + 1)});
+        });
+    };
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        fill();
+        auto move = [&] { screens.act([&] { screens.sheet.ui().cmdAddEstimate->click(); }); };
+        times.push_back(timed(move));
+        const int moved = screens.order.ui().ListView1->RowCount();
+        if (moved != sheetRows) throw std::runtime_error("rows of the sheet were lost: " + std::to_string(moved));
+        screens.act([&] { screens.order.Unload(); });
+        screens.act([&] { screens.order.Show(); });
+    }
+    printFigure("200 rows moved into an estimate", second, median(times), "ms");
+    screens.act([&] { screens.order.Unload(); });
+}
+
+// The same texts at the same places, by a painter alone.
+void barePdf(const std::vector<std::vector<Placed>>& pages) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(1440);
+    QPainter painter(&writer);
+    QFont font(QStringLiteral("Arial"));
+    font.setPixelSize(165);
+    painter.setFont(font);
+    for (std::size_t page = 0; page < pages.size(); ++page) {
+        if (page > 0) writer.newPage();
+        for (const Placed& placed : pages[page])
+            if (!placed.text.empty()) painter.drawText(QPoint(placed.left, placed.top + 150), qstring(placed.text));
+    }
+}
+
+void reports(Sample& sample, Screens& screens) {
+    const std::string query =
+        "SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
+        "Orderinfo.upstracking,orderinfo.total FROM orderinfo,customer where orderinfo.custid = customer.custid order "
+        "by "
+        "orderinfo.orderno";
+    auto raw = [&] { sample.raw.read(query); };
+    auto shown = [&] { screens.act([&] { screens.reports.showEstimates(); }); };
+    const double rawTime = medianOf(raw, [] {});
+    printFigure("estimates report, first page", rawTime + firstPageAllowance, medianOf(shown, [] {}), "ms");
+    auto proposal = [&] { screens.act([&] { screens.reports.showProposal(Sample::largeOrder); }); };
+    printFigure("proposal of 1,000 lines, first page", proposalLimit, medianOf(proposal, [] {}), "ms");
+
+    const ReportPages pages(estimatesLayout(), DataEnvironment1(sample.environment).estimates(),
+                            sample.host.shortDate());
+    std::vector<std::vector<Placed>> placed;
+    for (int number = 0; number < pages.pageCount(); ++number) placed.push_back(pages.page(number));
+    const std::string file = sample.folder() + "/report.pdf";
+    constexpr double pdfLimit = 1.5;
+    const double ours = medianOf([&] { writePdf(pages, file, [](int) { return true; }); }, [] {});
+    const double bare = medianOf([&] { barePdf(placed); }, [] {});
+    printRatio("every estimate as PDF", pdfLimit, ours, bare, "ms");
+}
+
+}  // namespace
+
+void sheetAndReports(Sample& sample) {
+    Screens screens(sample);
+    itemSheet(sample, screens);
+    reports(sample, screens);
+}
+
+}  // namespace torvane::bench
