@@ -1,8 +1,10 @@
 // The list reports in their windows.
 
+#include <QDir>
 #include <QFile>
 
 #include "journeys/journey.h"
+#include "reports/screens/report_export.h"
 
 namespace torvane {
 namespace {
@@ -72,6 +74,21 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
         host.expectOk("The report could not be written to " + nowhere + ". Nothing was changed there.",
                       "Customers Report");
         go(report, row.button);
+    }
+}
+
+TEST_F(ReportsTest, ACancelledExportLeavesTheOlderFile) {
+    const ReportPages pages(customersLayout(), DataEnvironment1(program.environment()).customers(), {});
+    const std::string name = data.path() + "/older";
+    for (const auto write : {writePdf, writeHtml}) {
+        QFile older(qstring(name));
+        ASSERT_TRUE(older.open(QIODevice::WriteOnly));
+        older.write("older");
+        older.close();
+        EXPECT_EQ(write(pages, name, [](int) { return false; }), Exported::Cancelled);
+        ASSERT_TRUE(older.open(QIODevice::ReadOnly));
+        EXPECT_EQ(older.readAll(), "older");
+        EXPECT_EQ(QDir(qstring(data.path())).entryList({"older*"}, QDir::Files).size(), 1);
     }
 }
 
