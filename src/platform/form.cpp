@@ -18,8 +18,12 @@ namespace torvane {
 FormWindow::FormWindow(Form& form) : QWidget(nullptr, Qt::Window), program_(form.program()), form_(&form) {
     // A shortcut and not a key event: some controls keep the keys they do not know.
     auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    connect(help, &QShortcut::activated, this,
-            [this] { asHandler(program_, this, [this] { program_.help(form_->helpContext()); }); });
+    connect(help, &QShortcut::activated, this, [this] {
+        asHandler(program_, this, [this] {
+            // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): `this` is the window, which stands.
+            if (form_) program_.help(form_->helpContext());
+        });
+    });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

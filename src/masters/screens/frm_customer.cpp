@@ -54,9 +54,8 @@ std::optional<RowArray> frmCustomer::readSearchedRows() {
 }
 
 std::vector<std::string> frmCustomer::rowTexts(const RowArray& rows, int row) {
-    std::vector<std::string> texts;
-    for (int column = 0; column < 5; ++column) texts.push_back(textOrEmpty(rows(column, row)));
-    return texts;
+    return {textOrEmpty(rows(0, row)), textOrEmpty(rows(1, row)), textOrEmpty(rows(2, row)), textOrEmpty(rows(3, row)),
+            textOrEmpty(rows(4, row))};
 }
 
 void frmCustomer::cmdSearch_Click() {

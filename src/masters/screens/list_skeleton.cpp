@@ -31,6 +31,7 @@ void ListSkeleton::enablePaging() {
 void ListSkeleton::showRows(const std::optional<RowArray>& rows) {
     if (!rows) return;
     std::vector<std::vector<std::string>> texts;
+    texts.reserve(static_cast<std::size_t>(rows->rows()));
     for (int row = 0; row < rows->rows(); ++row) texts.push_back(rowTexts(*rows, row));
     controls().list->AddRows(texts);
 }
