@@ -409,7 +409,7 @@ int main(int argc, char** argv) {
     const QStringList words = QCoreApplication::arguments();
     if (words.size() != 3) stop(QStringLiteral("it needs the program's folder and a folder for the pictures"));
     initPictures();
-    QtHost host(utf8(words.at(1)));
+    QtHost host(utf8(QDir(words.at(1)).absolutePath()));
     Store store(host.shortDate());
     FileSystem files;
     Program program({host, store}, leaveProcess);
