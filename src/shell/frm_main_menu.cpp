@@ -58,6 +58,7 @@ constexpr Twips image1Place{1800, 840, 5400, 4335};
 constexpr Twips image2Place{7380, 840, 2895, 4335};
 constexpr Twips frame2Place{0, 2640, 1575, 2535};
 constexpr Twips clientSize{0, 0, 10560, 5415};
+constexpr int drawingsComeAfterMs = 30;
 constexpr int buttonWidth = 1575;
 constexpr int buttonHeight = 375;
 
@@ -80,7 +81,7 @@ void artwork(QWidget& area, const char* name, const char* says, const Twips& pla
     image->setGeometry(where);
     image->setAlignment(Qt::AlignCenter);
     // Drawn when the window stands with its menus, which can be used meanwhile.
-    QTimer::singleShot(0, image, [image, drawing = QLatin1String(name).toString().toLower()] {
+    QTimer::singleShot(drawingsComeAfterMs, image, [image, drawing = QLatin1String(name).toString().toLower()] {
         image->setPixmap(picture(drawing).pixmap(image->size(), image->devicePixelRatioF()));
     });
 }
