@@ -1,0 +1,9 @@
+#include "calculators/panel.h"
+
+namespace torvane {
+
+std::span<const Panel> masonryPanels() {
+    return {};
+}
+
+}  // namespace torvane

@@ -1,0 +1,1 @@
+#include "calculators/panel_probe.h"
