@@ -62,7 +62,8 @@ struct PanelControl {
     int column = 0;
     std::string_view unit = {};                // behind the box
     std::string_view prefix = {};              // between label and box: "$"
-    std::string_view start = {};               // text at the start; "set" for an option that is set
+    std::string_view start = {};               // text at the start; "set" for an option that is set, "first" for a
+                                               // list that is set to its first entry each time its panel is shown
     std::span<const PanelEntry> entries = {};  // of a list
     std::string_view frame = {};               // the inner frame in which it stands; empty: the panel itself
     void (*compute)(PanelTexts&) = nullptr;    // of a button

@@ -29,6 +29,10 @@ public:
     virtual std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) = 0;
     virtual std::optional<std::string> askOpenName(std::string_view filter) = 0;
 
+    // Starts another program, in a window of its own and without arguments; nothing waits for it. Failure::FileNotFound
+    // when it is not there or can't be run.
+    virtual void startProgram(const std::string& path) = 0;
+
     virtual Date today() const = 0;
     // How this machine writes a date.
     virtual const ShortDate& shortDate() const = 0;

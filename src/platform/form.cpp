@@ -134,6 +134,12 @@ void Form::Show() {
     program_.check();
 }
 
+void Form::Show(const Form& owner) {
+    Load();
+    if (window_) present(owner.standingWindow());
+    program_.check();
+}
+
 void Form::ShowModal() {
     Load();
     if (!window_) return;

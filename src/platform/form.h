@@ -30,6 +30,8 @@ public:
     void Load();
     // Loads, shows, brings to the front (also out of the minimised state).
     void Show();
+    // The same, as a window that stands in front of its owner's.
+    void Show(const Form& owner);
     // The same, application-modal; returns when the screen has been unloaded. On a screen that stands open modeless the
     // window is hidden, made modal and shown again; nothing is loaded.
     void ShowModal();

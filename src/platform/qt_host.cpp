@@ -5,10 +5,12 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
+#include <QProcess>
 #include <QStandardPaths>
 
 #include "platform/controls.h"
 #include "platform/dialogs.h"
+#include "values/failure.h"
 
 namespace torvane {
 
@@ -69,6 +71,10 @@ std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
     // The sample business lies beside the program, so a first restore looks there.
     if (lastFolder_.isEmpty()) lastFolder_ = qstring(programDirectory_);
     return chosenName(dialog, {}, filter, lastFolder_);
+}
+
+void QtHost::startProgram(const std::string& path) {
+    if (!QProcess::startDetached(qstring(path), {})) fail(Failure::FileNotFound, path);
 }
 
 Date QtHost::today() const {

@@ -16,6 +16,7 @@ public:
     Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
     std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
     std::optional<std::string> askOpenName(std::string_view filter) override;
+    void startProgram(const std::string& path) override;
     Date today() const override;
     const ShortDate& shortDate() const override { return shortDate_; }
     const std::string& programDirectory() const override { return programDirectory_; }

@@ -29,15 +29,15 @@ struct Application {
 
     DataReports reports;
     frmRptOrders reportPrompt;
-    CalculatorWindow calculators1;
     CalculatorWindow calculators2;
     CalculatorWindow calculators3;
     CalculatorWindow calculators4;
+    frmBlank blank;
+    frmCalculators calculators1;
     frmOrder order;
     frmOrders orders;
     FrmOrderNo orderNo;
     frmList itemSheet;
-    frmBlank blank;
     frmCustomer customer;
     frmCategory category;
     frmItem item;

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include "calculators/screens/calculator_window.h"
 #include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
@@ -282,13 +283,23 @@ void frmMainMenu::connectEntries() {
     });
     onEntry("mnuBlank", [this] { screens_.blank.Show(); });
 
-    for (const CalculatorEntry& calculator : calculatorEntries()) notThereYet(calculator.entry, "This calculator is");
+    for (const CalculatorEntry& calculator : calculatorEntries())
+        onEntry(calculator.entry, [this, &calculator] { openCalculator(calculator); });
     onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
     onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
     notThereYet("mnuHelpContents", "The help book is");
     notThereYet("mnuHelpSearch", "The search in the help book is");
     notThereYet("mnuHelpAbout", "The about window is");
     program().setHelp([this](int) { program().speakHelp("The help book is not there yet."); });
+}
+
+void frmMainMenu::openCalculator(const CalculatorEntry& calculator) {
+    CalculatorWindow& window = *screens_.calculators[calculator.group - 1];
+    // With the conversions the empty window comes first, so that it stands behind the program that is started.
+    if (calculator.showsFirst) window.Show();
+    window.Which = calculator.Which;
+    window.Showframe();
+    if (!calculator.showsFirst) window.Show();
 }
 
 }  // namespace torvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <array>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -15,7 +16,9 @@ class QMenuBar;
 
 namespace torvane {
 
+struct CalculatorEntry;
 class FileSystem;
+class CalculatorWindow;
 class frmBlank;
 class frmCategory;
 class frmCustomer;
@@ -39,6 +42,7 @@ struct Screens {
     frmMaster& master;
     frmRptOrders& reportPrompt;
     DataReports& reports;
+    std::array<CalculatorWindow*, 4> calculators;
 };
 
 // The main window: a menu bar, a title, two pictures and a column of picture buttons. It is the start of the program
@@ -62,6 +66,7 @@ private:
     void buildButtons(QWidget& area, double scale);
     void connectEntries();
     void onEntry(std::string_view name, std::function<void()> handler);
+    void openCalculator(const CalculatorEntry& calculator);
     void notThereYet(std::string_view name, std::string_view what);
     void setWorkingMenusVisible(bool visible);
     void ActivateMerlin();

@@ -92,19 +92,16 @@ constexpr MenuEntry entries[] = {
 
 // The numbers of group 2 do not follow the order of its menu.
 constexpr CalculatorEntry calculators[] = {
-    {"mnucalc1_1", "frmCalculators", 1},   {"mnucalc1_2", "frmCalculators", 2},   {"mnucalc1_3", "frmCalculators", 3},
-    {"mnucalc1_4", "frmCalculators", 4},   {"mnucalc1_5", "frmCalculators", 5},   {"mnucalc1_6", "frmCalculators", 6},
-    {"mnucalc1_7", "frmCalculators", 7},   {"mnucalc1_8", "frmCalculators", 8},   {"mnucalc1_9", "frmCalculators", 9},
-    {"mnucalc1_10", "frmCalculators", 10}, {"mnucalc1_11", "frmCalculators", 11}, {"mnucalc2_1", "frmCalculator2", 1},
-    {"mnucalc2_2", "frmCalculator2", 2},   {"mnucalc2_3", "frmCalculator2", 3},   {"mnucalc2_4", "frmCalculator2", 9},
-    {"mnucalc2_5", "frmCalculator2", 10},  {"mnucalc2_6", "frmCalculator2", 11},  {"mnucalc2_7", "frmCalculator2", 12},
-    {"mnucalc2_8", "frmCalculator2", 13},  {"mnucalc2_9", "frmCalculator2", 14},  {"mnucalc2_10", "frmCalculator2", 15},
-    {"mnucalc2_11", "frmCalculator2", 16}, {"mnucalc2_12", "frmCalculator2", 4},  {"mnucalc2_13", "frmCalculator2", 5},
-    {"mnucalc2_14", "frmCalculator2", 6},  {"mnucalc2_15", "frmCalculator2", 7},  {"mnucalc2_16", "frmCalculator2", 8},
-    {"mnucalc3_1", "frmCalculator3", 1},   {"mnucalc3_2", "frmCalculator3", 2},   {"mnucalc3_3", "frmCalculator3", 3},
-    {"mnucalc3_4", "frmCalculator3", 4},   {"mnucalc3_5", "frmCalculator3", 5},   {"mnucalc3_6", "frmCalculator3", 6},
-    {"mnucalc3_7", "frmCalculator3", 7},   {"mnucalc3_8", "frmCalculator3", 8},   {"mnucalc3_9", "frmCalculator3", 9},
-    {"mnucalc4_1", "frmCalculator4", 1},   {"mnucalc4_2", "frmCalculator4", 2},
+    {"mnucalc1_1", 1, 1},   {"mnucalc1_2", 1, 2},       {"mnucalc1_3", 1, 3},   {"mnucalc1_4", 1, 4},
+    {"mnucalc1_5", 1, 5},   {"mnucalc1_6", 1, 6, true}, {"mnucalc1_7", 1, 7},   {"mnucalc1_8", 1, 8},
+    {"mnucalc1_9", 1, 9},   {"mnucalc1_10", 1, 10},     {"mnucalc1_11", 1, 11}, {"mnucalc2_1", 2, 1},
+    {"mnucalc2_2", 2, 2},   {"mnucalc2_3", 2, 3},       {"mnucalc2_4", 2, 9},   {"mnucalc2_5", 2, 10},
+    {"mnucalc2_6", 2, 11},  {"mnucalc2_7", 2, 12},      {"mnucalc2_8", 2, 13},  {"mnucalc2_9", 2, 14},
+    {"mnucalc2_10", 2, 15}, {"mnucalc2_11", 2, 16},     {"mnucalc2_12", 2, 4},  {"mnucalc2_13", 2, 5},
+    {"mnucalc2_14", 2, 6},  {"mnucalc2_15", 2, 7},      {"mnucalc2_16", 2, 8},  {"mnucalc3_1", 3, 1},
+    {"mnucalc3_2", 3, 2},   {"mnucalc3_3", 3, 3},       {"mnucalc3_4", 3, 4},   {"mnucalc3_5", 3, 5},
+    {"mnucalc3_6", 3, 6},   {"mnucalc3_7", 3, 7},       {"mnucalc3_8", 3, 8},   {"mnucalc3_9", 3, 9},
+    {"mnucalc4_1", 4, 1},   {"mnucalc4_2", 4, 2},
 };
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -17,8 +19,9 @@ std::span<const MenuEntry> menuTree();
 // Which calculator window an entry of the Calculators menu opens, and on which tab.
 struct CalculatorEntry {
     std::string_view entry;
-    std::string_view screen;
-    int Which;
+    std::size_t group;  // from 1
+    std::int16_t Which;
+    bool showsFirst = false;  // the window is shown before its tab is chosen
 };
 std::span<const CalculatorEntry> calculatorEntries();
 

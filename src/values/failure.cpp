@@ -21,6 +21,8 @@ const char* wordsFor(Failure failure) {
             return "Division by zero";
         case Failure::TypeMismatch:
             return "Type mismatch";
+        case Failure::FileNotFound:
+            return "File not found";
         case Failure::ObjectNotSet:
             return "Object not set";
         case Failure::NullValue:

@@ -14,6 +14,7 @@ enum class Failure : int {
     Subscript = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
+    FileNotFound = 53,
     ObjectNotSet = 91,
     NullValue = 94,
 };

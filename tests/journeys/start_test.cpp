@@ -118,9 +118,10 @@ TEST_F(StartTest, EachEntryOpensItsScreenOrSaysThatItIsNotThereYet) {
         {"mnuRooms", "frmMaster"},        {"mnuUnits", "frmMaster"},         {"mnuBlank", "frmBlank"},
         {"mnusalesrpt", "frmRptOrders"},  {"mnucustrpt", "DataReport2"}};
     const std::set<std::string_view> others{"mnuExport", "mnuImport", "mnuClose", "mnuExit"};
+    const auto opensACalculator = [](const MenuEntry& one) { return one.name.starts_with("mnucalc"); };
     for (const MenuEntry& one : menuTree()) {
         auto& action = find<QAction>(screens->mainMenu, one.name);
-        if (action.menu() || action.isSeparator() || others.contains(one.name)) continue;
+        if (action.menu() || action.isSeparator() || others.contains(one.name) || opensACalculator(one)) continue;
         SCOPED_TRACE(one.name);
         calls.clear();
         trigger(action);

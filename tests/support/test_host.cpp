@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "values/failure.h"
+
 namespace torvane {
 
 namespace {
@@ -54,6 +56,11 @@ std::optional<std::string> TestHost::next(std::deque<std::optional<std::string>>
 std::optional<std::string> TestHost::askSaveName(std::string_view proposed, std::string_view filter) {
     fileDialogs.push_back({std::string(proposed), std::string(filter)});
     return next(saveNames_, "save");
+}
+
+void TestHost::startProgram(const std::string& path) {
+    if (missingPrograms) fail(Failure::FileNotFound, path);
+    started.push_back(path);
 }
 
 std::optional<std::string> TestHost::askOpenName(std::string_view filter) {

@@ -43,6 +43,10 @@ public:
     };
     std::vector<Asked> fileDialogs;
 
+    // The programs that were started.
+    std::vector<std::string> started;
+    bool missingPrograms = false;
+
     Date now{2024, 3, 15};
     ShortDate style;
     std::string folder;
@@ -51,6 +55,7 @@ public:
     Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
     std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
     std::optional<std::string> askOpenName(std::string_view filter) override;
+    void startProgram(const std::string& path) override;
     Date today() const override { return now; }
     const ShortDate& shortDate() const override { return style; }
     const std::string& programDirectory() const override { return folder; }

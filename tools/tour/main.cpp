@@ -58,6 +58,7 @@ public:
         itemSheet();
         notesArea();
         reports();
+        calculators();
     }
 
 private:
@@ -391,6 +392,22 @@ private:
                 click(*window, "cmdClose");
                 break;
             }
+        }
+    }
+
+    // Every tab but the one that starts another program.
+    void calculators() {
+        for (CalculatorWindow* group : {static_cast<CalculatorWindow*>(&screens_.calculators1), &screens_.calculators2,
+                                        &screens_.calculators3, &screens_.calculators4}) {
+            group->Show();
+            QWidget& window = group->window();
+            for (auto* tab : find<QWidget>(window, "TabStrip1").findChildren<QAbstractButton*>()) {
+                if (tab->text() == QLatin1String("Conversions")) continue;
+                click(window, qPrintable(tab->objectName()));
+                QWidget& shown = screens_.scientific.loaded() ? screens_.scientific.window() : window;
+                picture(shown, qPrintable(tab->text().toLower().replace(QLatin1Char(' '), QLatin1Char('-'))));
+            }
+            click(window, "Command2");
         }
     }
 

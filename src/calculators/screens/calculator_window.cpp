@@ -1,16 +1,48 @@
 #include "calculators/screens/calculator_window.h"
 
-#include <QGridLayout>
 #include <QLabel>
-#include <QToolButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <charconv>
 
+#include "calculators/screens/panel_view.h"
+#include "calculators/screens/tab_strip.h"
 #include "platform/controls.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int tabsInARow = 4;
+constexpr std::string_view howToTransfer =
+    "You can transfer any of the totals you want by Copying the desired total here and pasting in your bid sheet. Use "
+    "Windows Copy-Paste command for the same. Shortcut key for Copy is {Ctrl+C} and for Paste is {Ctrl+V}";
+
+// Help pages of panels are numbered from 100 by their frames: frmTab12 has 112.
+int helpContextOf(std::string_view frame) {
+    constexpr std::string_view before = "frmTab";
+    int number = 0;
+    std::from_chars(frame.data() + before.size(), frame.data() + frame.size(), number);
+    return 100 + number;
+}
+
+// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
+class PanelStack : public QWidget {
+public:
+    using QWidget::QWidget;
+    QSize sizeHint() const override {
+        QSize size;
+        for (const QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            size = size.expandedTo(panel->sizeHint());
+        return size;
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent*) override {
+        for (QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) panel->setGeometry(rect());
+    }
+};
 
 }  // namespace
 
@@ -19,61 +51,124 @@ CalculatorWindow::CalculatorWindow(Program& program, const CalculatorGroup& grou
 
 void CalculatorWindow::build(QWidget& window) {
     window.setWindowTitle(QStringLiteral("Calculators"));
+    setHelpContext(group_.helpContext);
+    TabStrip1_ = new TabStrip(&window);
+    TabStrip1_->setObjectName(QStringLiteral("TabStrip1"));
+    for (const CalculatorTab& tab : group_.tabs) TabStrip1_->addTab(qstring(tab.caption), qstring(tab.toolTip));
+    on(*this, TabStrip1_, &TabStrip::Click, [this] {
+        Which = static_cast<std::int16_t>(TabStrip1_->selectedIndex());
+        Showframe();
+    });
+    auto* stack = new PanelStack;
+    addPanels(*stack);
+    // For screens that are smaller than the largest panel.
+    auto* area = new QScrollArea(&window);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(stack);
     auto* layout = new QVBoxLayout(&window);
+    layout->addWidget(TabStrip1_);
+    layout->addWidget(area, 1);
+    layout->addWidget(foot(&window));
+    const QSize whole = layout->sizeHint() - area->sizeHint().boundedTo(layout->sizeHint()) + stack->sizeHint();
+    window.resize(whole.expandedTo(layout->sizeHint()).boundedTo(window.screen()->availableSize()));
+}
 
-    // All captions in view at once, in rows: a strip that scrolls would hide most of them.
-    auto* strip = new QWidget(&window);
-    strip->setObjectName(QStringLiteral("TabStrip1"));
-    auto* tabs = new QGridLayout(strip);
-    tabs->setContentsMargins(0, 0, 0, 0);
-    tabs->setSpacing(2);
-    int index = 0;
+void CalculatorWindow::addPanels(QWidget& stack) {
     for (const CalculatorTab& tab : group_.tabs) {
-        auto* button = new QToolButton(strip);
-        button->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
-        button->setText(qstring(tab.caption));
-        button->setToolTip(qstring(tab.toolTip.empty() ? tab.caption : tab.toolTip));
-        button->setCheckable(true);
-        button->setAutoExclusive(true);
-        button->setChecked(index == 0);
-        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        on(*this, button, &QAbstractButton::clicked,
-           [this] { program().speakHelp("This calculator is not there yet."); });
-        tabs->addWidget(button, index / tabsInARow, index % tabsInARow);
-        ++index;
+        const Panel* panel = findPanel(tab.frame);
+        if (!panel || panels_.contains(panel->frame)) continue;
+        auto* view = new PanelView(*this, *panel, &stack);
+        view->hide();
+        panels_.emplace(panel->frame, view);
     }
-    layout->addWidget(strip);
-    layout->addStretch(1);
+}
 
-    auto* foot = new QHBoxLayout;
-    auto* help = new PictureButton(&window);
+QWidget* CalculatorWindow::foot(QWidget* parent) {
+    auto* foot = new QWidget(parent);
+    auto* layout = new QHBoxLayout(foot);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* help = new PictureButton(foot);
     help->setObjectName(QStringLiteral("cmdHelpMain"));
     help->setAccessibleName(QStringLiteral("How to Transfer?"));
     help->setPicture(QStringLiteral("help"));
     help->setPictureOnly(true);
-    auto* label = new QLabel(QStringLiteral("How to Transfer?"), &window);
+    auto* label = new QLabel(QStringLiteral("How to Transfer?"), foot);
     label->setObjectName(qstring(group_.helpLabel));
     label->setBuddy(help);
-    auto* close = new QPushButton(QStringLiteral("Close"), &window);
+    auto* close = new QPushButton(QStringLiteral("Close"), foot);
     close->setObjectName(QStringLiteral("Command2"));
-    foot->addWidget(help);
-    foot->addWidget(label);
-    foot->addStretch(1);
-    foot->addWidget(close);
-    layout->addLayout(foot);
-    window.resize(820, 520);
-
+    layout->addWidget(help);
+    layout->addWidget(label);
+    layout->addStretch(1);
+    layout->addWidget(close);
     on(*this, close, &QAbstractButton::clicked, [this] { Unload(); });
-    on(*this, help, &QAbstractButton::clicked, [this] {
-        program().speakHelp(
-            "You can transfer any of the totals you want by Copying the desired total here and pasting in your bid "
-            "sheet. Use Windows Copy-Paste command for the same. Shortcut key for Copy is {Ctrl+C} and for Paste is "
-            "{Ctrl+V}");
-    });
+    on(*this, help, &QAbstractButton::clicked, [this] { program().speakHelp(howToTransfer); });
+    return foot;
+}
+
+void CalculatorWindow::dropControls() {
+    TabStrip1_ = nullptr;
+    panels_.clear();
 }
 
 void CalculatorWindow::Form_Load() {
     program().StartUp(*this);
+    openTab(group_.tabs.front());
+}
+
+void CalculatorWindow::Showframe() {
+    Load();
+    Unloadall();
+    setHelpContext(group_.helpContext);
+    const auto index = static_cast<std::size_t>(Which - 1);
+    if (Which > 0 && index < group_.tabs.size()) openTab(group_.tabs[index]);
+}
+
+void CalculatorWindow::Unloadall() {
+    for (const auto& [frame, panel] : panels_) panel->hide();
+}
+
+void CalculatorWindow::openTab(const CalculatorTab& tab) {
+    PanelView& panel = *panels_.at(tab.frame);
+    panel.selectFirstEntries();
+    panel.show();
+    setHelpContext(helpContextOf(tab.frame));
+}
+
+// --- Group 1 ---------------------------------------------------------------------------------------------------------
+
+frmCalculators::frmCalculators(Program& program, Form& scientific, CalculatorWindow& group2, CalculatorWindow& group3)
+    : CalculatorWindow(program, calculatorGroup1()), scientific_(scientific), group2_(group2), group3_(group3) {}
+
+void frmCalculators::Form_Load() {
+    program().StartUp(*this);
+    // Left and low, so that it and the main window are seen together.
+    window().move(0, pixels(2500));
+}
+
+void frmCalculators::Unloadall() {
+    scientific_.Unload();
+    group2_.Unload();
+    group3_.Unload();
+    CalculatorWindow::Unloadall();
+}
+
+void frmCalculators::openTab(const CalculatorTab& tab) {
+    switch (tab.opens) {
+        case TabOpens::Panel:
+            CalculatorWindow::openTab(tab);
+            break;
+        case TabOpens::Conversions: {
+            const Program::Doing doing(program(), "starting the conversions program");
+            program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
+            break;
+        }
+        case TabOpens::Scientific:
+            scientific_.Show(*this);
+            break;
+    }
 }
 
 }  // namespace torvane

@@ -1,0 +1,41 @@
+#include "calculators/screens/tab_strip.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QToolButton>
+
+namespace torvane {
+
+namespace {
+
+constexpr int tabsInARow = 4;
+
+}  // namespace
+
+TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(this)) {
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    for (int column = 0; column < tabsInARow; ++column) layout->setColumnStretch(column, 1);
+    connect(tabs_, &QButtonGroup::idClicked, this, &TabStrip::Click);
+}
+
+void TabStrip::addTab(const QString& caption, const QString& toolTip) {
+    const int index = static_cast<int>(tabs_->buttons().size());
+    auto* tab = new QToolButton(this);
+    tab->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
+    tab->setText(caption);
+    tab->setToolTip(toolTip);
+    tab->setCheckable(true);
+    tab->setChecked(index == 0);
+    tab->setFocusPolicy(Qt::StrongFocus);
+    tab->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    tabs_->addButton(tab, index + 1);
+    static_cast<QGridLayout*>(layout())->addWidget(tab, index / tabsInARow, index % tabsInARow);
+}
+
+int TabStrip::selectedIndex() const {
+    return tabs_->checkedId();
+}
+
+}  // namespace torvane

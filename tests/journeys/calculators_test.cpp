@@ -1,0 +1,215 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
+#include <QGroupBox>
+#include <QLabel>
+#include <set>
+
+#include "calculators/screens/calculator_window.h"
+#include "journeys/journey.h"
+#include "shell/menu_tree.h"
+
+namespace torvane {
+namespace {
+
+class CalculatorsTest : public JourneyTest {
+protected:
+    // The frames of a window that are seen, joined by ' '.
+    static std::string frames(std::string_view window) {
+        std::string seen;
+        for (const QGroupBox* frame : standing(window)->findChildren<QGroupBox*>())
+            if (frame->isVisible() && frame->objectName().startsWith(QLatin1String("frmTab")))
+                seen += (seen.empty() ? "" : " ") + utf8(frame->objectName());
+        return seen;
+    }
+    static std::string marked(std::string_view window) {
+        for (const auto* tab : find<QWidget>(*standing(window), "TabStrip1").findChildren<QAbstractButton*>())
+            if (tab->isChecked()) return utf8(tab->objectName());
+        return "";
+    }
+    static std::string open() {
+        std::string names;
+        for (const char* name : {"frmCalculators", "frmCalculator2", "frmCalculator3", "frmCalculator4", "scientific"})
+            if (standing(name)) names += (names.empty() ? "" : " ") + std::string(name);
+        return names;
+    }
+};
+
+TEST_F(CalculatorsTest, EachEntryOpensItsPanelAndMovesNoMark) {
+    start();
+    const CalculatorGroup* groups[] = {&calculatorGroup1(), &calculatorGroup2(), &calculatorGroup3(),
+                                       &calculatorGroup4()};
+    std::set<std::string_view> seen;
+    for (const CalculatorEntry& entry : calculatorEntries()) {
+        SCOPED_TRACE(entry.entry);
+        choose(entry.entry);
+        const CalculatorGroup& group = *groups[entry.group - 1];
+        const CalculatorTab& tab = group.tabs[static_cast<std::size_t>(entry.Which - 1)];
+        ASSERT_TRUE(standing(group.name));
+        EXPECT_EQ(frames(group.name), tab.frame);
+        EXPECT_EQ(marked(group.name), "TabStrip1_1");
+        seen.insert(tab.frame);
+    }
+    EXPECT_EQ(seen.size(), 30U) << "29 panels, and none";
+    EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"});
+}
+
+TEST_F(CalculatorsTest, TabsOfGroup1CloseGroups2And3AndTheScientificCalculator) {
+    start();
+    choose("mnucalc4_2");
+    choose("mnucalc2_4");
+    choose("mnucalc3_5");
+    EXPECT_EQ(open(), "frmCalculator2 frmCalculator3 frmCalculator4");
+    choose("mnucalc1_7");
+    EXPECT_EQ(open(), "frmCalculators frmCalculator4 scientific");
+    EXPECT_EQ(frames("frmCalculators"), "");
+    EXPECT_EQ(frames("frmCalculator4"), "frmTab38");
+    choose("mnucalc2_4");
+    QWidget& group1 = *standing("frmCalculators");
+    EXPECT_EQ(group1.pos(), QPoint(0, pixels(2500)));
+    go(group1, "TabStrip1_3; txtTab3_1=8; txtTab3_2=100; cmdTab3");
+    EXPECT_EQ(open(), "frmCalculators frmCalculator4");
+    EXPECT_EQ(marked("frmCalculators"), "TabStrip1_3");
+    go(group1, "TabStrip1_6; TabStrip1_6");
+    EXPECT_EQ(frames("frmCalculators"), "");
+    EXPECT_EQ(host.started.size(), 2U) << "once for each click";
+    go(group1, "TabStrip1_3");
+    EXPECT_EQ(text(group1, "txtTab3_4"), "9.48148") << "what stood on a panel stays";
+    choose("mnucalc2_4");
+    choose("mnucalc3_5");
+    go(*standing("frmCalculator2"), "Command2");
+    go(group1, "Command2");
+    EXPECT_EQ(open(), "frmCalculator4");
+    choose("mnucalc1_3");
+    EXPECT_EQ(text(*standing("frmCalculators"), "txtTab3_4"), "") << "a new window is empty";
+}
+
+TEST_F(CalculatorsTest, AMissingConversionsProgramEndsTheProgram) {
+    start();
+    host.missingPrograms = true;
+    choose("mnucalc1_6");
+    EXPECT_EQ(endedWith(), "53 " + data.path() + "/Convert.exe");
+}
+
+TEST_F(CalculatorsTest, EstimateOpensTheWindowsAsTheyStand) {
+    start();
+    QWidget& order = newEstimate();
+    const auto openFromEstimate = [&](const char* entry) {
+        go(order, "Command7");
+        trigger(find<QAction>(*QApplication::activePopupWidget(), entry));
+    };
+    openFromEstimate("mnuCalc1");
+    EXPECT_EQ(frames("frmCalculators"), "");
+    openFromEstimate("mnuCalc2");
+    EXPECT_EQ(frames("frmCalculator2"), "frmTab12");
+    openFromEstimate("mnuCalc3");
+    EXPECT_EQ(frames("frmCalculator3"), "frmTab28");
+    openFromEstimate("mnuCalc4");
+    EXPECT_EQ(frames("frmCalculator4"), "frmTab37");
+    QWidget& roofing = *standing("frmCalculator4");
+    EXPECT_EQ(text(roofing, "cmbTab37"), "4 in 12");
+    // A result goes into the estimate by copy and paste.
+    go(roofing, "txtTab37_1=1000; cmdTab37");
+    auto& result = find<QWidget>(roofing, "txtTab37_3");
+    click(result);
+    key(result, Qt::Key_A, Qt::ControlModifier);
+    key(result, Qt::Key_C, Qt::ControlModifier);
+    auto& quantity = find<QWidget>(order, "TxtQty");
+    order.activateWindow();
+    click(quantity);
+    key(quantity, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(text(order, "TxtQty"), "11");
+}
+
+TEST_F(CalculatorsTest, ListsOpenOnTheirEntryEachTime) {
+    start();
+    struct Row {
+        const char* menu;
+        const char* window;
+        const char* list;
+        int index;
+    };
+    for (const Row& row :
+         {Row{"mnucalc1_11", "frmCalculators", "cmbTab11_1", -1}, Row{"mnucalc2_2", "frmCalculator2", "cmbTab13", -1},
+          Row{"mnucalc3_5", "frmCalculator3", "cmbTab32", 0}, Row{"mnucalc3_9", "frmCalculator3", "cmbTab36", -1},
+          Row{"mnucalc4_1", "frmCalculator4", "cmbTab37", 0}, Row{"mnucalc4_2", "frmCalculator4", "cmbTab38_1", 0},
+          Row{"mnucalc4_2", "frmCalculator4", "cmbTab38_2", 0}}) {
+        SCOPED_TRACE(row.list);
+        choose(row.menu);
+        auto& list = find<DropList>(*standing(row.window), row.list);
+        EXPECT_EQ(list.ListIndex(), row.index);
+        pickInList(list, 1);
+        choose(row.menu);
+        EXPECT_EQ(list.ListIndex(), row.index < 0 ? 1 : 0);
+    }
+}
+
+TEST_F(CalculatorsTest, BoxesComputeAndHelp) {
+    start();
+    choose("mnucalc1_8");
+    QWidget& window = *standing("frmCalculators");
+    // Enter in a box presses the button of its stage.
+    go(window, "txtTab8_1=160; txtTab8_2=16; txtTab8_3=8; txtTab8_4=4; txtTab8_5=8");
+    key(find<QWidget>(window, "txtTab8_5"), Qt::Key_Return);
+    EXPECT_EQ(texts(window, {"txtTab8_6", "txtTab8_7", "txtTab8_9"}), "5.26749|15.80247|");
+    go(window, "txtTab8_8=110.50");
+    key(find<QWidget>(window, "txtTab8_8"), Qt::Key_Return);
+    EXPECT_EQ(texts(window, {"txtTab8_11", "txtTab8_14"}), "24|10608");
+
+    const auto& result = find<TextBox>(window, "txtTab8_6");
+    EXPECT_TRUE(result.isReadOnly());
+    EXPECT_EQ(result.palette().color(QPalette::Base), QColor(255, 255, 192));
+    EXPECT_FALSE(find<TextBox>(window, "txtTab3_4").isReadOnly());
+    calls.clear();
+    go(window, "cmdHelp2_8; cmdHelpMain");
+    ASSERT_EQ(calls.size(), 4U);
+    EXPECT_TRUE(calls[1].starts_with("Speak This calculator will give you the total cubic yards for footings"));
+    EXPECT_TRUE(calls[3].starts_with("Speak You can transfer any of the totals you want"));
+}
+
+TEST_F(CalculatorsTest, AResultOutOfRangeEndsTheProgram) {
+    start();
+    choose("mnucalc4_2");
+    go(*standing("frmCalculator4"), "txtTab38_1=1e308; txtTab38_2=10; cmdTab38");
+    EXPECT_EQ(takeFailureNumber(), 6);
+}
+
+// Under every tab: no label, button or box is smaller than its text wants, and boxes of a column stand in line.
+TEST_F(CalculatorsTest, NothingIsCut) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(usual.pointSizeF() * 1.6);
+    for (const QFont& font : {usual, large}) {
+        QApplication::setFont(font);
+        start();
+        for (CalculatorWindow* group : {static_cast<CalculatorWindow*>(&screens->calculators1), &screens->calculators2,
+                                        &screens->calculators3, &screens->calculators4}) {
+            run([&] { group->Show(); });
+            QWidget& window = group->window();
+            for (std::int16_t tab = 1; tab <= 16; ++tab) {
+                if (group == &screens->calculators1 && (tab == 6 || tab == 7)) continue;
+                SCOPED_TRACE(group->name() + " " + std::to_string(tab));
+                run([&] {
+                    group->Which = tab;
+                    group->Showframe();
+                });
+                settle();
+                for (const QWidget* control : window.findChildren<QWidget*>()) {
+                    if (!control->isVisible() ||
+                        (!qobject_cast<const QLabel*>(control) && !qobject_cast<const QAbstractButton*>(control) &&
+                         !qobject_cast<const TextBox*>(control)))
+                        continue;
+                    const QSize wanted = control->minimumSizeHint();
+                    EXPECT_GE(control->width(), wanted.width()) << utf8(control->objectName());
+                    EXPECT_GE(control->height(), wanted.height()) << utf8(control->objectName());
+                }
+            }
+            run([&] { group->Unload(); });
+        }
+        screens.reset();
+    }
+    QApplication::setFont(usual);
+}
+
+}  // namespace
+}  // namespace torvane
