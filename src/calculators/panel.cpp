@@ -18,9 +18,10 @@ void PanelTexts::writeRounded(std::string_view box, double value, int places) {
     setText(box, generalText(roundHalfEven(finite(value), places)));
 }
 
-void PanelTexts::raise(std::string_view box) {
+void PanelTexts::raise(std::string_view box, int parts) {
     const double x = value(box);
-    if (std::floor(x) < x) write(box, std::floor(x) + 1);
+    const double whole = std::floor(x);
+    if (whole < x) write(box, whole + std::ceil((x - whole) * parts) / parts);
 }
 
 }  // namespace torvane

@@ -29,13 +29,13 @@ public:
     void write(std::string_view box, double value);
     // Rounded half to even first.
     void writeRounded(std::string_view box, double value, int places);
-    // Raises the box to the next whole number, by the text that stands in it: no tolerance.
-    void raise(std::string_view box);
+    // Raises the box to the next whole number, or to the next 1/parts, by the text that stands in it: no tolerance.
+    void raise(std::string_view box, int parts = 1);
 };
 
 enum class PanelKind {
     Heading,  // a text over the boxes of its column
-    Label,    // a text without a box
+    Label,    // a text without a box; in the cell of an option it stands before the option
     Input,
     Result,  // read-only, in the colour of results
     List,
