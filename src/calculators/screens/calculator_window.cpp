@@ -1,7 +1,6 @@
 #include "calculators/screens/calculator_window.h"
 
 #include <QLabel>
-#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <charconv>
@@ -61,7 +60,7 @@ void CalculatorWindow::build(QWidget& window) {
     });
     auto* stack = new PanelStack;
     addPanels(*stack);
-    // For screens that are smaller than the largest panel.
+    // The window opens large enough for every panel; on a small screen it can be made smaller.
     auto* area = new QScrollArea(&window);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
@@ -72,7 +71,7 @@ void CalculatorWindow::build(QWidget& window) {
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
     const QSize whole = layout->sizeHint() - area->sizeHint().boundedTo(layout->sizeHint()) + stack->sizeHint();
-    window.resize(whole.expandedTo(layout->sizeHint()).boundedTo(window.screen()->availableSize()));
+    window.resize(whole.expandedTo(layout->sizeHint()));
 }
 
 void CalculatorWindow::addPanels(QWidget& stack) {

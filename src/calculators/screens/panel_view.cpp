@@ -16,12 +16,19 @@ namespace {
 // A cell of the table's grid takes five columns of the layout.
 enum Part { labelPart, prefixPart, boxPart, unitPart, gapPart, partsInACell };
 
-constexpr int digitsInABox = 16;  // what a result may have, with its point
+constexpr int digitsTyped = 10;
+constexpr int digitsOfAResult = 17;  // with its point, and the space around it
 constexpr QRgb resultColour = qRgb(255, 255, 192);
 
 bool standsAlone(PanelKind kind) {
     return kind == PanelKind::Button || kind == PanelKind::Help || kind == PanelKind::Option ||
            kind == PanelKind::Check || kind == PanelKind::Heading;
+}
+
+QLabel* labelOf(const QString& text, QWidget& control) {
+    auto* label = new QLabel(text, control.parentWidget());
+    label->setBuddy(&control);
+    return label;
 }
 
 QString joined(std::initializer_list<std::string_view> words) {
@@ -65,6 +72,7 @@ QWidget* PanelView::add(const PanelControl& control) {
             made = new QLabel(caption, parent);
             break;
         case PanelKind::Input:
+        case PanelKind::LeadingInput:
         case PanelKind::Result:
             made = addBox(control, parent);
             break;
@@ -105,7 +113,7 @@ TextBox* PanelView::addBox(const PanelControl& control, QWidget* parent) {
     auto* box = new TextBox(parent);
     box->setText(control.start);
     box->setAlignment(Qt::AlignRight);
-    box->setMinimumWidth(box->fontMetrics().horizontalAdvance('0') * digitsInABox);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance('0') * digitsIn(control));
     box->setAccessibleName(spokenName(control));
     if (control.kind == PanelKind::Result) {
         box->setReadOnly(true);
@@ -115,6 +123,15 @@ TextBox* PanelView::addBox(const PanelControl& control, QWidget* parent) {
         box->setPalette(colours);
     }
     return box;
+}
+
+// Boxes of a column stand in line: all are as wide as the widest.
+int PanelView::digitsIn(const PanelControl& control) const {
+    const bool wide = std::ranges::any_of(panel_.controls, [&control](const PanelControl& other) {
+        return other.frame == control.frame && other.column == control.column &&
+               (other.kind == PanelKind::Result || other.kind == PanelKind::List);
+    });
+    return wide && control.kind != PanelKind::LeadingInput ? digitsOfAResult : digitsTyped;
 }
 
 QWidget* PanelView::addList(const PanelControl& control, QWidget* parent) {
@@ -145,7 +162,18 @@ void PanelView::place(const PanelControl& control, QWidget& made) {
     const int first = control.column * partsInACell;
     grid.setColumnMinimumWidth(first + gapPart, fontMetrics().horizontalAdvance('0'));
     if (control.kind == PanelKind::Label || control.kind == PanelKind::Frame) {
-        grid.addWidget(&made, control.row, first, 1, control.kind == PanelKind::Label ? 1 : gapPart);
+        const bool sharesItsCell = std::ranges::any_of(panel_.controls, [&control](const PanelControl& other) {
+            return &other != &control && other.frame == control.frame && other.row == control.row &&
+                   other.column == control.column;
+        });
+        grid.addWidget(&made, control.row, first, 1, sharesItsCell ? 1 : gapPart);
+        return;
+    }
+    if (control.kind == PanelKind::LeadingInput) {
+        auto* pair = new QHBoxLayout;
+        pair->addWidget(&made);
+        pair->addWidget(labelOf(qstring(control.label), made), 1);
+        grid.addLayout(pair, control.row, first);
         return;
     }
     if (control.kind == PanelKind::Rule) {
@@ -158,9 +186,8 @@ void PanelView::place(const PanelControl& control, QWidget& made) {
     }
     const auto words = [&](std::string_view text, Part part) {
         if (text.empty()) return;
-        auto* label = new QLabel(qstring(text), parent);
-        if (part == labelPart) label->setBuddy(&made);
-        grid.addWidget(label, control.row, first + part);
+        grid.addWidget(part == labelPart ? labelOf(qstring(text), made) : new QLabel(qstring(text), parent),
+                       control.row, first + part);
     };
     words(control.label, labelPart);
     words(control.prefix, prefixPart);
@@ -174,7 +201,7 @@ QString PanelView::spokenName(const PanelControl& control) const {
     std::string_view heading;
     for (const PanelControl& other : panel_.controls) {
         if (other.frame != control.frame) continue;
-        if (other.row == control.row && other.column < control.column && row.empty()) row = other.label;
+        if (other.row == control.row && other.column <= control.column && row.empty()) row = other.label;
         if (other.kind == PanelKind::Heading && other.column == control.column && other.row < control.row)
             heading = other.label;
     }

@@ -32,6 +32,7 @@ private:
     QGridLayout& gridOf(std::string_view frame);
     QWidget* add(const PanelControl& control);
     TextBox* addBox(const PanelControl& control, QWidget* parent);
+    int digitsIn(const PanelControl& control) const;
     QWidget* addList(const PanelControl& control, QWidget* parent);
     QWidget* addButton(const PanelControl& control, QWidget* parent);
     QWidget* addHelp(const PanelControl& control, QWidget* parent);
