@@ -137,19 +137,18 @@ constexpr PanelControl inFrame(std::string_view frame, PanelControl control) {
 // The four areas are alike but for the number that ends each name. The user's own rate stands left of its result.
 #define BRICK_AREA(N, CAPTION, ROW, COLUMN)                                             \
     {Frame, "ftmTab5_" N, CAPTION, ROW, COLUMN},                                        \
-        inFrame("ftmTab5_" N, {Input, "txtLength" N, "Length (Feet) ", 0, 1}),          \
-        inFrame("ftmTab5_" N, {Input, "txtWidth" N, "Width (Feet) ", 1, 1}),            \
-        inFrame("ftmTab5_" N, {Input, "txtnBricks" N, "", 6, 0}),                       \
+        inFrame("ftmTab5_" N, {Input, "txtLength" N, "Length (Feet) ", 0, 0}),          \
+        inFrame("ftmTab5_" N, {Input, "txtWidth" N, "Width (Feet) ", 1, 0}),            \
+        inFrame("ftmTab5_" N, {Input, "txtnBricks" N, "", 3, 0}),                       \
         inFrame("ftmTab5_" N, {.kind = Button,                                          \
                                .name = "cmdTab5_" N,                                    \
                                .label = "Calculate",                                    \
                                .row = 2,                                                \
-                               .column = 1,                                             \
                                .compute = calculateBricks<(N)[0]>}),                    \
-        inFrame("ftmTab5_" N, {Result, "txtArea" N, "Area (Square Feet)", 3, 1}),       \
-        inFrame("ftmTab5_" N, {Result, "txtBricks" N, "7 Bricks per sq. foot", 4, 1}),  \
-        inFrame("ftmTab5_" N, {Result, "txtBricks9" N, "9 Bricks per sq. foot", 5, 1}), \
-        inFrame("ftmTab5_" N, {Result, "txtBricksn" N, "Bricks per sq. ft", 6, 1})
+        inFrame("ftmTab5_" N, {Result, "txtArea" N, "Area (Square Feet)", 0, 1}),       \
+        inFrame("ftmTab5_" N, {Result, "txtBricks" N, "7 Bricks per sq. foot", 1, 1}),  \
+        inFrame("ftmTab5_" N, {Result, "txtBricks9" N, "9 Bricks per sq. foot", 2, 1}), \
+        inFrame("ftmTab5_" N, {Result, "txtBricksn" N, "Bricks per sq. ft", 3, 1})
 
 constexpr std::string_view bricksTotals = "ftmTab5_Totals";
 
@@ -158,14 +157,14 @@ constexpr PanelControl bricks[] = {
     BRICK_AREA("2", "SECOND AREA", 0, 1),
     BRICK_AREA("3", "THIRD AREA", 1, 0),
     BRICK_AREA("4", "FOURTH AREA", 1, 1),
-    {Frame, bricksTotals, "Total number of Bricks needed", 0, 2},
+    {Frame, bricksTotals, "Total number of Bricks needed", 2, 0},
     inFrame(bricksTotals, {Result, "txtTotal", "7 Bricks per sq. foot", 0, 0}),
     inFrame(bricksTotals, {Result, "txtTotal2", "9 Bricks per sq. foot", 1, 0}),
     inFrame(bricksTotals, {Result, "txtTotal3", "Custom Bricks per sq. foot", 2, 0}),
     inFrame(bricksTotals, {Help, "cmdHelp2_5",
                            "Program will calculate for 7 bricks per sq. foot and 9 bricks per sq. foot. In case you "
                            "have any other brick size, please enter the value in the box labelled 'Bricks per sq.ft'",
-                           3, 0}),
+                           2, 1}),
 };
 
 #undef BRICK_AREA

@@ -102,7 +102,9 @@ TEST(FramingPanels, WorkedExamples) {
         {"frmTab9", "cmdTab9", "1=148 2=16 3=4 6=57 7=16 8=2 9=4 10=6",
          "11=120 12=960 13=28 14=68 15=362.666666666667 16=11"},
         // Without a spacing, or without a length, only the extra studs are left.
-        {"frmTab9", "cmdTab9", "1=10 3=1 6=-4 7=16 10=.6", "11=2 13=2 14=2 16=0"},
+        {"frmTab9", "cmdTab9", "1=10 3=1 6=-40 7=16 10=.6", "11=2 13=2 14=2 16=0"},
+        // 8.4 x 12 / 14.4 is a little over 7 as a double, and 7 as a text.
+        {"frmTab9", "cmdTab9", "1=8.4 2=14.4", "11=8 13=2"},
         {"frmTab10", "cmdTab10", "1=6 2=28 3=65 4=20", "5=2035 6=64 7=1280"},
         {"frmTab10", "cmdTab10", "1=5 2=24 3=30 4=18.50", "5=780 6=25 7=463"},
         {"frmTab11", "cmdTab11", "cmbTab11_1=5 1=14 cmbTab11_2=2 2=8 cmbTab11_3=6 3=10 5=3 6=10 4=20",
@@ -126,11 +128,13 @@ TEST(FramingPanels, WorkedExamples) {
         {"frmTab37", "cmdTab37", "cmbTab37=2 1=1000", "2=1120 3=12"},
         {"frmTab37", "cmdTab37", "cmbTab37=0 1=2000", "2=2120 3=22"},
         {"frmTab37", "cmdTab37", "cmbTab37=4 1=1250", "2=1500 3=15"},
-        {"frmTab37", "cmdTab37", "cmbTab37=8 1=100", "2=142 3=2"},
         {"frmTab37", "cmdTab37", "1=9 2=150", "2=150 3=2"},
         {"frmTab38", "cmdTab38", "cmbTab38_1=9 cmbTab38_2=1 1=1.25 2=40", "3=50"},
     };
     for (const Row& row : rows) run(row);
+    const char* slopes[] = {"106", "108", "112", "116", "120", "125", "130", "136", "142"};
+    for (std::size_t pitch = 0; pitch < std::size(slopes); ++pitch)
+        run({"frmTab37", "cmdTab37", "1=100 cmbTab37=" + std::to_string(pitch), std::string("3=2 2=") + slopes[pitch]});
 }
 
 TEST(MasonryAndFramingPanels, EmptyInputsGiveZeroAndNothingStandsOnAnother) {
