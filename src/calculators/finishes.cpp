@@ -130,7 +130,12 @@ constexpr PanelEntry ceramicTiles[] = {
 constexpr PanelControl ceramicTile[] = {
     {Input, "txtTab32_1", "Tile Area Length", 0, 0, "Ft."},
     {Input, "txtTab32_2", "Tile Area Width", 1, 0, "Ft."},
-    {.kind = List, .name = "cmbTab32", .label = "Tile Size (inches)", .row = 2, .entries = ceramicTiles},
+    {.kind = List,
+     .name = "cmbTab32",
+     .label = "Tile Size (inches)",
+     .row = 2,
+     .start = "first",
+     .entries = ceramicTiles},
     computeButton("cmdTab32", 3, 0, computeCeramicTile),
     {Result, "txtTab32_3", "Total Tile Area", 4, 0, "Sq. Ft."},
     {Result, "txtTab32_4", "Total Tiles you need", 5, 0, "Pcs."},

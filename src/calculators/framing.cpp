@@ -289,7 +289,7 @@ void cmdTab37(PanelTexts& panel) {
 
 constexpr PanelControl roofing[] = {
     {Input, "txtTab37_1", "Nominal roof size (in sq. ft.)", 0, 0},
-    {.kind = List, .name = "cmbTab37", .label = "Roof pitch", .row = 1, .entries = pitches},
+    {.kind = List, .name = "cmbTab37", .label = "Roof pitch", .row = 1, .start = "first", .entries = pitches},
     {.kind = Button, .name = "cmdTab37", .label = "Compute", .row = 2, .compute = cmdTab37},
     {Result, "txtTab37_2", "Actual square feet of house: ", 3, 0, "Sq. Ft."},
     {Result, "txtTab37_3", "Number of squares you need: ", 4, 0},
@@ -308,8 +308,18 @@ constexpr PanelEntry lumberDimensions[] = {{"2 by 2"},  {"2 by 3"}, {"2 by 4"}, 
 constexpr PanelEntry lumberUnits[] = {{"Lineal foot"}, {"Board foot"}};
 
 constexpr PanelControl lumber[] = {
-    {.kind = List, .name = "cmbTab38_1", .label = "Lumber Dimension", .row = 0, .entries = lumberDimensions},
-    {.kind = List, .name = "cmbTab38_2", .label = "Unit of measurement", .row = 1, .entries = lumberUnits},
+    {.kind = List,
+     .name = "cmbTab38_1",
+     .label = "Lumber Dimension",
+     .row = 0,
+     .start = "first",
+     .entries = lumberDimensions},
+    {.kind = List,
+     .name = "cmbTab38_2",
+     .label = "Unit of measurement",
+     .row = 1,
+     .start = "first",
+     .entries = lumberUnits},
     {Input, "txtTab38_1", "Price per lineal foot", 2, 0},
     {Input, "txtTab38_2", "Number of lineal feet", 3, 0},
     {.kind = Button, .name = "cmdTab38", .label = "Compute", .row = 4, .compute = cmdTab38},

@@ -37,9 +37,8 @@ enum class PanelKind {
     Heading,  // a text over the boxes of its column
     Label,    // a text without a box; in the cell of an option it stands before the option
     Input,
-    LeadingInput,  // an input in the place of a label, its own label behind it; what it leads to stands in the same
-                   // cell
-    Result,        // read-only, in the colour of results
+    // cell
+    Result,  // read-only, in the colour of results
     List,
     Option,  // exclusive among the options of its panel
     Check,

@@ -1,4 +1,5 @@
 #include "calculators/numbered_boxes.h"
+#include "calculators/trade_math.h"
 
 namespace torvane {
 
@@ -6,7 +7,6 @@ namespace {
 
 using enum PanelKind;
 
-constexpr double pi = 3.14159265358979;
 constexpr double cubicFeetInYard = 27;
 constexpr double inchesInFoot = 12;
 constexpr double poundsInShortTon = 2000;
@@ -16,7 +16,7 @@ constexpr double poundsInShortTon = 2000;
 double tankCubicFeet(const PanelTexts& texts, const NumberedBoxes& box) {
     if (texts.isSet("optTab28_2")) return box[5] * box[6] * box[7];
     const double radius = box[1] / 2;
-    return radius * radius * pi * box[7];
+    return radius * radius * circleConstant * box[7];
 }
 
 void computeTank(PanelTexts& texts) {

@@ -70,8 +70,9 @@ void CalculatorWindow::build(QWidget& window) {
     layout->addWidget(TabStrip1_);
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
-    const QSize whole = layout->sizeHint() - area->sizeHint().boundedTo(layout->sizeHint()) + stack->sizeHint();
-    window.resize(whole.expandedTo(layout->sizeHint()));
+    area->setMinimumSize(stack->sizeHint());
+    window.resize(layout->sizeHint());
+    area->setMinimumSize(0, 0);
 }
 
 void CalculatorWindow::addPanels(QWidget& stack) {

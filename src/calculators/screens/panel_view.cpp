@@ -72,7 +72,6 @@ QWidget* PanelView::add(const PanelControl& control) {
             made = new QLabel(caption, parent);
             break;
         case PanelKind::Input:
-        case PanelKind::LeadingInput:
         case PanelKind::Result:
             made = addBox(control, parent);
             break;
@@ -131,7 +130,7 @@ int PanelView::digitsIn(const PanelControl& control) const {
         return other.frame == control.frame && other.column == control.column &&
                (other.kind == PanelKind::Result || other.kind == PanelKind::List);
     });
-    return wide && control.kind != PanelKind::LeadingInput ? digitsOfAResult : digitsTyped;
+    return wide ? digitsOfAResult : digitsTyped;
 }
 
 QWidget* PanelView::addList(const PanelControl& control, QWidget* parent) {
@@ -169,19 +168,13 @@ void PanelView::place(const PanelControl& control, QWidget& made) {
         grid.addWidget(&made, control.row, first, 1, sharesItsCell ? 1 : gapPart);
         return;
     }
-    if (control.kind == PanelKind::LeadingInput) {
-        auto* pair = new QHBoxLayout;
-        pair->addWidget(&made);
-        pair->addWidget(labelOf(qstring(control.label), made), 1);
-        grid.addLayout(pair, control.row, first);
-        return;
-    }
     if (control.kind == PanelKind::Rule) {
         grid.addWidget(&made, control.row, 0, 1, -1);
         return;
     }
     if (standsAlone(control.kind)) {
-        grid.addWidget(&made, control.row, first + boxPart, 1, 2);
+        const bool isAButton = control.kind == PanelKind::Button || control.kind == PanelKind::Help;
+        grid.addWidget(&made, control.row, first + boxPart, 1, isAButton ? 1 : 2);
         return;
     }
     const auto words = [&](std::string_view text, Part part) {
