@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "calculators/screens/calculator_window.h"
+#include "calculators/screens/scientific.h"
 #include "datastore/file_copy.h"
 #include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_list.h"
@@ -32,12 +33,13 @@ struct Application {
     CalculatorWindow calculators2;
     CalculatorWindow calculators3;
     CalculatorWindow calculators4;
-    frmBlank blank;
+    torvane::scientific scientific;
     frmCalculators calculators1;
     frmOrder order;
     frmOrders orders;
     FrmOrderNo orderNo;
     frmList itemSheet;
+    frmBlank blank;
     frmCustomer customer;
     frmCategory category;
     frmItem item;

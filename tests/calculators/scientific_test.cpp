@@ -187,7 +187,9 @@ TEST_F(ScientificTest, KeysToDisplay) {
         calculator.host.verify();
         EXPECT_EQ(calculator.display(), row.display);
         EXPECT_EQ(calculator.label("Label1"), row.label1);
-        if (*row.display) EXPECT_EQ(calculator.label("Label2"), row.display);
+        if (*row.display) {
+            EXPECT_EQ(calculator.label("Label2"), row.display);
+        }
         EXPECT_EQ(calculator.failed, row.failure);
     }
 }

@@ -10,6 +10,16 @@ namespace {
 
 constexpr int tabsInARow = 4;
 
+// In the colours of a selection: a pressed look alone is hard to see on a dark ground.
+void mark(QToolButton& tab) {
+    QPalette colours;
+    if (tab.isChecked()) {
+        colours.setColor(QPalette::Button, colours.color(QPalette::Highlight));
+        colours.setColor(QPalette::ButtonText, colours.color(QPalette::HighlightedText));
+    }
+    tab.setPalette(colours);
+}
+
 }  // namespace
 
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(this)) {
@@ -30,6 +40,8 @@ void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     tab->setChecked(index == 0);
     tab->setFocusPolicy(Qt::StrongFocus);
     tab->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(tab, &QAbstractButton::toggled, tab, [tab] { mark(*tab); });
+    mark(*tab);
     tabs_->addButton(tab, index + 1);
     static_cast<QGridLayout*>(layout())->addWidget(tab, index / tabsInARow, index % tabsInARow);
 }
