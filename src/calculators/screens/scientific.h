@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "calculators/scientific_machine.h"
+#include "platform/form.h"
+
+class QButtonGroup;
+class QLabel;
+class QMenuBar;
+
+namespace torvane {
+
+class TextBox;
+
+// The scientific calculator's window: it paints the texts of its machine and passes on what is pressed. The state lives
+// from load to unload; only the random numbers go on as long as the program runs.
+class scientific : public Form, private CalculatorDesk {
+public:
+    explicit scientific(Program& program);
+
+    // What "About" shows. Nothing until it is set.
+    void setAbout(std::function<void()> show) { about_ = std::move(show); }
+    // What sounds in place of the system's plain beep.
+    void setBeep(std::function<void()> sound) { beep_ = std::move(sound); }
+
+protected:
+    void build(QWidget& window) override;
+    void dropControls() override;
+    void Form_Load() override;
+
+private:
+    void say(std::string_view message) override;
+    void beep() override { beep_(); }
+    float random() override { return random_.next(); }
+    void clearClipboard() override;
+    void setClipboard(std::string_view text) override;
+    std::string clipboard() override;
+    void textsChanged() override;
+
+    void buildMenus(QMenuBar& bar);
+    QWidget* buildDisplay();
+    QWidget* buildAngle();
+    QWidget* buildKeys();
+    void connectText1();
+    [[noreturn]] void missingCalculator();
+    void keyPressed(char character);
+
+    std::unique_ptr<ScientificMachine> machine_;
+    RandomNumbers random_;
+    std::function<void()> about_;
+    std::function<void()> beep_;
+    TextBox* Text1_ = nullptr;
+    QLabel* Label1_ = nullptr;
+    QLabel* Label2_ = nullptr;
+    QButtonGroup* keys_ = nullptr;
+};
+
+}  // namespace torvane
