@@ -109,6 +109,7 @@ TEST_F(CalculatorsTest, EstimateOpensTheWindowsAsTheyStand) {
     QWidget& roofing = *standing("frmCalculator4");
     EXPECT_EQ(text(roofing, "cmbTab37"), "4 in 12");
     // A result goes into the estimate by copy and paste.
+    go(order, "TxtQty=");
     go(roofing, "txtTab37_1=1000; cmdTab37");
     auto& result = find<QWidget>(roofing, "txtTab37_3");
     click(result);
