@@ -20,9 +20,11 @@ const std::map<std::string, Rooms> allowed = {
     {"estimates", {"values", "host", "datastore", "masters"}},
     {"reports", {"values", "host", "datastore"}},
     {"calculators", {"values"}},
+    {"conversions", {"values"}},
     {"platform", {"values", "host", "datastore"}},
     {"assistant", {"values", "host", "platform"}},
     {"calculators/screens", {"values", "host", "datastore", "calculators", "platform"}},
+    {"conversions/screens", {"conversions", "platform"}},
     {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
     {"reports/screens", {"values", "host", "datastore", "reports", "platform"}},
     {"estimates/screens",
@@ -31,7 +33,8 @@ const std::map<std::string, Rooms> allowed = {
      {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "calculators",
       "calculators/screens", "masters/screens", "estimates/screens", "reports/screens"}},
 };
-const Rooms belowTheQtLine = {"values", "host", "datastore", "masters", "estimates", "reports", "calculators"};
+const Rooms belowTheQtLine = {"values",    "host",    "datastore",   "masters",
+                              "estimates", "reports", "calculators", "conversions"};
 
 std::string folderOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));

@@ -1,0 +1,16 @@
+// The conversions program: one small window, no files.
+
+#include <QApplication>
+
+#include "conversions/screens/conversion_window.h"
+#include "platform/pictures.h"
+#include "platform/style.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    torvane::applyStyle(application);
+    QApplication::setWindowIcon(torvane::picture(QStringLiteral("calculator")));
+    torvane::ConversionWindow window;
+    window.show();
+    return QApplication::exec();
+}
