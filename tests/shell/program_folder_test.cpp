@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -15,8 +16,9 @@ namespace fs = std::filesystem;
 
 class ProgramFolderTest : public ::testing::Test {
 protected:
-    ProgramFolderTest() : root(fs::path(::testing::TempDir()) / "program-folder") {
-        fs::remove_all(root);
+    ProgramFolderTest() {
+        std::string made = ::testing::TempDir() + "program-folder-XXXXXX";
+        root = ::mkdtemp(made.data());
         fs::create_directories(installed());
         for (const char* name : {"torvane", "Larkfen.mdb", "Sample.bak", "Merlin.ACS"}) write(installed() / name, "1");
     }
