@@ -85,6 +85,7 @@ public:
     Monkey(Dice& dice, int steps) : dice_(dice), left_(steps) { next(); }
     // Says how far it came, and leaves.
     [[noreturn]] void leave(Ending ending) const {
+        std::printf("after: %s\n", qPrintable(acts_.join(QLatin1String(", "))));
         report();
         std::_Exit(ending);
     }
@@ -169,7 +170,14 @@ private:
         return controls.isEmpty() ? nullptr : dice_.one(controls);
     }
 
+    void note(const char* act, const QObject& on) {
+        constexpr qsizetype remembered = 6;
+        acts_.append(QLatin1String(act) + QLatin1Char(' ') + on.objectName());
+        if (acts_.size() > remembered) acts_.removeFirst();
+    }
+
     void clickAt(QWidget& control, const QPoint& point, bool twice = false) {
+        note(twice ? "double click" : "click", control);
         QWindow* const window = control.window()->windowHandle();
         const QPoint place = control.mapTo(control.window(), point);
         if (twice)
@@ -206,6 +214,7 @@ private:
                                     Qt::Key_F1,     Qt::Key_Space,  Qt::Key_Down, Qt::Key_Up,      Qt::Key_PageDown,
                                     Qt::Key_C,      Qt::Key_V,      Qt::Key_X,    Qt::Key_A,       Qt::Key_Z};
         const Qt::Key pressed = keys[dice_.below(std::size(keys))];
+        note(qPrintable(QKeySequence(pressed).toString()), window);
         QTest::keyClick(window.windowHandle(), pressed,
                         pressed >= Qt::Key_A && pressed <= Qt::Key_Z ? Qt::ControlModifier : Qt::NoModifier);
     }
@@ -234,7 +243,10 @@ private:
             if (!action->objectName().isEmpty() && !action->menu() && action->isVisible() && action->isEnabled() &&
                 !leaves(*action))
                 entries.append(action);
-        if (!entries.isEmpty()) dice_.one(entries)->trigger();
+        if (entries.isEmpty()) return;
+        QAction& chosen = *dice_.one(entries);
+        note("entry", chosen);
+        chosen.trigger();
     }
 
     void inPopup(QWidget& popup) {
@@ -246,6 +258,7 @@ private:
 
     Dice& dice_;
     int left_;
+    QStringList acts_;
     bool busy_ = false;
     QPointer<QWidget> modalOfStep_;
 };
