@@ -156,10 +156,9 @@ private:
 
     // What ends the program is chosen seldom.
     bool leaves(const QObject& control) {
-        const QString name = control.objectName();
-        const bool ends =
-            name == QLatin1String("cmd_Exit") || name == QLatin1String("mnuExit") || name == QLatin1String("mnuClose");
-        return ends && !dice_.oneIn(40);
+        static const QStringList ends{"cmd_Exit",   "mnuExit",     "mnuClose", "mnuRelSup",
+                                      "mnuRelManf", "tscientific", "tstandard"};
+        return ends.contains(control.objectName()) && !dice_.oneIn(40);
     }
 
     template <class Control>
