@@ -271,6 +271,21 @@ TEST_F(SettleTest, TakesAwayLogsThatHaveNoDatabase) {
     }
 }
 
+TEST_F(SettleTest, LetsADamagedDatabaseBeReplaced) {
+    std::string damaged = contents(file);
+    damaged.replace(100, 8, 8, 'x');  // where the list of tables begins
+    write(file, damaged);
+    EXPECT_EQ(failureOf([&] { rows(roomCount); }), SQLITE_CORRUPT);
+    EXPECT_EQ(failureOf([&] { store.settle(file); }), 0);
+    EXPECT_EQ(contents(file), damaged);
+}
+
+TEST_F(SettleTest, RefusesAJournalThatStays) {
+    std::filesystem::create_directory(journal);
+    std::filesystem::remove(file);
+    EXPECT_EQ(failureOf([&] { store.settle(file); }), SQLITE_IOERR);
+}
+
 TEST_F(SettleTest, RefusesAnOpenGroup) {
     grouped(connection, [&] {
         insertRooms(1);

@@ -10,6 +10,7 @@
 #include "shell/folder_lock.h"
 #include "support/child.h"
 #include "support/data_folder.h"
+#include "support/files.h"
 #include "support/record_test.h"
 #include "support/screen_test.h"
 
@@ -18,13 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
-
-Texts filesIn(const std::string& folder) {
-    Texts names;
-    for (const auto& one : fs::directory_iterator(folder)) names.push_back(one.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
 
 // --- Killed while saving ---------------------------------------------------------------------------------------------
 

@@ -3,10 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "estimates/cls_order.h"
 #include "estimates/shared_notes.h"
@@ -17,6 +14,7 @@
 #include "shell/backup.h"
 #include "support/child.h"
 #include "support/faulty_disk.h"
+#include "support/files.h"
 #include "support/record_test.h"
 
 namespace torvane {
@@ -24,16 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
-
-std::string bytes(const std::string& file) {
-    std::ostringstream all;
-    all << std::ifstream(file, std::ios::binary).rdbuf();
-    return all.str();
-}
-
-void write(const std::string& file, std::string_view content) {
-    std::ofstream(file, std::ios::binary) << content;
-}
 
 void lay(const std::string& from, const std::string& to) {
     fs::copy_file(from, to, fs::copy_options::overwrite_existing);
@@ -183,12 +171,7 @@ protected:
         fs::remove(folder.database() + "-journal");
         if (hot) lay(kept.database() + "-journal", folder.database() + "-journal");
     }
-    Texts filesThere() const {
-        Texts names;
-        for (const auto& one : fs::directory_iterator(folder.path())) names.push_back(one.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
+    Texts filesThere() const { return filesIn(folder.path()); }
 
     // All that the database and the backup hold, by the engine itself.
     static std::string contentOf(const std::string& file) {
@@ -308,9 +291,9 @@ TEST_P(FaultTest, LeavesTheOldOrTheNew) {
     }
 }
 
-class KilledCopyTest : public FaultTest {};
+class CopyTest : public FaultTest {};
 
-TEST_P(KilledCopyTest, LeavesTheOldOrTheNewAtAnyTime) {
+TEST_P(CopyTest, KilledAtAnyTimeLeavesTheOldOrTheNew) {
     const std::string clean = kept.path() + "/clean";
     for (const std::string& file : {clean, at("other.bak")}) {
         lay(file, folder.database());
@@ -345,11 +328,46 @@ TEST_P(KilledCopyTest, LeavesTheOldOrTheNewAtAnyTime) {
     EXPECT_GT(asBefore, 0) << "none was killed before its end";
 }
 
+TEST_P(CopyTest, LeavesAloneWhatIsProtected) {
+    const struct {
+        const char* file;
+        mode_t mode;
+        bool backup;  // whether it is made all the same
+        bool restore;
+    } rows[] = {{"", 0777, true, true},
+                {"", 0555, false, false},
+                {"mine.bak", 0444, false, true},
+                {"other.bak", 0000, true, false},
+                {"Larkfen.mdb", 0444, true, false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.file) + " " + std::to_string(row.mode));
+        putBack(false);
+        const std::string before = state();
+        for (const char* name : {"mine.bak", "other.bak", "Larkfen.mdb"}) EXPECT_EQ(chmod(at(name).c_str(), 0666), 0);
+        EXPECT_EQ(chmod(folder.path().c_str(), 0777), 0);
+        EXPECT_EQ(chmod(at(row.file).c_str(), row.mode), 0);
+        Child user([&](auto say) {
+            constexpr uid_t nobody = 65534;  // whom permissions bind
+            if (geteuid() == 0 && setuid(nobody) != 0) return;
+            NotingHost host(folder.path());
+            Store store;
+            GetParam().act({host, store}, disk);
+            say(!host.said.empty() && host.said.back() == "Success" ? 's' : 'f');
+        });
+        const bool done = GetParam().act == takeBackup ? row.backup : row.restore;
+        EXPECT_EQ(user.heard(), done ? 's' : 'f');
+        EXPECT_EQ(chmod(folder.path().c_str(), 0777), 0);
+        for (const auto& one : fs::directory_iterator(folder.path())) EXPECT_EQ(chmod(one.path().c_str(), 0666), 0);
+        EXPECT_EQ(state() == before, !done);
+        EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "mine.bak", "other.bak"}));
+    }
+}
+
 const Action copies[] = {{"backup", takeBackup, true}, {"restore", restoreBackup, true}};
 const auto nameOfAction = [](const auto& one) { return std::string(one.param.name); };
 
 INSTANTIATE_TEST_SUITE_P(Copies, FaultTest, ::testing::ValuesIn(copies), nameOfAction);
-INSTANTIATE_TEST_SUITE_P(Copies, KilledCopyTest, ::testing::ValuesIn(copies), nameOfAction);
+INSTANTIATE_TEST_SUITE_P(Copies, CopyTest, ::testing::ValuesIn(copies), nameOfAction);
 INSTANTIATE_TEST_SUITE_P(
     Actions, FaultTest,
     ::testing::Values(Action{"saveNewEstimate", [](const auto& with, auto&) { saveEstimate(with, "A", 77); }},
