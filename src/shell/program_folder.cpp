@@ -41,7 +41,7 @@ void make(FileSystem& files, const fs::path& installed, const fs::path& folder) 
 
 std::string programFolder(FileSystem& files, const std::string& installed, const std::string& ofUser) {
     if (!files.exists(installed + "/per-user")) return installed;
-    if (!files.exists(ofUser)) make(files, installed, ofUser);
+    if (std::error_code failed; !fs::exists(ofUser, failed)) make(files, installed, ofUser);
     link(installed, ofUser);
     return ofUser;
 }

@@ -59,6 +59,7 @@ TEST_F(ProgramFolderTest, EachUserHasHisOwnData) {
     EXPECT_EQ(read(ofUser() / "Sample.bak"), "my backup");
     EXPECT_EQ(read(ofUser() / "Merlin.ACS"), "2");
     EXPECT_EQ(read(ofUser() / "Help"), "2");
+    EXPECT_FALSE(fs::exists(ofUser().string() + ".new"));
     // A database that the user has taken away is not replaced by an empty one.
     fs::remove(ofUser() / "Larkfen.mdb");
     folder();
