@@ -1,6 +1,7 @@
 #include <QIcon>
 
 #include "assistant/animated_assistant.h"
+#include "assistant/speech.h"
 #include "datastore/store.h"
 #include "platform/application.h"
 #include "platform/controls.h"
@@ -27,7 +28,7 @@ int main(int argc, char** argv) {
     program.onLastWindowGone([] { QCoreApplication::exit(0); });
 
     Application screens(program, files, lock.previousInstance(), [](const std::string& characterFile) {
-        return std::make_unique<AnimatedAssistant>(characterFile);
+        return std::make_unique<AnimatedAssistant>(characterFile, std::make_unique<EngineVoice>(machineEngines));
     });
     program.guarded([&screens] { screens.mainMenu.Show(); });
     return QApplication::exec();
