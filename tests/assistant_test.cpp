@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -443,16 +444,49 @@ TEST(EngineVoiceTest, AHushedTextIsStoppedAndNotReported) {
     EXPECT_EQ(ended, 0);
 }
 
-TEST(EngineVoiceTest, AnEngineThatIsNotThereFailsWithoutAnybodyWaiting) {
-    QtSpeechEngine engine("nowhere");
-    std::vector<bool> ended;
-    QObject::connect(&engine, &SpeechEngine::ended, [&](bool said) { ended.push_back(said); });
-    for (const std::size_t texts : {1U, 2U}) {
-        engine.say("Hello");
-        EXPECT_LT(ended.size(), texts);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return ended.size() == texts; }));
+struct Program {
+    const char* name;
+    const char* script;
+    bool said;
+};
+
+TEST(SpeechProgramTest, EndsAsItsProgramEnds) {
+    for (const Program& row : {Program{"says it", "test \"$0\" = \"a text\"", true}, Program{"can't", "exit 1", false},
+                               Program{"crashes", "kill -SEGV $$", false}}) {
+        SCOPED_TRACE(row.name);
+        SpeechProgram engine("/bin/sh", {"-c", row.script});
+        std::vector<bool> ended;
+        QObject::connect(&engine, &SpeechEngine::ended, [&](bool said) { ended.push_back(said); });
+        engine.say("a text");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ended.empty(); }));
+        EXPECT_EQ(ended, std::vector<bool>{row.said});
     }
-    EXPECT_EQ(ended, std::vector<bool>(2, false));
+    SpeechProgram missing("/nowhere/Speak.exe", {});
+    int failures = 0;
+    QObject::connect(&missing, &SpeechEngine::ended, [&](bool said) { failures += !said; });
+    missing.say("a text");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1; }));
+}
+
+TEST(SpeechProgramTest, StopsAtTheEndOfItsInputAndElseByForce) {
+    const QTemporaryDir folder;
+    // Says what has become of it in a file; the second one does not listen.
+    for (const char* script : {"cat; echo left > \"$0\"", "while :; do sleep 0.05; echo on >> \"$0\"; done"}) {
+        const QString file = folder.filePath("fate");
+        QFile::remove(file);
+        SpeechProgram engine("/bin/sh", {"-c", script});
+        bool heard = false;
+        QObject::connect(&engine, &SpeechEngine::ended, [&] { heard = true; });
+        engine.say(file);
+        QTest::qWait(30);
+        engine.stop();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return engine.findChildren<QProcess*>().isEmpty(); }));
+        EXPECT_FALSE(heard) << "nobody asks any more";
+        const auto size = QFileInfo(file).size();
+        EXPECT_GT(size, 0);
+        QTest::qWait(150);
+        EXPECT_EQ(QFileInfo(file).size(), size) << "it is gone";
+    }
 }
 
 class OnScreen : public ::testing::Test {

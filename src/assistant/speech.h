@@ -1,31 +1,32 @@
 #pragma once
 
-#include <QThread>
+#include <QPointer>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
 
 #include "assistant/voice.h"
 
 namespace torvane {
 
-class Mouth;
-
-// An engine of Qt's, by its name there. It is made and driven in a thread of its own: making one can take a quarter of
-// a second, and asking a speech service that does not answer far longer.
-class QtSpeechEngine : public SpeechEngine {
+// An engine that is a program: started for each text with the text as its last word, it speaks, and ends with status 0
+// when the text has been said. It is to stop when its standard input ends. Engines take their time to get ready, wait
+// for services that do not answer, and crash; there, none of it is felt here.
+class SpeechProgram : public SpeechEngine {
 public:
-    explicit QtSpeechEngine(const QString& name);
-    // Waits for the thread, but not for an engine that hangs.
-    ~QtSpeechEngine() override;
+    SpeechProgram(QString program, QStringList words) : program_(std::move(program)), words_(std::move(words)) {}
+    ~SpeechProgram() override;
     void say(const QString& text) override;
     void stop() override;
 
 private:
-    QThread* thread_;
-    Mouth* mouth_;
-    int text_ = 0;  // the number of the last one
+    QString program_;
+    QStringList words_;
+    QPointer<QProcess> process_;
 };
 
-// The engines of this machine in the order in which they are to be tried: the desktop's own before the plain one that
-// is built in. None for a program that shows nothing.
-EngineVoice::Makers machineEngines();
+// Each engine of this machine, spoken by the program given, in the order in which they are to be tried: the desktop's
+// own before the plain one that comes with its voices. None for a program that shows nothing.
+EngineVoice::Makers machineEngines(const std::string& speakProgram);
 
 }  // namespace torvane
