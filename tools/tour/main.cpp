@@ -59,6 +59,7 @@ public:
         notesArea();
         reports();
         calculators();
+        help();
     }
 
 private:
@@ -409,6 +410,19 @@ private:
             }
             click(window, "Command2");
         }
+    }
+
+    void help() {
+        entry(mainMenu(), "mnuHelpAbout");
+        pause();
+        picture(screens_.about.window(), "about");
+        click(screens_.about.window(), "cmdClose");
+        screens_.help.showPage(screens_.order.helpContext());
+        picture(screens_.help.window(), "help");
+        screens_.help.showSearch();
+        type(screens_.help.window(), "txtSearch", QStringLiteral("concrete"));
+        picture(screens_.help.window(), "help-search");
+        click(screens_.help.window(), "cmdClose");
     }
 
     Application& screens_;
