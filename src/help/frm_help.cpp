@@ -1,9 +1,8 @@
 #include "help/frm_help.h"
 
-#include <QHelpContentItem>
-#include <QHelpContentModel>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTreeWidgetItemIterator>
 
 #include "help/help_book.h"
 #include "host/host.h"
@@ -30,13 +29,12 @@ private:
     std::function<bool(const QKeyEvent&)> pressed_;
 };
 
-QModelIndex lineOf(const QHelpContentModel& contents, const QUrl& page, const QModelIndex& in = {}) {
-    for (int row = 0; row < contents.rowCount(in); ++row) {
-        const QModelIndex line = contents.index(row, 0, in);
-        if (contents.contentItemAt(line)->url() == page) return line;
-        if (const QModelIndex below = lineOf(contents, page, line); below.isValid()) return below;
+void addSections(QTreeWidgetItem& above, const std::vector<HelpSection>& sections) {
+    for (const HelpSection& section : sections) {
+        auto* line = new QTreeWidgetItem(&above, {section.title});
+        line->setData(0, pageRole, section.page);
+        addSections(*line, section.below);
     }
-    return {};
 }
 
 }  // namespace
@@ -44,6 +42,8 @@ QModelIndex lineOf(const QHelpContentModel& contents, const QUrl& page, const QM
 frmHelp::frmHelp(Program& program) : FormOf(program, "frmHelp") {
     setHelpContext(HelpContext::help);
 }
+
+frmHelp::~frmHelp() = default;
 
 // --- Opening ---------------------------------------------------------------------------------------------------------
 
@@ -78,9 +78,12 @@ void frmHelp::showPage(int context) {
 }
 
 void frmHelp::Form_Load() {
-    book_ = new HelpBook(helpFile_, &window());
-    ui().Page->setBook(book_);
-    ui().TreeContents->setModel(&book_->contents());
+    book_ = std::make_unique<HelpBook>(helpFile_);
+    ui().Page->setBook(book_.get());
+    addSections(*ui().TreeContents->invisibleRootItem(), book_->contents());
+    for (int row = 0; row < ui().TreeContents->topLevelItemCount(); ++row)
+        ui().TreeContents->topLevelItem(row)->setExpanded(true);
+    search();
     constexpr int contentsWidth = 260;
     ui().Splitter->setSizes({contentsWidth, window().width() - contentsWidth});
     ui().Splitter->setStretchFactor(1, 1);
@@ -90,9 +93,10 @@ void frmHelp::Form_Load() {
     program().StartUp(*this);
 }
 
-void frmHelp::dropControls() {
-    book_ = nullptr;
-    FormOf::dropControls();
+// The page lives a little longer than its screen.
+void frmHelp::Form_Unload() {
+    ui().Page->setBook(nullptr);
+    book_.reset();
 }
 
 void frmHelp::connectControls() {
@@ -112,12 +116,10 @@ void frmHelp::connectControls() {
     on(*this, ui().Page, &QTextBrowser::backwardAvailable, [this](bool there) { ui().cmdBack->setEnabled(there); });
     on(*this, ui().Page, &QTextBrowser::forwardAvailable, [this](bool there) { ui().cmdForward->setEnabled(there); });
     on(*this, ui().Page, &QTextBrowser::sourceChanged, [this](const QUrl& page) { markInContents(page); });
-    on(*this, &book_->contents(), &QHelpContentModel::contentsCreated, [this] { markInContents(ui().Page->source()); });
-    on(*this, book_, &HelpBook::indexed, [this] { search(); });
 
-    const auto open = [this](const QModelIndex& line) { turnTo(book_->contents().contentItemAt(line)->url()); };
-    on(*this, ui().TreeContents, &QTreeView::clicked, open);
-    on(*this, ui().TreeContents, &QTreeView::activated, open);
+    const auto openLine = [this](const QTreeWidgetItem* line) { turnTo(line->data(0, pageRole).toUrl()); };
+    on(*this, ui().TreeContents, &QTreeWidget::itemClicked, openLine);
+    on(*this, ui().TreeContents, &QTreeWidget::itemActivated, openLine);
     const auto openFound = [this](const QListWidgetItem* found) { turnTo(found->data(pageRole).toUrl()); };
     on(*this, ui().lstFound, &QListWidget::itemClicked, openFound);
     on(*this, ui().lstFound, &QListWidget::itemActivated, openFound);
@@ -143,11 +145,13 @@ void frmHelp::turnTo(const QUrl& page) {
 }
 
 void frmHelp::markInContents(const QUrl& page) {
-    const QModelIndex line = lineOf(book_->contents(), page.adjusted(QUrl::RemoveFragment));
-    if (!line.isValid()) return;
-    ui().TreeContents->setCurrentIndex(line);
-    ui().TreeContents->expand(line);
-    ui().TreeContents->scrollTo(line);
+    const QUrl whole = page.adjusted(QUrl::RemoveFragment);
+    for (QTreeWidgetItemIterator line(ui().TreeContents); *line; ++line) {
+        if ((*line)->data(0, pageRole).toUrl() != whole) continue;
+        ui().TreeContents->setCurrentItem(*line);
+        (*line)->setExpanded(true);
+        return;
+    }
 }
 
 // --- Searching -------------------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QUrl>
+#include <memory>
 
 #include "platform/form.h"
 #include "ui_frm_help.h"
@@ -17,6 +18,7 @@ class HelpBook;
 class frmHelp : public FormOf<Ui::frmHelp> {
 public:
     explicit frmHelp(Program& program);
+    ~frmHelp() override;
 
     // The book that is opened next.
     void setHelpFile(const std::string& file) { helpFile_ = qstring(file); }
@@ -29,7 +31,7 @@ public:
 
 protected:
     void Form_Load() override;
-    void dropControls() override;
+    void Form_Unload() override;
 
 private:
     bool open();
@@ -41,7 +43,7 @@ private:
     void takeKeys(QWidget& from);
 
     QString helpFile_;
-    HelpBook* book_ = nullptr;  // the window's
+    std::unique_ptr<HelpBook> book_;
 };
 
 }  // namespace torvane

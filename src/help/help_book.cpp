@@ -1,11 +1,9 @@
 #include "help/help_book.h"
 
 #include <QFileInfo>
-#include <QHelpContentModel>
-#include <QHelpEngine>
-#include <QHelpIndexModel>
 #include <QHelpLink>
 #include <QTextDocument>
+#include <QXmlStreamReader>
 #include <algorithm>
 
 #include "platform/controls.h"
@@ -15,7 +13,9 @@ namespace torvane {
 
 namespace {
 
-constexpr auto frontPage = "qthelp://%1/book/index.html";
+QString attribute(const QXmlStreamReader& xml, const char* name) {
+    return xml.attributes().value(QLatin1String(name)).toString();
+}
 
 bool holdsAll(const QString& text, const QStringList& words) {
     return std::ranges::all_of(words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
@@ -23,52 +23,56 @@ bool holdsAll(const QString& text, const QStringList& words) {
 
 }  // namespace
 
-HelpBook::HelpBook(const QString& file, QObject* parent)
-    : QObject(parent), engine_(new QHelpEngine(folder_.filePath(QStringLiteral("collection")), this)) {
+HelpBook::HelpBook(const QString& file) : engine_(folder_.filePath(QStringLiteral("collection"))) {
     if (!QFileInfo(file).isFile()) fail(Failure::FileNotFound, utf8(file));
+    engine_.setReadOnly(false);  // the collection in the temporary folder; a book is never written
     name_ = QHelpEngineCore::namespaceName(file);
-    engine_->setReadOnly(false);  // the collection in the temporary folder; a book is never written
-    connect(engine_->indexModel(), &QHelpIndexModel::indexCreated, this, &HelpBook::readKeywords);
-    if (name_.isEmpty() || !engine_->setupData() || !engine_->registerDocumentation(file))
+    if (!name_.isEmpty() && engine_.setupData() && engine_.registerDocumentation(file)) readProject();
+    if (contents_.empty())
         throw RuntimeFailure(static_cast<int>(Failure::InvalidCall), "The help book is damaged", utf8(file));
-    engine_->contentModel()->createContents({});
-    engine_->indexModel()->createIndex({});
 }
 
-QHelpContentModel& HelpBook::contents() const {
-    return *engine_->contentModel();
+QUrl HelpBook::address(const QString& name) const {
+    return QUrl(QStringLiteral("qthelp://%1/book/%2").arg(name_, name));
+}
+
+void HelpBook::readProject() {
+    pages_ = engine_.files(name_, QString(), QStringLiteral("html"));
+    QXmlStreamReader xml(data(address(QStringLiteral("torvane.qhp"))));
+    std::vector<std::vector<HelpSection>*> open{&contents_};
+    while (!xml.atEnd()) {
+        xml.readNext();
+        const bool section = xml.name() == QLatin1String("section");
+        if (xml.isStartElement() && section) {
+            open.back()->push_back({attribute(xml, "title"), address(attribute(xml, "ref")), {}});
+            open.push_back(&open.back()->back().below);
+        } else if (xml.isEndElement() && section) {
+            open.pop_back();
+        } else if (xml.isStartElement() && xml.name() == QLatin1String("keyword")) {
+            keywords_.append({attribute(xml, "name"), address(attribute(xml, "ref"))});
+        }
+    }
+    std::ranges::stable_sort(keywords_, [](const HelpTopic& one, const HelpTopic& other) {
+        return one.text.compare(other.text, Qt::CaseInsensitive) < 0;
+    });
 }
 
 QUrl HelpBook::contentsPage() const {
-    return QUrl(QString::fromLatin1(frontPage).arg(name_));
+    return address(QStringLiteral("index.html"));
 }
 
 QUrl HelpBook::pageOf(int context) const {
-    const QList<QHelpLink> found = engine_->documentsForIdentifier(QString::number(context));
+    const QList<QHelpLink> found = engine_.documentsForIdentifier(QString::number(context));
     return found.isEmpty() ? contentsPage() : found.constFirst().url;
 }
 
-QList<QUrl> HelpBook::pages() const {
-    return engine_->files(name_, QString(), QStringLiteral("html"));
-}
-
 QByteArray HelpBook::data(const QUrl& address) const {
-    return engine_->fileData(address);
-}
-
-void HelpBook::readKeywords() {
-    keywords_.clear();
-    for (const QString& keyword : engine_->indexModel()->stringList()) {
-        const QList<QHelpLink> pages = engine_->documentsForKeyword(keyword);
-        for (const QHelpLink& page : pages)
-            keywords_.append({pages.size() == 1 ? keyword : keyword + QStringLiteral(": ") + page.title, page.url});
-    }
-    emit indexed();
+    return engine_.fileData(address);
 }
 
 const QList<HelpBook::Page>& HelpBook::texts() const {
     if (!texts_.isEmpty()) return texts_;
-    for (const QUrl& address : pages()) {
+    for (const QUrl& address : pages_) {
         QTextDocument page;
         page.setHtml(QString::fromUtf8(data(address)));
         texts_.append({address, page.metaInformation(QTextDocument::DocumentTitle), page.toPlainText()});

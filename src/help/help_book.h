@@ -1,12 +1,10 @@
 #pragma once
 
+#include <QHelpEngineCore>
 #include <QList>
-#include <QObject>
 #include <QTemporaryDir>
 #include <QUrl>
-
-class QHelpContentModel;
-class QHelpEngine;
+#include <vector>
 
 namespace torvane {
 
@@ -16,21 +14,27 @@ struct HelpTopic {
     QUrl page;
 };
 
-// The help book: a compressed Qt help file. Only read, wherever it lies; what the engine keeps besides goes into a
-// temporary folder of its own, which leaves with the book.
-class HelpBook : public QObject {
-    Q_OBJECT
+// A line of the contents, with the lines below it.
+struct HelpSection {
+    QString title;
+    QUrl page;
+    std::vector<HelpSection> below;
+};
+
+// The help book: a compressed Qt help file, opened for reading only. What the engine keeps besides goes into a temporary
+// folder of its own, which leaves with the book.
+class HelpBook {
 public:
     // Failure::FileNotFound when there is no such file; another failure, with its words, when it is no help book.
-    HelpBook(const QString& file, QObject* parent);
+    explicit HelpBook(const QString& file);
 
-    // Fills itself when the event loop runs.
-    QHelpContentModel& contents() const;
+    // As the book's project file has it, which is a part of the book.
+    const std::vector<HelpSection>& contents() const { return contents_; }
     QUrl contentsPage() const;
     // The page of a help context; the contents where there is none.
     QUrl pageOf(int context) const;
     // Every page, in no order.
-    QList<QUrl> pages() const;
+    const QList<QUrl>& pages() const { return pages_; }
     // A page, picture or style sheet; empty when there is none.
     QByteArray data(const QUrl& address) const;
 
@@ -38,23 +42,22 @@ public:
     // Letters of either case are the same.
     QList<HelpTopic> search(const QString& text) const;
 
-signals:
-    // The keywords are there to be searched.
-    void indexed();
-
 private:
     struct Page {
         QUrl address;
         QString title;
         QString text;
     };
+    QUrl address(const QString& name) const;
+    void readProject();
     const QList<Page>& texts() const;
-    void readKeywords();
 
     QTemporaryDir folder_;
-    QHelpEngine* engine_;
+    QHelpEngineCore engine_;
     QString name_;
+    std::vector<HelpSection> contents_;
     QList<HelpTopic> keywords_;
+    QList<QUrl> pages_;
     mutable QList<Page> texts_;  // read with the first search
 };
 
