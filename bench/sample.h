@@ -37,6 +37,7 @@ public:
     }
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return std::nullopt; }
     std::optional<std::string> askOpenName(std::string_view) override { return std::nullopt; }
+    void startProgram(const std::string&) override {}
     Date today() const override { return {2024, 3, 15}; }
     const ShortDate& shortDate() const override { return shortDate_; }
     const std::string& programDirectory() const override { return folder_; }

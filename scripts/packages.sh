@@ -6,6 +6,8 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libqt6svg6
                 fonts-liberation)
 test_packages=(libgtest-dev sqlite3 poppler-utils)
 check_packages=(clang-format-14 clang-tidy-14)
+fuzz_packages=(clang-14 libclang-rt-14-dev)
+package_packages=(dpkg-dev librsvg2-bin desktop-file-utils appstream lintian)
 
 need() {
   local missing=()

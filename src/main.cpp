@@ -1,4 +1,5 @@
 #include <QIcon>
+#include <QStandardPaths>
 
 #include "assistant/animated_assistant.h"
 #include "datastore/store.h"
@@ -9,6 +10,7 @@
 #include "shell/application.h"
 #include "shell/folder_lock.h"
 #include "shell/pictures_init.h"
+#include "shell/program_folder.h"
 
 int main(int argc, char** argv) {
     using namespace torvane;
@@ -17,10 +19,12 @@ int main(int argc, char** argv) {
     initPictures();
     QApplication::setWindowIcon(picture(QStringLiteral("program")));
 
-    const std::string folder = utf8(QCoreApplication::applicationDirPath());
+    FileSystem files;
+    const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const std::string folder =
+        programFolder(files, utf8(QCoreApplication::applicationDirPath()), utf8(userData) + "/torvane");
     QtHost host(folder);
     Store store(host.shortDate());
-    FileSystem files;
     const FolderLock lock(folder);
     Program program({host, store}, leaveProcess);
     application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });

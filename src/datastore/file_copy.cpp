@@ -12,7 +12,12 @@
 namespace torvane {
 
 bool FileSystem::exists(const std::string& name) {
-    return ::access(name.c_str(), F_OK) == 0;
+    struct stat status {};
+    return ::stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+bool FileSystem::protectedFile(const std::string& name) {
+    return ::access(name.c_str(), F_OK) == 0 && ::access(name.c_str(), W_OK) != 0;
 }
 
 int FileSystem::openToRead(const std::string& name) {
@@ -21,7 +26,16 @@ int FileSystem::openToRead(const std::string& name) {
 
 int FileSystem::openToWrite(const std::string& name) {
     constexpr mode_t everybodyReads = 0644;
-    return ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, everybodyReads);
+    ::unlink(name.c_str());
+    return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, everybodyReads);
+}
+
+void FileSystem::adoptOwnerAndMode(int file, const std::string& of) {
+    struct stat status {};
+    if (::stat(of.c_str(), &status) != 0) return;
+    // A disk without owners, or a user who may not give files away, is no reason to fail.
+    [[maybe_unused]] const int owner = ::fchown(file, status.st_uid, status.st_gid);
+    ::fchmod(file, status.st_mode & 07777);
 }
 
 long FileSystem::read(int file, char* bytes, std::size_t count) {
@@ -57,7 +71,8 @@ bool FileSystem::rename(const std::string& from, const std::string& to) {
 bool FileSystem::syncFolder(const std::string& folder) {
     const int handle = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (handle < 0) return false;
-    const bool done = ::fsync(handle) == 0;
+    // A network disk may have no such flush for folders.
+    const bool done = ::fsync(handle) == 0 || errno == EINVAL;
     ::close(handle);
     return done;
 }
@@ -81,10 +96,12 @@ bool copyBytes(FileSystem& files, int source, int target) {
 }  // namespace
 
 bool copyFile(FileSystem& files, const std::string& from, const std::string& to) {
+    if (files.protectedFile(to)) return false;
     const int source = files.openToRead(from);
     if (source < 0) return false;
     const std::string fresh = to + ".new";
     const int target = files.openToWrite(fresh);
+    if (target >= 0) files.adoptOwnerAndMode(target, to);
     bool done = target >= 0 && copyBytes(files, source, target);
     files.close(source);
     if (target >= 0) {

@@ -38,8 +38,9 @@ public:
     // Closes the handle of a file for the time in which it is copied or replaced: an interrupted write is played back
     // first (so that the file is whole and no journal stands beside it), connections stay open in name and reopen at
     // their next statement. Failure as of any statement when the file is there but can't be settled, is busy, or a
-    // write group is open. A missing file is no failure, nor is one that is no database: nothing can be played back
-    // into it, and a journal beside it is removed.
+    // write group is open, and when a journal can't be removed. A missing file is no failure, nor is one that is no
+    // database: nothing can be played back into it, and a journal beside it is removed. Nor is one that is damaged or
+    // read-only, when no journal stands beside it.
     void settle(const std::string& file);
 
 private:

@@ -82,6 +82,19 @@ std::string plainPath(const std::string& name) {
 
 }  // namespace
 
+// The files beside a database that SQLite plays into it when it opens it, and the index of the second.
+struct StoreFile::Logs {
+    explicit Logs(std::string database)
+        : file(std::move(database)), names{file + "-journal", file + "-wal", file + "-shm"} {}
+    bool any() const { return exists(names[0]) || exists(names[1]); }
+    void remove() const {
+        for (const std::string& name : names) unlink(name.c_str());
+    }
+
+    std::string file;
+    std::string names[3];
+};
+
 struct StoreFile::Compiled {
     Compiled() = default;
     Compiled(const Compiled&) = delete;
@@ -279,35 +292,33 @@ void StoreFile::commitEarly() {
 void StoreFile::settle() {
     if (inGroup()) throw RuntimeFailure(SQLITE_BUSY, "a write group is open", name_);
     closeHandle();
-    const std::string path = plainPath(name_);
-    const std::string journal = path + "-journal";
-    const auto removeLogs = [&] {
-        unlink((path + "-wal").c_str());
-        unlink((path + "-shm").c_str());
-    };
-    if (!exists(path)) {
-        unlink(journal.c_str());
-        return removeLogs();
-    }
+    const Logs logs(plainPath(name_));
     try {
-        const int opened =
-            sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-        if (opened != SQLITE_OK) failed(name_);
-        sqlite3_busy_timeout(handle_, patienceMilliseconds);
-        own("pragma journal_mode = delete; begin exclusive");
-        // Whatever journal still stands under this lock has nothing to play back.
-        unlink(journal.c_str());
-        own("rollback");
+        if (exists(logs.file)) playBack(logs);
     } catch (const RuntimeFailure& failure) {
-        closeHandle();
-        // Nothing can be played back into a file that is no database, and nothing waits for one that is read-only when
-        // no journal stands beside it.
-        const bool readOnly = failure.number() == SQLITE_READONLY && !exists(journal);
-        if (failure.number() != SQLITE_NOTADB && !readOnly) throw;
-        unlink(journal.c_str());
+        // Nothing can be played back into a file that is no database. One that is damaged or read-only has nothing to
+        // wait for when no log stands beside it.
+        const bool waits = (failure.number() != SQLITE_CORRUPT && failure.number() != SQLITE_READONLY) || logs.any();
+        if (failure.number() != SQLITE_NOTADB && waits) throw;
+        logs.remove();
     }
-    closeHandle();
-    removeLogs();
+    if (!exists(logs.file)) logs.remove();
+    // One that stays would be played into the file that comes.
+    if (logs.any()) throw RuntimeFailure(SQLITE_IOERR, "a journal can't be removed", name_);
+}
+
+void StoreFile::playBack(const Logs& logs) {
+    const struct Close {
+        StoreFile& file;
+        ~Close() { file.closeHandle(); }
+    } close{*this};
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+    if (sqlite3_open_v2(logs.file.c_str(), &handle_, flags, nullptr) != SQLITE_OK) failed(name_);
+    sqlite3_busy_timeout(handle_, patienceMilliseconds);
+    own("pragma journal_mode = delete; begin exclusive");
+    // Whatever still stands under this lock has nothing to play back.
+    logs.remove();
+    own("rollback");
 }
 
 }  // namespace torvane

@@ -50,6 +50,7 @@ public:
 
 private:
     struct Compiled;
+    struct Logs;
     struct Identity {
         dev_t device = 0;
         ino_t inode = 0;
@@ -68,6 +69,8 @@ private:
     std::optional<Identity> identify() const;
     void openHandle();
     void closeHandle();
+    // Lets SQLite play an interrupted write back, and closes the file again.
+    void playBack(const Logs& logs);
     void renewIdentity();
     std::unique_ptr<Compiled> compile(std::string_view statement, bool keep);
     Compiled& kept(std::string_view statement);

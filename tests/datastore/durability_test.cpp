@@ -1,12 +1,9 @@
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#include <csignal>
-
 #include <stdexcept>
 #include <string>
 
 #include "sample.h"
+#include "support/child.h"
+#include "support/full_disk.h"
 
 namespace torvane {
 namespace {
@@ -20,29 +17,20 @@ protected:
         for (int i = 0; i < count; ++i) connection.execute("insert into Rooms (Name) values ('" + text + "')");
     }
 
-    // A child process that works on the file by a store of its own and is killed when it says so through `ready`.
+    // A process that works on the file by a store of its own and is killed when it says so through `ready`.
     template <typename Work>
     void killed(Work work) {
-        int ends[2];
-        ASSERT_EQ(pipe(ends), 0);
-        const pid_t child = fork();
-        if (child == 0) {
+        Child child([&](auto say) {
             Store own;
             Connection line(own);
             line.open(connectionText(folder));
             work(line, [&] {
-                if (::write(ends[1], "!", 1) == 1) pause();
+                say('r');
+                pause();
             });
-            _exit(0);
-        }
-        ::close(ends[1]);
-        char sign = 0;
-        ASSERT_EQ(::read(ends[0], &sign, 1), 1);
-        ::close(ends[0]);
-        ::kill(child, SIGKILL);
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status));
+        });
+        ASSERT_EQ(child.heard(), 'r');
+        child.kill();
     }
 };
 
@@ -119,23 +107,6 @@ TEST_F(GroupTest, OfAKilledProcessIsWholeOrNothing) {
     });
     EXPECT_EQ(rows(roomCount), "1002;");
 }
-
-// Stops every file of this process from growing beyond a size, as a full disk does.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t size) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{size, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-private:
-    rlimit before_{};
-};
 
 TEST_F(GroupTest, LeavesNothingWhenTheDiskIsFull) {
     const struct {
@@ -298,6 +269,21 @@ TEST_F(SettleTest, TakesAwayLogsThatHaveNoDatabase) {
             EXPECT_FALSE(std::filesystem::exists(file + end)) << row.name << end;
         }
     }
+}
+
+TEST_F(SettleTest, LetsADamagedDatabaseBeReplaced) {
+    std::string damaged = contents(file);
+    damaged.replace(100, 8, 8, 'x');  // where the list of tables begins
+    write(file, damaged);
+    EXPECT_EQ(failureOf([&] { rows(roomCount); }), SQLITE_CORRUPT);
+    EXPECT_EQ(failureOf([&] { store.settle(file); }), 0);
+    EXPECT_EQ(contents(file), damaged);
+}
+
+TEST_F(SettleTest, RefusesAJournalThatStays) {
+    std::filesystem::create_directory(journal);
+    std::filesystem::remove(file);
+    EXPECT_EQ(failureOf([&] { store.settle(file); }), SQLITE_IOERR);
 }
 
 TEST_F(SettleTest, RefusesAnOpenGroup) {

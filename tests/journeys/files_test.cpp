@@ -3,35 +3,21 @@
 #include <QProcess>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "journeys/journey.h"
+#include "platform/text_area.h"
+#include "support/files.h"
+#include "support/full_disk.h"
 
 namespace torvane {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string bytes(const std::string& file) {
-    std::ostringstream all;
-    all << std::ifstream(file, std::ios::binary).rdbuf();
-    return all.str();
-}
-
-void write(const std::string& file, std::string_view content) {
-    std::ofstream(file, std::ios::binary) << content;
-}
-
 class FilesTest : public JourneyTest {
 protected:
     std::string file(std::string_view name) const { return data.path() + "/" + std::string(name); }
-    Texts filesThere() const {
-        Texts names;
-        for (const auto& one : fs::directory_iterator(data.path())) names.push_back(one.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
+    Texts filesThere() const { return filesIn(data.path()); }
     void backUp(std::optional<std::string> name, const std::vector<TestHost::Box>& boxes = {}) {
         host.answerSaveName(std::move(name));
         for (const TestHost::Box& box : boxes) host.expect(box);
@@ -53,36 +39,49 @@ protected:
 TEST_F(FilesTest, BackupIsAskedForAndWritten) {
     start();
     write(file("old.bak"), "old");
+    fs::create_directory(file("folder.bak"));
+    fs::create_symlink(data.database(), file("link.bak"));
     const std::string database = bytes(data.database());
     struct Row {
         std::optional<std::string> name;
         std::vector<TestHost::Box> boxes;
         bool written;
     };
-    for (const Row& row :
-         {Row{std::nullopt, {}, false}, Row{file("old.bak"), {keepFile}, false}, Row{file("nowhere/x.bak"), {}, false},
-          Row{file("old"), {keepFile}, false}, Row{file("old"), {overwrite, exported}, true}}) {
+    for (const Row& row : {Row{std::nullopt, {}, false}, Row{file("old.bak"), {keepFile}, false},
+                           Row{file("nowhere/x.bak"), {}, false}, Row{file("folder.bak"), {}, false},
+                           Row{file("old"), {keepFile}, false}, Row{file("old"), {overwrite, exported}, true}}) {
         SCOPED_TRACE(row.name.value_or("Cancel"));
         backUp(row.name, row.boxes);
         EXPECT_EQ(bytes(file("old.bak")), row.written ? database : "old");
     }
     backUp(file("mine"), {exported});
-    EXPECT_EQ(bytes(file("mine.bak")), database);
-    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "mine.bak", "old.bak"}));
+    backUp(file("upper.BAK"), {exported});
+    backUp(data.database(), {exported});
+    backUp(file("link.bak"), {overwrite, exported});
+    for (const char* name : {"mine.bak", "upper.BAK.bak", "Larkfen.mdb.bak", "link.bak", "Larkfen.mdb"})
+        EXPECT_TRUE(bytes(file(name)) == database) << name;
+    EXPECT_FALSE(fs::is_symlink(file("link.bak")));
+    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "Larkfen.mdb.bak", "folder.bak", "link.bak", "mine.bak", "old.bak",
+                                   "upper.BAK.bak"}));
+    fs::remove(data.database());
+    backUp(file("mine"), {overwrite});
+    EXPECT_TRUE(bytes(file("mine.bak")) == database) << "there was nothing to copy";
     EXPECT_EQ(host.fileDialogs[0], (TestHost::Asked{"Larkfen.bak", "Backup (*.bak)"}));
 }
 
 TEST_F(FilesTest, RestoreTakesOnlyABackupThatIsThere) {
     start();
     write(file("data.BAK"), "x");
+    fs::create_directory(file("folder.bak"));
     const std::string database = bytes(data.database());
     const TestHost::Box noBackup = ok("Not a Backup of database file", "Error while importing");
+    const TestHost::Box notFound = ok("File not found.", "File Import");
     struct Row {
         std::optional<std::string> name;
         std::vector<TestHost::Box> boxes;
     };
     for (const Row& row : {Row{std::nullopt, {}}, Row{file("data.BAK"), {noBackup}}, Row{file("x.txt"), {noBackup}},
-                           Row{file("none.bak"), {ok("File not found.", "File Import")}}}) {
+                           Row{file("none.bak"), {notFound}}, Row{file("folder.bak"), {notFound}}}) {
         SCOPED_TRACE(row.name.value_or("Cancel"));
         restore(row.name, row.boxes);
         EXPECT_EQ(bytes(data.database()), database);
@@ -90,61 +89,119 @@ TEST_F(FilesTest, RestoreTakesOnlyABackupThatIsThere) {
     EXPECT_EQ(host.fileDialogs[0], (TestHost::Asked{"", "Backup (*.bak)"}));
 }
 
-// A copy that the system refuses at its last step.
-struct FullDisk : FileSystem {
-    bool sync(int) override { return false; }
-};
-
-TEST_F(FilesTest, ACopyThatIsRefusedIsSilentAndHarmsNothing) {
-    FullDisk full;
-    screens = std::make_unique<Application>(program, full, false,
-                                            [this](const std::string&) { return recordingAssistant(); });
-    run([&] { screens->mainMenu.Show(); });
-    write(file("other.bak"), "other");
+TEST_F(FilesTest, OnAFullDiskCopiesAreSilentAndHarmNothing) {
+    QWidget& window = customers("E");
+    write(file("older.bak"), "older");
+    data.execute("insert into Rooms (Name) values ('More')");
+    backUp(file("then.bak"), {exported});
+    const std::string then = bytes(data.database());
+    data.execute("update BlankNotes set Notes = hex(zeroblob(50000))");
     const std::string database = bytes(data.database());
-    backUp(file("other.bak"), {overwrite});
-    restore(file("other.bak"));
-    EXPECT_EQ(bytes(file("other.bak")), "other");
-    EXPECT_EQ(bytes(data.database()), database);
-    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "other.bak"}));
-    EXPECT_EQ(rows(customers("E")).size(), 2U);
+    {
+        const FullDisk full(8192);
+        backUp(file("older.bak"), {overwrite});
+        backUp(file("new.bak"));
+        restore(file("then.bak"));
+        go(window, "CmdAll");
+    }
+    EXPECT_EQ(bytes(file("older.bak")), "older");
+    EXPECT_TRUE(bytes(data.database()) == database);
+    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "older.bak", "then.bak"}));
+    restore(file("then.bak"), {imported});
+    EXPECT_TRUE(bytes(data.database()) == then);
 }
 
 TEST_F(FilesTest, RestoreUnderOpenScreens) {
     QWidget& order = openEstimate("E", 3);
-    QWidget& window = customers("E");
+    choose("SubMnuEditItem");
+    choose("mnuEditEstimate");
+    choose("mnuBlank");
+    QWidget* const lists[] = {&customers("E"), &screens->item.window(), &screens->orders.window()};
+    QWidget& notes = screens->blank.window();
+    // How many of the lists show what was changed after the backup.
+    const auto showNow = [&] {
+        return std::ranges::count_if(lists, [](QWidget* window) {
+            return std::ranges::any_of(rows(*window), [](const std::string& row) { return row.find("Now") + 1 > 0; });
+        });
+    };
+    const auto readAgain = [&] {
+        for (QWidget* window : lists) go(*window, "CmdAll");
+    };
     backUp(file("then.bak"), {exported});
     const std::string then = bytes(data.database());
-    go(order, "txtNotes=later; CmdSave", {ok("Estimate Saved")});
-    data.execute("update Customer set CustName = 'Ann Now' where CustId = 7");
-    go(window, "CmdAll");
-    EXPECT_EQ(list(window).Cell(0, 1), "Ann Now");
+    data.execute("update Customer set CustName = 'Ann Now' where CustId = 7; update Item set Itemname = 'Now'");
+    readAgain();
+    EXPECT_EQ(showNow(), 3);
 
     restore(file("then.bak"), {imported});
-    EXPECT_EQ(bytes(data.database()), then);
-    EXPECT_EQ(list(window).Cell(0, 1) + text(order, "txtNotes"), "Ann Nowlater");  // what has been read stays
-    go(window, "CmdAll");
-    EXPECT_EQ(list(window).Cell(0, 1), "Ann Lee");
-    closeBox(order);
-    QWidget& again = openEstimate("E", 3);
-    EXPECT_EQ(text(again, "txtNotes"), "Old note");
-    go(again, "txtNotes=in the restored file; CmdSave", {ok("Estimate Saved")});
-    EXPECT_EQ(data.cell("select Notes from OrderInfo where OrderNo = 3"), "in the restored file");
+    EXPECT_TRUE(bytes(data.database()) == then);
+    EXPECT_EQ(showNow(), 3) << "what has been read stays";
+    readAgain();
+    EXPECT_EQ(showNow(), 0);
+    go(order, "txtNotes=in the restored file; CmdSave", {ok("Estimate Saved")});
+    find<TextArea>(notes, "rtfNotes").setText("there, too");
+    go(notes, "cmdOk");
+    EXPECT_EQ(
+        data.rows("select CustName, Notes, (select count(*) from OrderItem where OrderNo = 3), (select Notes from "
+                  "BlankNotes) from OrderInfo natural join Customer where OrderNo = 3"),
+        Texts{"Ann Lee|in the restored file|2|there, too"});
+    EXPECT_EQ(data.cell("pragma integrity_check"), "ok");
     EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "then.bak"}));
 }
 
-TEST_F(FilesTest, AnythingNamedBakIsRestoredAndTheNextQueryFails) {
-    QWidget& window = customers("E");
-    const std::string junk(5000, 'j');
-    write(file("junk.bak"), junk);
-    restore(file("junk.bak"), {imported});
-    EXPECT_EQ(bytes(data.database()), junk);
-    EXPECT_FALSE(program.ended());
-    EXPECT_EQ(rows(window).size(), 2U);
-    go(window, "CmdAll");
-    EXPECT_EQ(endedWith().substr(0, 3), "26 ");
-    EXPECT_EQ(bytes(data.database()), junk);
+// What a file named .bak may hold, and how the next query of an open list ends over it.
+struct Restored {
+    const char* name;
+    std::optional<std::string> bytes;  // nothing: the delivered database
+    const char* statements;            // carried out on it
+    std::string ended;                 // "" when the list is read
+};
+void PrintTo(const Restored& row, std::ostream* out) {
+    *out << row.name;
 }
+
+class RestoredTest : public FilesTest, public ::testing::WithParamInterface<Restored> {};
+
+TEST_P(RestoredTest, IsWhatTheNextQueryMeets) {
+    const Restored& row = GetParam();
+    DataFolder other;
+    other.useEmpty();
+    if (row.bytes) write(other.database(), *row.bytes);
+    if (*row.statements) other.execute(row.statements);
+    QWidget& window = customers("E");
+    fs::copy_file(other.database(), file("x.bak"));
+    const std::string backup = bytes(file("x.bak"));
+
+    restore(file("x.bak"), {imported});
+    EXPECT_TRUE(bytes(data.database()) == backup);
+    EXPECT_FALSE(program.ended());
+    EXPECT_EQ(rows(window).size(), 2U) << "what has been read stays";
+    go(window, "CmdAll");
+    EXPECT_EQ(endedWith().substr(0, row.ended.size()), row.ended);
+    EXPECT_EQ(program.ended(), !row.ended.empty());
+    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "x.bak"}));
+    EXPECT_TRUE(bytes(file("x.bak")) == backup);
+    if (row.ended.empty()) {
+        EXPECT_EQ(rows(window).size(), 1U);
+        EXPECT_EQ(data.cell("pragma journal_mode"), "delete");
+    } else {
+        EXPECT_TRUE(bytes(data.database()) == backup) << "what can't be read is left alone";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, RestoredTest,
+    ::testing::Values(
+        Restored{"text", std::string(5000, 'j'), "", "26 "}, Restored{"nothing", "", "", "26 "},
+        Restored{"aLetter", "j", "", "26 "},
+        Restored{"aDatabaseOfAnotherProgram", "",
+                 "pragma application_id = 7; pragma user_version = 900; create table Bookmark (Id)", "1 Select"},
+        Restored{"anUnmarkedDatabase", std::nullopt,
+                 "pragma application_id = 0; pragma user_version = 0; insert into Customer (CustName) values ('Z')",
+                 ""},
+        Restored{"aLogKeptDatabase", std::nullopt,
+                 "pragma journal_mode = wal; insert into Customer (CustName) values ('Z')", ""}),
+    [](const auto& one) { return std::string(one.param.name); });
 
 // --- The proposal ----------------------------------------------------------------------------------------------------
 

@@ -396,6 +396,17 @@ private:
         }
     }
 
+    static void computeFoundation(QWidget& window) {
+        const struct {
+            const char* box;
+            const char* text;
+        } inputs[] = {{"txtTab8_1", "160"}, {"txtTab8_2", "16"}, {"txtTab8_3", "8"},
+                      {"txtTab8_4", "4"},   {"txtTab8_5", "8"},  {"txtTab8_8", "110.50"}};
+        for (const auto& input : inputs) type(window, input.box, QLatin1String(input.text));
+        click(window, "cmdTab8_1");
+        click(window, "cmdTab8_2");
+    }
+
     // Every tab but the one that starts another program.
     void calculators() {
         for (CalculatorWindow* group : {static_cast<CalculatorWindow*>(&screens_.calculators1), &screens_.calculators2,
@@ -405,6 +416,7 @@ private:
             for (auto* tab : find<QWidget>(window, "TabStrip1").findChildren<QAbstractButton*>()) {
                 if (tab->text() == QLatin1String("Conversions")) continue;
                 click(window, qPrintable(tab->objectName()));
+                if (tab->text() == QLatin1String("Foundation Concrete Calculator")) computeFoundation(window);
                 QWidget& shown = screens_.scientific.loaded() ? screens_.scientific.window() : window;
                 picture(shown, qPrintable(tab->text().toLower().replace(QLatin1Char(' '), QLatin1Char('-'))));
             }

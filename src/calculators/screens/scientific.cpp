@@ -175,14 +175,15 @@ public:
         for (QWidget* control : window.findChildren<QWidget*>()) control->installEventFilter(this);
     }
     bool eventFilter(QObject* watched, QEvent* event) override {
+        const QEvent::Type type = event->type();
+        if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (event->type() == QEvent::ShortcutOverride && isShortcut(*key)) {
+        if (type == QEvent::ShortcutOverride && isShortcut(*key)) {
             // A text box would keep it for itself.
             event->ignore();
             return true;
         }
-        if (event->type() == QEvent::KeyPress && watched == firstReceiver() && !isCommand(*key) &&
-            key->text().size() == 1)
+        if (type == QEvent::KeyPress && watched == firstReceiver() && !isCommand(*key) && key->text().size() == 1)
             pressed_(key->text().at(0).toLatin1());
         return false;
     }

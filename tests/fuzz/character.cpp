@@ -1,0 +1,23 @@
+// A character file of any content is loaded whole or refused; what was loaded can be drawn.
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+#include "assistant/character.h"
+#include "values/failure.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static const std::string file = "/tmp/fuzzed-character-" + std::to_string(::getpid());
+    std::ofstream(file, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(size));
+    try {
+        const auto character = torvane::Character::load(file);
+        for (int frame = 0; frame < character.frameCount(); ++frame) character.drawing(frame);
+    } catch (const torvane::RuntimeFailure&) {
+    }
+    ::unlink(file.c_str());
+    return 0;
+}

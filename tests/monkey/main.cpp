@@ -1,0 +1,342 @@
+// A monkey at the keyboard: drives all screens of the whole program by seeded random events, in a folder of its own
+// with the sample business, and looks for what must never happen: a crash, a hang, a leak (under the sanitizers), an
+// exception past the event guard, a broken database.
+//
+//   monkey <seed> <steps>
+//
+// The program runs in a child process. One that ends with a run-time error or with its last window is started again on
+// the same data with the next seed, until all steps are done. A failure names the seed with which it comes again.
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QTest>
+#include <QTextEdit>
+#include <QTimer>
+#include <QWindow>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <tuple>
+#include <utility>
+
+#include "assistant/animated_assistant.h"
+#include "platform/application.h"
+#include "platform/controls.h"
+#include "shell/application.h"
+#include "shell/pictures_init.h"
+#include "support/data_folder.h"
+
+namespace torvane {
+namespace {
+
+enum Ending { allStepsDone = 0, runTimeError = 1, pastTheGuard = 70, lastWindowGone = 71 };
+
+class Dice {
+public:
+    explicit Dice(unsigned seed) : numbers_(seed) {}
+    int below(int limit) { return static_cast<int>(numbers_() % static_cast<unsigned>(limit)); }
+    bool oneIn(int chances) { return below(chances) == 0; }
+    template <class List>
+    auto& one(List& list) {
+        return list[static_cast<typename std::decay_t<decltype(list)>::size_type>(
+            below(static_cast<int>(list.size())))];
+    }
+
+private:
+    std::mt19937 numbers_;
+};
+
+// Answers every box and file dialog by the dice.
+class MonkeyHost : public Host {
+public:
+    MonkeyHost(std::string folder, Dice& dice) : folder_(std::move(folder)), dice_(dice) {}
+    Answer box(std::string_view, std::string_view, Buttons buttons) override {
+        if (buttons == Buttons::Ok) return Answer::Ok;
+        return dice_.oneIn(2) ? Answer::Yes : Answer::No;
+    }
+    std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return name(); }
+    std::optional<std::string> askOpenName(std::string_view) override { return name(); }
+    void startProgram(const std::string&) override {}
+    Date today() const override { return {2024, 3, 15}; }
+    const ShortDate& shortDate() const override { return shortDate_; }
+    const std::string& programDirectory() const override { return folder_; }
+    std::int16_t NoInList() const override { return 15; }
+
+private:
+    std::optional<std::string> name() {
+        if (dice_.oneIn(4)) return std::nullopt;
+        const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", ""};
+        return folder_ + names[dice_.below(5)];
+    }
+    std::string folder_;
+    Dice& dice_;
+    ShortDate shortDate_;
+};
+
+class Monkey : public QObject {
+public:
+    Monkey(Dice& dice, int steps) : dice_(dice), left_(steps) { next(); }
+    // Says how far it came, and leaves.
+    [[noreturn]] void leave(Ending ending) const {
+        std::printf("after: %s\n", qPrintable(acts_.join(QLatin1String(", "))));
+        report();
+        std::_Exit(ending);
+    }
+    void report() const {
+        std::printf("left %d\n", left_);
+        std::fflush(stdout);
+    }
+
+private:
+    // Asked for before each step: one that opens a modal window does not return before that has gone.
+    void next(int milliseconds = 0) { QTimer::singleShot(milliseconds, this, &Monkey::step); }
+
+    void step() {
+        // Not in the midst of a step, but for a modal window or a menu that it has opened.
+        const QPointer<QWidget> modal = QApplication::activeModalWidget();
+        if (busy_ && modal == modalOfStep_ && !QApplication::activePopupWidget()) return next(1);
+        const auto before = std::pair(std::exchange(busy_, true), std::exchange(modalOfStep_, modal));
+        act();
+        std::tie(busy_, modalOfStep_) = before;
+    }
+
+    void act() {
+        constexpr int signOfLife = 100;
+        if (left_-- <= 0) {
+            left_ = 0;
+            report();
+            // From here the usual way out, through all destructors: what leaks is seen.
+            for (QWidget* window : QApplication::topLevelWidgets()) window->close();
+            QCoreApplication::exit(allStepsDone);
+            return;
+        }
+        if (left_ % signOfLife == 0) report();
+        next();
+        if (QWidget* popup = QApplication::activePopupWidget()) return inPopup(*popup);
+        QWidget* window = someWindow();
+        if (!window) return;
+        switch (dice_.below(12)) {
+            case 0:
+            case 1:
+            case 2:
+            case 3:
+                return click<QAbstractButton>(*window);
+            case 4:
+            case 5:
+                return type(*window);
+            case 6:
+                return key(*window);
+            case 7:
+                return pick(*window);
+            case 8:
+                return row(*window);
+            case 9:
+                return entry(*window);
+            case 10:
+                return click<QHeaderView>(*window);
+            default:
+                if (dice_.oneIn(window->objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window->close();
+        }
+    }
+
+    QWidget* someWindow() {
+        if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+        QList<QWidget*> windows;
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible() && window->windowHandle()) windows.append(window);
+        return windows.isEmpty() ? nullptr : dice_.one(windows);
+    }
+
+    // What ends the program is chosen seldom.
+    bool leaves(const QObject& control) {
+        static const QStringList ends{"cmd_Exit",   "mnuExit",     "mnuClose", "mnuRelSup",
+                                      "mnuRelManf", "tscientific", "tstandard"};
+        return ends.contains(control.objectName()) && !dice_.oneIn(40);
+    }
+
+    template <class Control>
+    Control* some(QWidget& window) {
+        QList<Control*> controls;
+        for (Control* control : window.findChildren<Control*>())
+            if (control->isVisible() && control->isEnabled() && !leaves(*control)) controls.append(control);
+        return controls.isEmpty() ? nullptr : dice_.one(controls);
+    }
+
+    void note(const char* act, const QObject& on) {
+        constexpr qsizetype remembered = 6;
+        acts_.append(QLatin1String(act) + QLatin1Char(' ') + on.objectName());
+        if (acts_.size() > remembered) acts_.removeFirst();
+    }
+
+    void clickAt(QWidget& control, const QPoint& point, bool twice = false) {
+        note(twice ? "double click" : "click", control);
+        QWindow* const window = control.window()->windowHandle();
+        const QPoint place = control.mapTo(control.window(), point);
+        if (twice)
+            QTest::mouseDClick(window, Qt::LeftButton, {}, place);
+        else
+            QTest::mouseClick(window, dice_.oneIn(12) ? Qt::RightButton : Qt::LeftButton, {}, place);
+    }
+
+    template <class Control>
+    void click(QWidget& window) {
+        if (auto* control = some<Control>(window))
+            clickAt(*control, {dice_.below(control->width() + 1), dice_.below(control->height() + 1)});
+    }
+
+    void type(QWidget& window) {
+        static const QString texts[] = {"12", "0", "-5",    "1e308", "O'Brien",  "12abc",
+                                        "%",  "_", "Joist", "1.5",   "99999999", " 7 ",
+                                        "",   "#", "é漢",   "--",    "select;",  QString(300, 'w')};
+        QWidget* box = some<QLineEdit>(window);
+        if (!box || dice_.oneIn(6)) box = some<QTextEdit>(window);
+        if (!box) return;
+        const QPointer<QWidget> there = &window;  // anything may go with each event
+        clickAt(*box, box->rect().center());
+        if (there && there->windowHandle() && dice_.oneIn(2))
+            QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
+        for (const QChar sign : texts[dice_.below(std::size(texts))]) {
+            if (!there || !there->windowHandle()) return;
+            QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, QString(sign), Qt::NoModifier);
+        }
+    }
+
+    void key(QWidget& window) {
+        constexpr Qt::Key keys[] = {Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Delete,
+                                    Qt::Key_F1,     Qt::Key_Space,  Qt::Key_Down, Qt::Key_Up,      Qt::Key_PageDown,
+                                    Qt::Key_C,      Qt::Key_V,      Qt::Key_X,    Qt::Key_A,       Qt::Key_Z};
+        const Qt::Key pressed = keys[dice_.below(std::size(keys))];
+        note(qPrintable(QKeySequence(pressed).toString()), window);
+        QTest::keyClick(window.windowHandle(), pressed,
+                        pressed >= Qt::Key_A && pressed <= Qt::Key_Z ? Qt::ControlModifier : Qt::NoModifier);
+    }
+
+    void pick(QWidget& window) {
+        auto* list = some<QComboBox>(window);
+        if (!list || list->count() == 0) return;
+        list->setFocus();
+        if (auto* drop = qobject_cast<DropList*>(list); drop && dice_.oneIn(2))
+            drop->select(dice_.below(drop->ListCount()));
+        else
+            list->showPopup();
+    }
+
+    void row(QWidget& window) {
+        auto* list = some<QTreeWidget>(window);
+        if (!list || list->topLevelItemCount() == 0) return;
+        const QRect place = list->visualItemRect(list->topLevelItem(dice_.below(list->topLevelItemCount())));
+        if (list->viewport()->rect().contains(place.center()))
+            clickAt(*list->viewport(), {dice_.below(list->viewport()->width()), place.center().y()}, dice_.oneIn(2));
+    }
+
+    void entry(QWidget& window) {
+        QList<QAction*> entries;
+        for (QAction* action : window.findChildren<QAction*>())
+            if (!action->objectName().isEmpty() && !action->menu() && action->isVisible() && action->isEnabled() &&
+                !leaves(*action))
+                entries.append(action);
+        if (entries.isEmpty()) return;
+        QAction& chosen = *dice_.one(entries);
+        note("entry", chosen);
+        chosen.trigger();
+    }
+
+    void inPopup(QWidget& popup) {
+        QWindow* const window = popup.windowHandle();
+        if (!window) return static_cast<void>(popup.close());
+        constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape};
+        QTest::keyClick(window, keys[dice_.below(std::size(keys))]);
+    }
+
+    Dice& dice_;
+    int left_;
+    QStringList acts_;
+    bool busy_ = false;
+    QPointer<QWidget> modalOfStep_;
+};
+
+int run(int argc, char** argv, unsigned seed, int steps, const std::string& folder) {
+    TorvaneApplication application(argc, argv);
+    initPictures();
+    Dice dice(seed);
+    MonkeyHost host(folder, dice);
+    Store store(host.shortDate());
+    FileSystem files;
+    Monkey monkey(dice, steps);
+    Program program({host, store}, [&monkey](int) { monkey.leave(runTimeError); });
+    program.setErrorBox([](const RuntimeFailure& failure) {
+        std::printf("ended by %d %s: %s\n", failure.number(), failure.text().c_str(), failure.refused().c_str());
+    });
+    application.setLastNet([&monkey](const RuntimeFailure& failure) {
+        std::printf("past the guard: %d %s\n", failure.number(), failure.text().c_str());
+        monkey.leave(pastTheGuard);
+    });
+    program.onLastWindowGone([&monkey] { monkey.leave(lastWindowGone); });
+    Application screens(program, files, false,
+                        [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
+    program.guarded([&screens] { screens.mainMenu.Show(); });
+    return QApplication::exec();
+}
+
+// Runs children until all steps are done. False when one did what must never happen.
+bool watch(const QString& program, unsigned seed, int steps) {
+    constexpr int patienceMs = 60'000;
+    DataFolder data;
+    data.useSample();
+    const QString folder = QString::fromStdString(data.path());
+    QFile::copy(QStringLiteral(TORVANE_DELIVERED "/Sample.bak"), folder + "/Sample.bak");
+    QFile::copy(QStringLiteral(TORVANE_DELIVERED "/Merlin.ACS"), folder + "/Merlin.ACS");
+    int restarts = 0;
+    for (; steps > 0; ++seed, ++restarts) {
+        QProcess child;
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.setWorkingDirectory(folder);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", folder);
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        child.setProcessEnvironment(environment);
+        child.start(program, {QString::number(seed), QString::number(steps), folder});
+        QByteArray output;
+        while (child.state() != QProcess::NotRunning && child.waitForReadyRead(patienceMs)) output += child.readAll();
+        child.waitForFinished(1000);
+        const bool hangs = child.state() != QProcess::NotRunning;
+        if (hangs) child.kill();
+        output += child.readAll();
+        const int mark = static_cast<int>(output.lastIndexOf("left "));
+        const int left = mark < 0 ? steps : output.mid(mark + 5).split('\n').value(0).toInt();
+        const int ending = child.exitCode();
+        const std::string broken = data.cell("pragma integrity_check");
+        const bool good = !hangs && child.exitStatus() == QProcess::NormalExit && broken == "ok" &&
+                          (ending == allStepsDone || ending == runTimeError || ending == lastWindowGone);
+        if (ending == runTimeError || !good)
+            std::printf("seed %u, %d steps, %d left, status %d%s, database %s\n%s\n", seed, steps, left, ending,
+                        hangs ? ", hangs" : "", broken.c_str(),
+                        good ? output.mid(output.lastIndexOf("ended by")).constData() : output.constData());
+        if (!good) return false;
+        if (ending == allStepsDone) break;
+        steps = left;
+    }
+    std::printf("all steps done, %d restarts\n", restarts);
+    return true;
+}
+
+}  // namespace
+}  // namespace torvane
+
+int main(int argc, char** argv) {
+    if (argc < 3) {
+        std::fprintf(stderr, "monkey <seed> <steps>\n");
+        return 2;
+    }
+    const auto seed = static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10));
+    const int steps = std::atoi(argv[2]);
+    if (argc == 4) return torvane::run(argc, argv, seed, steps, argv[3]);
+    return torvane::watch(QFileInfo(QString::fromLocal8Bit(argv[0])).absoluteFilePath(), seed, steps) ? 0 : 1;
+}

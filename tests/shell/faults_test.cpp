@@ -1,0 +1,423 @@
+// What the database and a backup hold after each call of the disk has failed, or has been the process's last.
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "estimates/cls_order.h"
+#include "estimates/shared_notes.h"
+#include "masters/cls_category.h"
+#include "masters/cls_customer.h"
+#include "masters/cls_item.h"
+#include "masters/cls_master.h"
+#include "shell/backup.h"
+#include "support/child.h"
+#include "support/faulty_disk.h"
+#include "support/files.h"
+#include "support/record_test.h"
+
+namespace torvane {
+namespace {
+
+namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
+
+void lay(const std::string& from, const std::string& to) {
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+}
+
+constexpr Fault faults[] = {Fault::Once, Fault::Gone, Fault::Full, Fault::Killed};
+std::string nameOf(Fault fault) {
+    const char* const names[] = {"once", "for good", "full", "killed"};
+    return names[static_cast<int>(fault)];
+}
+
+// --- Copies ----------------------------------------------------------------------------------------------------------
+
+TEST(FileCopyTest, LeavesTheOldOrTheWholeNewFile) {
+    const DataFolder data;
+    const std::string from = data.path() + "/from";
+    const std::string to = data.path() + "/to";
+    std::string content;
+    for (int i = 0; i < 30000; ++i) content += std::to_string(i);  // more than one piece
+    write(from, content);
+    const std::optional<std::string> olds[] = {"old", content + content, std::nullopt};
+    for (const auto& old : olds) {
+        for (const Fault fault : {Fault::Once, Fault::Gone, Fault::Full}) {
+            int call = 0;
+            for (bool struck = true; struck;) {
+                ASSERT_LT(call, 100);
+                SCOPED_TRACE(nameOf(fault) + " at call " + std::to_string(++call));
+                fs::remove(to);
+                if (old) write(to, *old);
+                FaultyDisk disk;
+                disk.arm(fault, call);
+                const bool done = copyFile(disk, from, to);
+                struck = disk.struck();
+                EXPECT_EQ(done, !struck);
+                EXPECT_TRUE(fs::exists(to) ? bytes(to) == content || bytes(to) == old : !old && !done);
+                EXPECT_TRUE(!done || bytes(to) == content);
+                EXPECT_TRUE(fault == Fault::Gone || !fs::exists(to + ".new")) << "only a lost disk keeps the half file";
+            }
+            EXPECT_GT(call, fault == Fault::Full ? 3 : 8);
+        }
+    }
+    EXPECT_EQ(bytes(from), content);
+}
+
+TEST(FileCopyTest, KeepsThePermissionsAndWritesThroughNoLink) {
+    const DataFolder data;
+    const std::string from = data.path() + "/from";
+    const std::string to = data.path() + "/to";
+    const std::string other = data.path() + "/other";
+    FileSystem files;
+    write(from, "new");
+    write(to, "old");
+    write(other, "other");
+    ASSERT_EQ(chmod(to.c_str(), 0640), 0);
+    ASSERT_EQ(symlink(other.c_str(), (to + ".new").c_str()), 0);
+    EXPECT_TRUE(copyFile(files, from, to));
+    EXPECT_EQ(bytes(to) + bytes(other), "newother");
+    struct stat status {};
+    ASSERT_EQ(lstat(to.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, static_cast<mode_t>(S_IFREG | 0640));
+    EXPECT_FALSE(files.exists(data.path()));
+    EXPECT_FALSE(copyFile(files, from, data.path()));
+    EXPECT_FALSE(copyFile(files, data.path(), to));
+    EXPECT_EQ(bytes(to), "new");
+}
+
+// --- The actions of the program --------------------------------------------------------------------------------------
+
+// Answers every box, and notes its title.
+class NotingHost : public TestHost {
+public:
+    using TestHost::TestHost;
+    Answer box(std::string_view, std::string_view title, Buttons buttons) override {
+        said.emplace_back(title);
+        return buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
+    }
+    std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return folder + "/mine.bak"; }
+    std::optional<std::string> askOpenName(std::string_view) override { return folder + "/other.bak"; }
+    Texts said;
+};
+
+struct Mode : EstimateScreen {
+    std::string mode;
+    const std::string& estimateMode() const override { return mode; }
+    void showEstimate() override {}
+};
+
+void saveEstimate(const Environment& environment, const char* mode, std::int32_t number) {
+    Mode screen;
+    screen.mode = mode;
+    ClsOrder order(environment, screen);
+    order.OrderNo = number;
+    order.CustId = 3;
+    order.OrderDate = {2024, 3, 15};
+    order.Notes = "after";
+    for (std::int64_t item = 1; item <= 20; ++item)
+        order.ColnOrderItems().Add(item, 2.0, 1.25, std::int64_t{1}, std::int64_t{2}, 0.5, 1.5, 2.5);
+    order.Save();
+}
+
+template <class Record>
+void save(const Environment& environment, const char* flag, void (*fill)(Record&)) {
+    Record record(environment);
+    record.AddEditDel = flag;
+    fill(record);
+    record.Save();
+}
+
+struct Action {
+    const char* name;
+    void (*act)(const Environment& environment, FileSystem& files);
+    bool copies = false;  // a backup or a restore: no failure, and "Success" is the last box when all went well
+};
+void PrintTo(const Action& action, std::ostream* out) {
+    *out << action.name;
+}
+
+class FaultTest : public ::testing::TestWithParam<Action> {
+protected:
+    // The database, and it again as a process has left it that was killed in the middle of a write.
+    FaultTest() {
+        kept.useEmpty();
+        lay(kept.database(), kept.path() + "/older");
+        kept.execute("insert into Rooms (Name) values ('Restored')");
+        lay(kept.database(), at("other.bak"));
+        kept.useSample();
+        lay(kept.database(), kept.path() + "/clean");
+        Child writer([this](auto say) {
+            sqlite3* handle = nullptr;
+            sqlite3_open(kept.database().c_str(), &handle);
+            sqlite3_exec(handle,
+                         "pragma cache_size = 1; begin; update Category set CatName = 'half'; update Customer set "
+                         "CustName = 'half'; update OrderInfo set Notes = hex(zeroblob(3000))",
+                         nullptr, nullptr, nullptr);
+            say('w');
+        });
+        EXPECT_EQ(writer.heard(), 'w');
+        writer.kill();
+        EXPECT_NE(bytes(kept.database()), bytes(kept.path() + "/clean"));
+        EXPECT_GT(fs::file_size(kept.database() + "-journal"), 4096U);
+    }
+
+    std::string at(const char* name) const { return folder.path() + "/" + name; }
+    void putBack(bool hot) const {
+        lay(kept.path() + "/older", at("mine.bak"));
+        lay(hot ? kept.database() : kept.path() + "/clean", folder.database());
+        fs::remove(folder.database() + "-journal");
+        if (hot) lay(kept.database() + "-journal", folder.database() + "-journal");
+    }
+    Texts filesThere() const { return filesIn(folder.path()); }
+
+    // All that the database and the backup hold, by the engine itself.
+    static std::string contentOf(const std::string& file) {
+        sqlite3* handle = nullptr;
+        EXPECT_EQ(sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+        std::string all;
+        const auto collect = [](void* into, int count, char** cells, char**) {
+            for (int i = 0; i < count; ++i)
+                static_cast<std::string*>(into)->append(cells[i] ? cells[i] : "~").append("|");
+            return 0;
+        };
+        const auto read = [&](const std::string& sql) {
+            EXPECT_EQ(sqlite3_exec(handle, sql.c_str(), collect, &all, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+        };
+        read("pragma integrity_check");
+        EXPECT_EQ(all, "ok|") << file;
+        for (const char* table : {"OrderInfo", "OrderItem", "Item", "Category", "Customer", "Rooms", "BlankNotes"})
+            read(std::string("select rowid, * from ") + table);
+        sqlite3_close(handle);
+        return all;
+    }
+    std::string state() const {
+        return contentOf(folder.database()) + (GetParam().copies ? contentOf(at("mine.bak")) : "");
+    }
+
+    struct Outcome {
+        bool struck = false;
+        bool well = false;
+    };
+    // Acts over a database that stands open already and gets its content, perhaps with a journal, under it.
+    // What comes of a failure is done on the failing disk.
+    Outcome act(Fault fault, int call, bool hot) {
+        const Outcome outcome = actArmed(fault, call, hot);
+        disk.disarm();
+        return outcome;
+    }
+    Outcome actArmed(Fault fault, int call, bool hot) {
+        NotingHost host(folder.path());
+        Store store;
+        Connection main(store);
+        main.open(connectionText(folder.path()));
+        putBack(hot);
+        disk.arm(fault, call);
+        Outcome outcome;
+        try {
+            GetParam().act({host, store}, disk);
+            outcome.well = !GetParam().copies || (!host.said.empty() && host.said.back() == "Success");
+        } catch (const RuntimeFailure&) {
+            EXPECT_FALSE(GetParam().copies);
+        }
+        outcome.struck = disk.struck();
+        if (fault == Fault::Once && GetParam().copies) {
+            disk.disarm();
+            EXPECT_EQ(roomsBy(main), folder.cell("select max(Name) from Rooms")) << "by the connection that stands";
+        }
+        return outcome;
+    }
+    Outcome actAndBeKilled(int call, bool hot) {
+        Child child([&](auto say) { say(act(Fault::Killed, call, hot).well ? 'w' : 'f'); });
+        const char sign = child.heard();
+        child.kill();
+        return {sign == 0, sign == 'w'};
+    }
+    static std::string roomsBy(Connection& connection) {
+        Recordset rows;
+        rows.open("select max(Name) from Rooms", connection);
+        return textOf(rows.field(0));
+    }
+    // The next start of the program; the user does again what can be done again.
+    void startAnew() {
+        NotingHost host(folder.path());
+        Store store;
+        Connection main(store);
+        main.open(connectionText(folder.path()));
+        main.execute("insert into Units (Name) values ('anew')");
+        if (GetParam().copies) GetParam().act({host, store}, disk);
+    }
+
+    FaultyDisk disk;
+    DataFolder kept;
+    DataFolder folder;
+};
+
+TEST_P(FaultTest, LeavesTheOldOrTheNew) {
+    putBack(false);
+    const std::string before = state();
+    EXPECT_TRUE(act(Fault::Once, 100000, false).well);
+    const std::string after = state();
+    ASSERT_NE(before, after);
+    const Texts files = filesThere();
+
+    for (const bool hot : {false, true}) {
+        // The calls that play a journal back come before every action; once is enough for each of them.
+        const int stride = hot && !GetParam().copies ? 7 : 1;
+        for (const Fault fault : faults) {
+            int asBefore = 0;
+            bool struck = true;
+            for (int call = 1; struck; call += stride) {
+                ASSERT_LT(call, 500);
+                SCOPED_TRACE(nameOf(fault) + " at call " + std::to_string(call) + (hot ? " over a journal" : ""));
+                const Outcome outcome = fault == Fault::Killed ? actAndBeKilled(call, hot) : act(fault, call, hot);
+                struck = outcome.struck;
+                EXPECT_TRUE(struck || outcome.well);
+                if (!GetParam().copies) startAnew();
+                const std::string now = state();
+                asBefore += now == before;
+                EXPECT_TRUE(now == after || (now == before && !outcome.well));
+                if (GetParam().copies) {
+                    startAnew();
+                    EXPECT_TRUE(state() == after);
+                }
+                EXPECT_EQ(filesThere(), files);
+                if (HasFailure()) return;
+            }
+            EXPECT_GT(asBefore, 0);
+        }
+    }
+}
+
+class CopyTest : public FaultTest {};
+
+TEST_P(CopyTest, KilledAtAnyTimeLeavesTheOldOrTheNew) {
+    const std::string clean = kept.path() + "/clean";
+    for (const std::string& file : {clean, at("other.bak")}) {
+        lay(file, folder.database());
+        folder.execute("update BlankNotes set Notes = hex(randomblob(3000000))");  // many pieces
+        lay(folder.database(), file);
+    }
+    putBack(false);
+    const std::string before = state();
+    startAnew();
+    const std::string after = state();
+    const Texts files = filesThere();
+    constexpr int points = 30;
+    int asBefore = 0;
+    FileSystem flushing;
+    killAtPoints(
+        points, [&] { putBack(false); },
+        [&](auto begun) {
+            NotingHost host(folder.path());
+            Store store;
+            begun();
+            GetParam().act({host, store}, flushing);
+        },
+        [&](int point) {
+            const std::string now = state();
+            EXPECT_TRUE(now == after || (now == before && point < points)) << "killed at point " << point;
+            asBefore += now == before;
+            EXPECT_LE(filesThere().size(), files.size() + 1) << "what was begun stays once at most";
+            startAnew();
+            EXPECT_TRUE(state() == after);
+            EXPECT_EQ(filesThere(), files);
+        });
+    EXPECT_GT(asBefore, 0) << "none was killed before its end";
+}
+
+TEST_P(CopyTest, LeavesAloneWhatIsProtected) {
+    const struct {
+        const char* file;
+        mode_t mode;
+        bool backup;  // whether it is made all the same
+        bool restore;
+    } rows[] = {{"", 0777, true, true},
+                {"", 0555, false, false},
+                {"mine.bak", 0444, false, true},
+                {"other.bak", 0000, true, false},
+                {"Larkfen.mdb", 0444, true, false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.file) + " " + std::to_string(row.mode));
+        putBack(false);
+        const std::string before = state();
+        for (const char* name : {"mine.bak", "other.bak", "Larkfen.mdb"}) EXPECT_EQ(chmod(at(name).c_str(), 0666), 0);
+        EXPECT_EQ(chmod(folder.path().c_str(), 0777), 0);
+        EXPECT_EQ(chmod(at(row.file).c_str(), row.mode), 0);
+        Child user([&](auto say) {
+            constexpr uid_t nobody = 65534;  // whom permissions bind
+            if (geteuid() == 0 && setuid(nobody) != 0) return;
+            NotingHost host(folder.path());
+            Store store;
+            GetParam().act({host, store}, disk);
+            say(!host.said.empty() && host.said.back() == "Success" ? 's' : 'f');
+        });
+        const bool done = GetParam().act == takeBackup ? row.backup : row.restore;
+        EXPECT_EQ(user.heard(), done ? 's' : 'f');
+        EXPECT_EQ(chmod(folder.path().c_str(), 0777), 0);
+        for (const auto& one : fs::directory_iterator(folder.path())) EXPECT_EQ(chmod(one.path().c_str(), 0666), 0);
+        EXPECT_EQ(state() == before, !done);
+        EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "mine.bak", "other.bak"}));
+    }
+}
+
+const Action copies[] = {{"backup", takeBackup, true}, {"restore", restoreBackup, true}};
+const auto nameOfAction = [](const auto& one) { return std::string(one.param.name); };
+
+INSTANTIATE_TEST_SUITE_P(Copies, FaultTest, ::testing::ValuesIn(copies), nameOfAction);
+INSTANTIATE_TEST_SUITE_P(Copies, CopyTest, ::testing::ValuesIn(copies), nameOfAction);
+INSTANTIATE_TEST_SUITE_P(
+    Actions, FaultTest,
+    ::testing::Values(Action{"saveNewEstimate", [](const auto& with, auto&) { saveEstimate(with, "A", 77); }},
+                      Action{"saveEditedEstimate", [](const auto& with, auto&) { saveEstimate(with, "E", 2); }},
+                      Action{"deleteEstimate",
+                             [](const auto& with, auto&) {
+                                 Mode screen;
+                                 ClsOrder order(with, screen);
+                                 order.OrderNo = 2;
+                                 order.AddEditDel = "D";
+                                 order.Delete();
+                             }},
+                      Action{"writePriceBack",
+                             [](const auto& with, auto&) { ClsItem(with).Updatematerialprice(1, "9.75"); }},
+                      Action{"addCategory",
+                             [](const auto& with, auto&) {
+                                 save<clsCategory>(with, "A", [](auto& category) { category.Catname = "New"; });
+                             }},
+                      Action{"editCategory",
+                             [](const auto& with, auto&) {
+                                 save<clsCategory>(with, "E", [](auto& category) {
+                                     category.Catid = 1;
+                                     category.Catname = "Renamed";
+                                 });
+                             }},
+                      Action{"addCustomer",
+                             [](const auto& with, auto&) {
+                                 save<ClsCustomer>(with, "A", [](auto& customer) { customer.CustName = "New"; });
+                             }},
+                      Action{"editCustomer",
+                             [](const auto& with, auto&) {
+                                 save<ClsCustomer>(with, "E", [](auto& customer) {
+                                     customer.CustId = 1;
+                                     customer.CustName = "Renamed";
+                                 });
+                             }},
+                      Action{"addName",
+                             [](const auto& with, auto&) {
+                                 save<clsMaster>(with, "A", [](auto& name) {
+                                     name.Mastertable = "Rooms";
+                                     name.Name = "Porch";
+                                 });
+                             }},
+                      Action{"writeNotes",
+                             [](const auto& with, auto&) {
+                                 Connection connection(with.store);
+                                 connection.open(connectionText(with.host.programDirectory()));
+                                 writeSharedNotes(connection, "It's after.");
+                             }}),
+    nameOfAction);
+
+}  // namespace
+}  // namespace torvane

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <thread>
+
+namespace torvane {
+
+// A process that has this one's memory; it tells by signs how far it is, and is killed with the object.
+class Child {
+public:
+    // `work` may call say() with signs; it must use neither windows nor the test's own files. The process waits for its
+    // end afterwards.
+    template <class Work>
+    explicit Child(Work work) {
+        int ends[2];
+        EXPECT_EQ(pipe(ends), 0);
+        id_ = fork();
+        if (id_ == 0) {
+            const auto say = [&](char sign) {
+                if (::write(ends[1], &sign, 1) != 1) _exit(2);
+            };
+            try {
+                work(say);
+            } catch (const std::exception& failure) {
+                std::fprintf(stderr, "the child met: %s\n", failure.what());
+                _exit(1);
+            }
+            for (;;) pause();
+        }
+        ::close(ends[1]);
+        output_ = ends[0];
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+    ~Child() {
+        if (id_ > 0) kill();
+        ::close(output_);
+    }
+    // The next sign; 0 when the process has ended without one.
+    char heard() const {
+        char sign = 0;
+        return ::read(output_, &sign, 1) == 1 ? sign : '\0';
+    }
+    void kill() {
+        ::kill(id_, SIGKILL);
+        int status = 0;
+        EXPECT_EQ(waitpid(id_, &status, 0), id_);
+        EXPECT_TRUE(WIFSIGNALED(status)) << "ended before it was killed";
+        id_ = -1;
+    }
+
+private:
+    pid_t id_ = -1;
+    int output_ = -1;
+};
+
+// Runs `work` in a process to its end, and then again for each of so many points of the time that it took, killed
+// there. It gets a function to call where the time begins. `prepare` comes before each run and `look` after it, with
+// the point of the kill, which is `points` when there was none.
+template <class Prepare, class Work, class Look>
+void killAtPoints(int points, Prepare prepare, Work work, Look look) {
+    std::chrono::microseconds whole{};
+    for (int point = points; point >= 0; --point) {
+        prepare();
+        {
+            Child child([&](auto say) {
+                work([&] { say('b'); });
+                say('e');
+            });
+            ASSERT_EQ(child.heard(), 'b');
+            const auto start = std::chrono::steady_clock::now();
+            if (point < points) {
+                std::this_thread::sleep_for(whole * point / points);
+            } else {
+                ASSERT_EQ(child.heard(), 'e');
+                whole = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
+            }
+            child.kill();
+        }
+        look(point);
+    }
+}
+
+}  // namespace torvane
