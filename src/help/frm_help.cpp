@@ -80,6 +80,8 @@ void frmHelp::showPage(int context) {
 void frmHelp::Form_Load() {
     book_ = std::make_unique<HelpBook>(helpFile_);
     ui().Page->setBook(book_.get());
+    constexpr int pageMargin = 14;
+    ui().Page->document()->setDocumentMargin(pageMargin);
     addSections(*ui().TreeContents->invisibleRootItem(), book_->contents());
     for (int row = 0; row < ui().TreeContents->topLevelItemCount(); ++row)
         ui().TreeContents->topLevelItem(row)->setExpanded(true);

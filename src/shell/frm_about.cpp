@@ -17,6 +17,7 @@ void frmAbout::Form_Load() {
         picture(QStringLiteral("program")).pixmap(QSize(pictureSize, pictureSize), window().devicePixelRatioF()));
     ui().txtFolder->setText(program().host().programDirectory());
     ui().lblVersions->setText(QStringLiteral("Qt %1").arg(QLatin1String(qVersion())));
+    ui().cmdClose->setFocus();
     program().StartUp(*this);
 }
 

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -76,13 +77,13 @@ private:
         }
     }
 
-    void picture(QWidget& window, const char* name) {
+    void picture(QWidget& window, const char* name, const QRect& part = {}) {
         pause();
         const QString file = QStringLiteral("%1/%2-%3.png")
                                  .arg(folder_)
                                  .arg(++number_, 2, 10, QLatin1Char('0'))
                                  .arg(QLatin1String(name));
-        if (!window.grab().save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
+        if (!window.grab(part.isNull() ? window.rect() : part).save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
         std::printf("%s\n", qPrintable(file));
     }
 
@@ -419,9 +420,19 @@ private:
                 if (tab->text() == QLatin1String("Foundation Concrete Calculator")) computeFoundation(window);
                 QWidget& shown = screens_.scientific.loaded() ? screens_.scientific.window() : window;
                 picture(shown, qPrintable(tab->text().toLower().replace(QLatin1Char(' '), QLatin1Char('-'))));
+                panel(window);
             }
             click(window, "Command2");
         }
+    }
+
+    // The controls of the panel that shows, by the name of its frame: what the help book has of it.
+    void panel(QWidget& window) {
+        constexpr int margin = 8;
+        for (QWidget* frame : window.findChildren<QWidget*>(QRegularExpression(QStringLiteral("^frmTab"))))
+            if (frame->isVisible())
+                picture(*frame, qPrintable(frame->objectName()),
+                        frame->childrenRect().adjusted(-margin, -margin, margin, margin) & frame->rect());
     }
 
     void help() {
