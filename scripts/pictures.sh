@@ -4,7 +4,7 @@
 set -euo pipefail
 tour=$1
 help=$(cd "$(dirname "$0")/../help" && pwd)
-widest=700
+widest=660
 
 # The place of a picture in one of the tour, as width x height + left + top; the whole one for most.
 part_of() {

@@ -21,8 +21,8 @@ struct HelpSection {
     std::vector<HelpSection> below;
 };
 
-// The help book: a compressed Qt help file, opened for reading only. What the engine keeps besides goes into a temporary
-// folder of its own, which leaves with the book.
+// The help book: a compressed Qt help file, opened for reading only. What the engine keeps besides goes into a
+// temporary folder of its own, which leaves with the book.
 class HelpBook {
 public:
     // Failure::FileNotFound when there is no such file; another failure, with its words, when it is no help book.

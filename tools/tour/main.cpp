@@ -83,7 +83,8 @@ private:
                                  .arg(folder_)
                                  .arg(++number_, 2, 10, QLatin1Char('0'))
                                  .arg(QLatin1String(name));
-        if (!window.grab(part.isNull() ? window.rect() : part).save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
+        if (!window.grab(part.isNull() ? window.rect() : part).save(file))
+            stop(QStringLiteral("%1 can't be written").arg(file));
         std::printf("%s\n", qPrintable(file));
     }
 
