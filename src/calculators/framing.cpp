@@ -150,8 +150,7 @@ constexpr PanelControl boardFoot[] = {
     {Result, "txtTab11_11", "Total BF : ", 6, 3},
     {Help, "cmdHelp2_11",
      "This calculator will give you the board foot measure for 3 standard sizes of wood and 1 custom size. Input "
-     "values "
-     "as stated.",
+     "values as stated.",
      6, 1},
 };
 
@@ -206,8 +205,7 @@ constexpr PanelControl rafterAngle[] = {
     {Help, "cmdHelp2_12",
      "This calculator will give you the angles and lengths needed for hand framing your roof. When asked for decimal "
      "feet input values such as 12.5 for 12 feet -6 inches. The Hip Roof checkbox is not functional at this time so "
-     "the "
-     "calculator will output all values. Input values as stated.",
+     "the calculator will output all values. Input values as stated.",
      5, 1},
 };
 
@@ -262,12 +260,10 @@ constexpr PanelControl squareHouse[] = {
     {.kind = Button, .name = "cmdTab16", .label = "Compute", .row = 2, .compute = cmdTab16},
     {Result, "txtTab16_7", "Side 3 Length (hypotenuse)", 3, 0},
     {Help, "cmdHelp2_16",
-     "A user has requested this calculator for the instances where the 3-4-5 method just doesn't work. This calculator "
-     "will give you the hypotenuse of a triangle. Input the length of 2 sides of a triangle, in feet, and the "
-     "calculator "
-     "will output the 3rd side (hypotenuse) in decimal feet. This of course only works for a right triangle. This can "
-     "be "
-     "helpful when pulling square for concrete forms, walls, or floor and roof sheathing.",
+     "A user has requested this calculator for the instances where the 3-4-5 method just doesn't work. This "
+     "calculator will give you the hypotenuse of a triangle. Input the length of 2 sides of a triangle, in feet, and "
+     "the calculator will output the 3rd side (hypotenuse) in decimal feet. This of course only works for a right "
+     "triangle. This can be helpful when pulling square for concrete forms, walls, or floor and roof sheathing.",
      2, 1},
 };
 

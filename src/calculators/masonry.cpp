@@ -216,10 +216,9 @@ constexpr PanelControl foundationConcrete[] = {
     {Result, "txtTab8_14", "Total Concrete Cost", 14, 0, {}, "$"},
     {Help, "cmdHelp2_8",
      "This calculator will give you the total cubic yards for footings and stem walls. It assumes a concentric stem "
-     "wall "
-     "and footing (midline is same). Add factors are general, as is labor factor. This estimator is by no means "
-     "perfect, it will provide an estimate to check actual estimates. The values and formula will solve for any closed "
-     "polygonal plan. The values will be rounded up to nearest whole number.",
+     "wall and footing (midline is same). Add factors are general, as is labor factor. This estimator is by no means "
+     "perfect, it will provide an estimate to check actual estimates. The values and formula will solve for any "
+     "closed polygonal plan. The values will be rounded up to nearest whole number.",
      8, 1},
 };
 
@@ -245,9 +244,8 @@ constexpr PanelControl circularVolumes[] = {
     {Help, "cmdHelp2_14",
      "This calculator will give you the total cubic yards for circular slabs or circular columns. Input values as "
      "stated. Assumes a constant diameter. There are no add factors - this is neatline quantities. This estimator is "
-     "by "
-     "no means perfect, it will only give a ballpark estimate to check actual estimates. The values and formula will "
-     "solve for any circular plan. The values will be rounded up to nearest whole number.",
+     "by no means perfect, it will only give a ballpark estimate to check actual estimates. The values and formula "
+     "will solve for any circular plan. The values will be rounded up to nearest whole number.",
      3, 1},
 };
 
