@@ -23,6 +23,7 @@ const std::map<std::string, Rooms> allowed = {
     {"conversions", {"values"}},
     {"platform", {"values", "host", "datastore"}},
     {"assistant", {"values", "host", "platform"}},
+    {"help", {"values", "host", "platform"}},
     {"calculators/screens", {"values", "host", "datastore", "calculators", "platform"}},
     {"conversions/screens", {"conversions", "platform"}},
     {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
@@ -30,7 +31,7 @@ const std::map<std::string, Rooms> allowed = {
     {"estimates/screens",
      {"values", "host", "datastore", "masters", "estimates", "platform", "masters/screens", "reports/screens"}},
     {"shell",
-     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "calculators",
+     {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "help", "calculators",
       "calculators/screens", "masters/screens", "estimates/screens", "reports/screens"}},
 };
 const Rooms belowTheQtLine = {"values",    "host",    "datastore",   "masters",

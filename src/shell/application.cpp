@@ -4,7 +4,9 @@ namespace torvane {
 
 Application::Application(Program& program, FileSystem& files, bool previousInstance,
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
-    : reports(program),
+    : help(program),
+      about(program),
+      reports(program),
       reportPrompt(program, reports),
       calculators2(program, calculatorGroup2()),
       calculators3(program, calculatorGroup3()),
@@ -31,8 +33,12 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
                        master,
                        reportPrompt,
                        reports,
+                       help,
+                       about,
                        {&calculators1, &calculators2, &calculators3, &calculators4}},
                files, previousInstance, std::move(loadAssistant)) {
+    program.setHelp([this](int context) { help.showPage(context); });
+    scientific.setAbout([this] { about.Show(); });
     order.setCustomerList(customer);
     order.setCompanions(orderNo, itemSheet, {&calculators1, &calculators2, &calculators3, &calculators4});
 }

@@ -12,6 +12,7 @@
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
 #include "estimates/screens/frm_orders.h"
+#include "help/frm_help.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
 #include "masters/screens/frm_item.h"
@@ -19,6 +20,7 @@
 #include "platform/program.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/frm_rpt_orders.h"
+#include "shell/frm_about.h"
 #include "shell/frm_main_menu.h"
 
 namespace torvane {
@@ -28,6 +30,8 @@ struct Application {
     Application(Program& program, FileSystem& files, bool previousInstance,
                 std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
+    frmHelp help;
+    frmAbout about;
     DataReports reports;
     frmRptOrders reportPrompt;
     CalculatorWindow calculators2;

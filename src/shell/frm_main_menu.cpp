@@ -14,15 +14,18 @@
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
 #include "estimates/screens/frm_orders.h"
+#include "help/frm_help.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"
 #include "masters/screens/frm_item.h"
 #include "masters/screens/frm_master.h"
 #include "platform/controls.h"
+#include "platform/help_contexts.h"
 #include "platform/pictures.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/frm_rpt_orders.h"
 #include "shell/backup.h"
+#include "shell/frm_about.h"
 #include "shell/menu_tree.h"
 
 namespace torvane {
@@ -210,7 +213,8 @@ void frmMainMenu::Form_Load() {
     merlin.Speak("Welcome to Torvane Construction Estimator");
     setWorkingMenusVisible(true);
     merlin.Hide();
-    setHelpContext(1);
+    screens_.help.setHelpFile(program().host().programDirectory() + "/LARKFENVERSION2.HLP");
+    setHelpContext(HelpContext::mainWindow);
 }
 
 void frmMainMenu::ActivateMerlin() {
@@ -228,10 +232,6 @@ void frmMainMenu::Form_Unload() {
 
 void frmMainMenu::onEntry(std::string_view name, std::function<void()> handler) {
     on(*this, entries_.value(qstring(name)), &QAction::triggered, std::move(handler));
-}
-
-void frmMainMenu::notThereYet(std::string_view name, std::string_view what) {
-    onEntry(name, [this, text = std::string(what) + " not there yet."] { program().speakHelp(text); });
 }
 
 void frmMainMenu::connectEntries() {
@@ -280,10 +280,9 @@ void frmMainMenu::connectEntries() {
         onEntry(calculator.entry, [this, &calculator] { openCalculator(calculator); });
     onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
     onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
-    notThereYet("mnuHelpContents", "The help book is");
-    notThereYet("mnuHelpSearch", "The search in the help book is");
-    notThereYet("mnuHelpAbout", "The about window is");
-    program().setHelp([this](int) { program().speakHelp("The help book is not there yet."); });
+    onEntry("mnuHelpContents", [this] { screens_.help.showContents(); });
+    onEntry("mnuHelpSearch", [this] { screens_.help.showSearch(); });
+    onEntry("mnuHelpAbout", [this] { screens_.about.Show(); });
 }
 
 void frmMainMenu::openCalculator(const CalculatorEntry& calculator) {

@@ -29,6 +29,8 @@ class FrmOrderNo;
 class frmOrders;
 class frmRptOrders;
 class DataReports;
+class frmAbout;
+class frmHelp;
 
 // The screens that the main window opens.
 struct Screens {
@@ -42,6 +44,8 @@ struct Screens {
     frmMaster& master;
     frmRptOrders& reportPrompt;
     DataReports& reports;
+    frmHelp& help;
+    frmAbout& about;
     std::array<CalculatorWindow*, 4> calculators;
 };
 
@@ -67,7 +71,6 @@ private:
     void connectEntries();
     void onEntry(std::string_view name, std::function<void()> handler);
     void openCalculator(const CalculatorEntry& calculator);
-    void notThereYet(std::string_view name, std::string_view what);
     void setWorkingMenusVisible(bool visible);
     void ActivateMerlin();
     void popUp(QWidget& button, std::string_view menu);

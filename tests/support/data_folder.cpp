@@ -48,6 +48,10 @@ void DataFolder::useSample() {
                                std::filesystem::copy_options::overwrite_existing);
 }
 
+void DataFolder::useHelpBook() {
+    std::filesystem::copy_file(TORVANE_DELIVERED "/LARKFENVERSION2.HLP", helpBook());
+}
+
 void DataFolder::execute(std::string_view statements) const {
     const Handle handle(database());
     char* message = nullptr;

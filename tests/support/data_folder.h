@@ -21,6 +21,9 @@ public:
     // Puts a delivered file in place: the empty database, or the sample business.
     void useEmpty();
     void useSample();
+    // Puts the help book beside it.
+    void useHelpBook();
+    std::string helpBook() const { return path_ + "/LARKFENVERSION2.HLP"; }
 
     // Carries out statements; a failure fails the test.
     void execute(std::string_view statements) const;

@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -70,6 +71,7 @@ public:
         notesArea();
         reports();
         calculators();
+        help();
     }
 
 private:
@@ -86,13 +88,14 @@ private:
         }
     }
 
-    void picture(QWidget& window, const char* name) {
+    void picture(QWidget& window, const char* name, const QRect& part = {}) {
         pause();
         const QString file = QStringLiteral("%1/%2-%3.png")
                                  .arg(folder_)
                                  .arg(++number_, 2, 10, QLatin1Char('0'))
                                  .arg(QLatin1String(name));
-        if (!window.grab().save(file)) stop(QStringLiteral("%1 can't be written").arg(file));
+        if (!window.grab(part.isNull() ? window.rect() : part).save(file))
+            stop(QStringLiteral("%1 can't be written").arg(file));
         std::printf("%s\n", qPrintable(file));
     }
 
@@ -429,9 +432,32 @@ private:
                 if (tab->text() == QLatin1String("Foundation Concrete Calculator")) computeFoundation(window);
                 QWidget& shown = screens_.scientific.loaded() ? screens_.scientific.window() : window;
                 picture(shown, qPrintable(tab->text().toLower().replace(QLatin1Char(' '), QLatin1Char('-'))));
+                panel(window);
             }
             click(window, "Command2");
         }
+    }
+
+    // The controls of the panel that shows, by the name of its frame: what the help book has of it.
+    void panel(QWidget& window) {
+        constexpr int margin = 8;
+        for (QWidget* frame : window.findChildren<QWidget*>(QRegularExpression(QStringLiteral("^frmTab"))))
+            if (frame->isVisible())
+                picture(*frame, qPrintable(frame->objectName()),
+                        frame->childrenRect().adjusted(-margin, -margin, margin, margin) & frame->rect());
+    }
+
+    void help() {
+        entry(mainMenu(), "mnuHelpAbout");
+        pause();
+        picture(screens_.about.window(), "about");
+        click(screens_.about.window(), "cmdClose");
+        screens_.help.showPage(screens_.order.helpContext());
+        picture(screens_.help.window(), "help");
+        screens_.help.showSearch();
+        type(screens_.help.window(), "txtSearch", QStringLiteral("concrete"));
+        picture(screens_.help.window(), "help-search");
+        click(screens_.help.window(), "cmdClose");
     }
 
     Application& screens_;

@@ -1,10 +1,13 @@
 #include "estimates/screens/frm_blank.h"
 
 #include "estimates/shared_notes.h"
+#include "platform/help_contexts.h"
 
 namespace torvane {
 
-frmBlank::frmBlank(Program& program) : FormOf(program, "frmBlank") {}
+frmBlank::frmBlank(Program& program) : FormOf(program, "frmBlank") {
+    setHelpContext(HelpContext::notesArea);
+}
 
 void frmBlank::Form_Load() {
     const Program::Doing doing(program(), "reading the notes");

@@ -4,6 +4,7 @@
 #include "estimates/screens/frm_order.h"
 #include "masters/cls_master.h"
 #include "platform/fill_names.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -16,7 +17,9 @@ constexpr int roomIdColumn = 9;
 
 }  // namespace
 
-frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList"), orderScreen_(order) {}
+frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList"), orderScreen_(order) {
+    setHelpContext(HelpContext::itemSheet);
+}
 
 clsCategory& frmList::Category() {
     if (!category_) category_ = std::make_unique<clsCategory>(program().environment());

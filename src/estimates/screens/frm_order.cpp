@@ -5,6 +5,7 @@
 #include "masters/screens/frm_customer.h"
 #include "platform/fill_names.h"
 #include "platform/focus_watcher.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -107,7 +108,7 @@ void frmOrder::Form_Load() {
     placeNotes();
     if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
-    setHelpContext(12);
+    setHelpContext(HelpContext::estimate);
     ui().TxtDate->setValue(program().host().today());
     InitListView();
     FillRooms();

@@ -1,11 +1,14 @@
 #include "estimates/screens/frm_order_no.h"
 
 #include "estimates/screens/frm_order.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-FrmOrderNo::FrmOrderNo(Program& program, frmOrder& order) : FormOf(program, "FrmOrderNo"), orderScreen_(order) {}
+FrmOrderNo::FrmOrderNo(Program& program, frmOrder& order) : FormOf(program, "FrmOrderNo"), orderScreen_(order) {
+    setHelpContext(HelpContext::estimateNumber);
+}
 
 void FrmOrderNo::Form_Load() {
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });

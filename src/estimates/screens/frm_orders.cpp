@@ -1,11 +1,14 @@
 #include "estimates/screens/frm_orders.h"
 
 #include "estimates/screens/frm_order.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-frmOrders::frmOrders(Program& program, frmOrder& order) : FormOf(program, "frmOrders"), orderScreen_(order) {}
+frmOrders::frmOrders(Program& program, frmOrder& order) : FormOf(program, "frmOrders"), orderScreen_(order) {
+    setHelpContext(HelpContext::searchEstimate);
+}
 
 ClsOrder& frmOrders::Order() {
     if (!order_) order_ = std::make_unique<ClsOrder>(program().environment(), orderScreen_);

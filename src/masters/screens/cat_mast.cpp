@@ -1,6 +1,7 @@
 #include "masters/screens/cat_mast.h"
 
 #include "masters/screens/frm_category.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -14,7 +15,9 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
     cmbParent.select(0);
 }
 
-CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), list_(list) {}
+CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), list_(list) {
+    setHelpContext(HelpContext::categoryForm);
+}
 
 clsCategory& CatMast::Cat() {
     if (!cat_) cat_ = std::make_unique<clsCategory>(program().environment());

@@ -2,11 +2,14 @@
 
 #include "masters/screens/frm_customer.h"
 #include "platform/fill_names.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-CustMast::CustMast(Program& program, frmCustomer& list) : FormOf(program, "CustMast"), list_(list) {}
+CustMast::CustMast(Program& program, frmCustomer& list) : FormOf(program, "CustMast"), list_(list) {
+    setHelpContext(HelpContext::customerForm);
+}
 
 ClsCustomer& CustMast::Cust() {
     if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().environment());

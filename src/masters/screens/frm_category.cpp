@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "masters/screens/category_pick.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -25,7 +26,9 @@ std::string_view guidance(std::string_view which) {
 
 }  // namespace
 
-frmCategory::frmCategory(Program& program) : FormOf(program, "frmCategory"), catMast_(program, *this) {}
+frmCategory::frmCategory(Program& program) : FormOf(program, "frmCategory"), catMast_(program, *this) {
+    setHelpContext(HelpContext::categories);
+}
 
 clsCategory& frmCategory::Cat() {
     if (!cat_) cat_ = std::make_unique<clsCategory>(program().environment());

@@ -4,12 +4,15 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 frmCustomer::frmCustomer(Program& program, CustomerPick& pick)
-    : FormOf(program, "frmCustomer"), pick_(pick), custMast_(program, *this) {}
+    : FormOf(program, "frmCustomer"), pick_(pick), custMast_(program, *this) {
+    setHelpContext(HelpContext::customers);
+}
 
 ClsCustomer& frmCustomer::Cust() {
     if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().environment());

@@ -3,12 +3,15 @@
 #include <QMenu>
 #include <utility>
 
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 frmItem::frmItem(Program& program, frmCategory& categories)
-    : FormOf(program, "frmItem"), itemMast_(program, *this, categories) {}
+    : FormOf(program, "frmItem"), itemMast_(program, *this, categories) {
+    setHelpContext(HelpContext::items);
+}
 
 ClsItem& frmItem::Item() {
     if (!item_) item_ = std::make_unique<ClsItem>(program().environment());

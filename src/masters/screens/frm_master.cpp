@@ -2,11 +2,14 @@
 
 #include <QLabel>
 
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-frmMaster::frmMaster(Program& program) : FormOf(program, "frmMaster") {}
+frmMaster::frmMaster(Program& program) : FormOf(program, "frmMaster") {
+    setHelpContext(HelpContext::names);
+}
 
 void frmMaster::Form_Load() {
     const auto click = [this](QAbstractButton* button, void (frmMaster::*handler)()) {

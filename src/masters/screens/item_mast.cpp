@@ -5,12 +5,14 @@
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
 #include "platform/fill_names.h"
+#include "platform/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
     : FormOf(program, "ItemMast"), list_(list), categories_(categories) {
+    setHelpContext(HelpContext::itemForm);
     categories_.setPick(*this);
 }
 

@@ -1,13 +1,15 @@
 #include "reports/screens/data_reports.h"
 
+#include "platform/help_contexts.h"
+
 namespace torvane {
 
 DataReports::DataReports(Program& program)
     : program_(program),
       data_(program.environment()),
-      DataReport1_(program, "DataReport1"),
-      DataReport2_(program, "DataReport2"),
-      DataReport3_(program, "DataReport3") {}
+      DataReport1_(program, "DataReport1", HelpContext::estimatesReport),
+      DataReport2_(program, "DataReport2", HelpContext::customersReport),
+      DataReport3_(program, "DataReport3", HelpContext::proposal) {}
 
 void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows) {
     const Program::Doing doing(program_, "showing the report");

@@ -1,11 +1,14 @@
 #include "reports/screens/frm_rpt_orders.h"
 
+#include "platform/help_contexts.h"
 #include "reports/screens/data_reports.h"
 
 namespace torvane {
 
 frmRptOrders::frmRptOrders(Program& program, DataReports& reports)
-    : FormOf(program, "frmRptOrders"), reports_(reports) {}
+    : FormOf(program, "frmRptOrders"), reports_(reports) {
+    setHelpContext(HelpContext::reportPrompt);
+}
 
 void frmRptOrders::Form_Load() {
     on(*this, ui().Command1, &QAbstractButton::clicked,

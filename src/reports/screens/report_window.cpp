@@ -21,7 +21,9 @@ constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};
 
 }  // namespace
 
-ReportWindow::ReportWindow(Program& program, const char* name) : FormOf(program, name) {}
+ReportWindow::ReportWindow(Program& program, const char* name, int helpContext) : FormOf(program, name) {
+    setHelpContext(helpContext);
+}
 
 void ReportWindow::Form_Load() {
     const auto click = [this](QAbstractButton* button, auto handler) {

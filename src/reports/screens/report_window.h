@@ -15,7 +15,7 @@ namespace torvane {
 // window stands open fills and raises that window.
 class ReportWindow : public FormOf<Ui::ReportWindow> {
 public:
-    ReportWindow(Program& program, const char* name);
+    ReportWindow(Program& program, const char* name, int helpContext);
 
     void showReport(std::shared_ptr<const ReportPages> pages);
 

@@ -1,0 +1,24 @@
+#include "shell/frm_about.h"
+
+#include "host/host.h"
+#include "platform/help_contexts.h"
+#include "platform/pictures.h"
+
+namespace torvane {
+
+frmAbout::frmAbout(Program& program) : FormOf(program, "frmAbout") {
+    setHelpContext(HelpContext::about);
+}
+
+void frmAbout::Form_Load() {
+    on(*this, ui().cmdClose, &QAbstractButton::clicked, [this] { Unload(); });
+    constexpr int pictureSize = 64;
+    ui().Image1->setPixmap(
+        picture(QStringLiteral("program")).pixmap(QSize(pictureSize, pictureSize), window().devicePixelRatioF()));
+    ui().txtFolder->setText(program().host().programDirectory());
+    ui().lblVersions->setText(QStringLiteral("Qt %1").arg(QLatin1String(qVersion())));
+    ui().cmdClose->setFocus();
+    program().StartUp(*this);
+}
+
+}  // namespace torvane
