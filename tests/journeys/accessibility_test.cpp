@@ -30,6 +30,7 @@ protected:
 };
 
 TEST_F(AccessibilityTest, EveryControlThatTakesTheFocusHasAName) {
+    data.useHelpBook();
     start();
     look(screens->mainMenu.window());
     const std::set<std::string_view> actsAtOnce{"mnuExport", "mnuImport", "mnuClose", "mnuExit"};
@@ -59,10 +60,11 @@ TEST_F(AccessibilityTest, EveryControlThatTakesTheFocusHasAName) {
     look(order);
     EXPECT_EQ(controls.nameless, std::set<std::string>{});
     EXPECT_GT(controls.named, 500);
-    for (const char* name : {"CatMast",     "CustMast",       "DataReport2",    "FrmOrderNo",     "ItemMast",
-                             "frmBlank",    "frmCalculator2", "frmCalculator3", "frmCalculator4", "frmCalculators",
-                             "frmCategory", "frmCustomer",    "frmItem",        "frmList",        "frmMainMenu",
-                             "frmMaster",   "frmOrder",       "frmOrders",      "frmRptOrders",   "scientific"})
+    for (const char* name :
+         {"frmHelp",     "frmAbout",    "CatMast",        "CustMast",       "DataReport2",    "FrmOrderNo",
+          "ItemMast",    "frmBlank",    "frmCalculator2", "frmCalculator3", "frmCalculator4", "frmCalculators",
+          "frmCategory", "frmCustomer", "frmItem",        "frmList",        "frmMainMenu",    "frmMaster",
+          "frmOrder",    "frmOrders",   "frmRptOrders",   "scientific"})
         EXPECT_TRUE(windows.contains(name)) << name << " was not looked at";
 }
 
