@@ -2,6 +2,7 @@
 #include <QStandardPaths>
 
 #include "assistant/animated_assistant.h"
+#include "assistant/speech.h"
 #include "datastore/store.h"
 #include "platform/application.h"
 #include "platform/controls.h"
@@ -30,8 +31,9 @@ int main(int argc, char** argv) {
     application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });
     program.onLastWindowGone([] { QCoreApplication::exit(0); });
 
-    Application screens(program, files, lock.previousInstance(), [](const std::string& characterFile) {
-        return std::make_unique<AnimatedAssistant>(characterFile);
+    const auto engines = [&folder] { return machineEngines(folder + "/Speak.exe"); };
+    Application screens(program, files, lock.previousInstance(), [&engines](const std::string& characterFile) {
+        return std::make_unique<AnimatedAssistant>(characterFile, std::make_unique<EngineVoice>(engines));
     });
     program.guarded([&screens] { screens.mainMenu.Show(); });
     return QApplication::exec();

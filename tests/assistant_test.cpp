@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -21,6 +22,7 @@
 #include <vector>
 
 #include "assistant/animated_assistant.h"
+#include "assistant/speech.h"
 #include "values/failure.h"
 
 namespace torvane {
@@ -74,6 +76,30 @@ public:
 
 private:
     const Character& character_;
+};
+
+// Ends its texts when it is told to; without a sound it ends them at once.
+class HandVoice : public Voice {
+public:
+    void say(const std::string& text, std::function<void()> ended) override {
+        calls += "say " + text + "; ";
+        ended_ = std::move(ended);
+        if (mute) end();
+    }
+    void hush() override {
+        if (ended_) calls += "hush; ";
+        ended_ = nullptr;
+    }
+    void giveUp() override {
+        calls += "give up; ";
+        ended_ = nullptr;
+    }
+    void end() { std::exchange(ended_, nullptr)(); }
+    bool mute = true;
+    std::string calls;
+
+private:
+    std::function<void()> ended_;
 };
 
 // Each animation begins with a frame of its own.
@@ -193,7 +219,10 @@ protected:
     Character character = Character::load(write(plainCharacter));
     HandTicker ticker;
     Script script{character};
-    std::unique_ptr<Narrator> narrator = std::make_unique<Narrator>(character, ticker, script);
+    HandVoice voice;
+    std::unique_ptr<Narrator> narrator = newNarrator();
+
+    std::unique_ptr<Narrator> newNarrator() { return std::make_unique<Narrator>(character, ticker, script, voice); }
 
     void greeting() {
         narrator->Show();
@@ -288,7 +317,7 @@ TEST_F(Queue, Requests) {
     std::map<std::string, Lines> expected, found;
     for (const Course& run : courses) {
         script.lines.clear();
-        narrator = std::make_unique<Narrator>(character, ticker, script);
+        narrator = newNarrator();
         run.requests(*narrator, ticker);
         ticker.pass(milliseconds(60000));
         expected[run.what] = run.lines;
@@ -306,10 +335,164 @@ TEST_F(Queue, EverythingStopsWithTheNarrator) {
     EXPECT_EQ(script.lines, before);
 }
 
+TEST_F(Queue, ATextWaitsForTheVoiceButNotForEver) {
+    const milliseconds reading = Narrator::readingTime("Hello");
+    const milliseconds longest = Narrator::longestVoice("Hello");
+    const milliseconds frame{100};  // of the mouth: within it the end is noticed
+    struct Row {
+        milliseconds ends, stays;
+        const char* calls;
+    };
+    for (const Row& row : {Row{milliseconds(500), reading, "say Hello; "}, Row{reading * 2, reading * 2, "say Hello; "},
+                           Row{longest * 2, longest, "say Hello; give up; "}}) {
+        script.lines.clear();
+        voice.calls.clear();
+        voice.mute = false;
+        narrator = newNarrator();
+        narrator->Speak("Hello");
+        while (voice.calls.empty()) ticker.pass(milliseconds(1));
+        milliseconds stood{};
+        while (script.lines.back() != "hush") {
+            ticker.pass(milliseconds(1));
+            if (++stood == row.ends) voice.end();
+        }
+        EXPECT_GE(stood, row.stays);
+        EXPECT_LE(stood, row.stays + frame);
+        EXPECT_EQ(voice.calls, row.calls);
+    }
+}
+
+TEST_F(Queue, TheVoiceStopsWithItsText) {
+    voice.mute = false;
+    for (const char* text : {"one", "two", "three"}) narrator->Speak(text);
+    ticker.pass(milliseconds(1000));
+    narrator->dismissText();
+    narrator->sendAway();
+    ticker.pass(milliseconds(1000));
+    narrator->Speak("four");
+    ticker.pass(milliseconds(1000));
+    narrator.reset();
+    EXPECT_EQ(voice.calls, "say one; hush; say two; hush; say four; hush; ");
+}
+
+// Does what its name says: "speaks", "fails", "dies" in the midst of a text, "hangs".
+class FakeEngine : public SpeechEngine {
+public:
+    FakeEngine(std::string name, std::string& log) : name_(std::move(name)), log_(log) {}
+    ~FakeEngine() override { log_ += "-" + name_ + " "; }
+    void say(const QString& text) override {
+        log_ += name_ + ":" + text.toStdString() + " ";
+        if (name_ == "fails") emit ended(false);
+        if (name_ == "speaks")
+            QMetaObject::invokeMethod(
+                this, [this] { emit ended(true); }, Qt::QueuedConnection);
+        if (name_ == "dies")
+            QMetaObject::invokeMethod(
+                this, [this] { emit ended(false); }, Qt::QueuedConnection);
+    }
+    void stop() override { log_ += "stop "; }
+
+private:
+    std::string name_;
+    std::string& log_;
+};
+
+TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaks) {
+    struct Row {
+        std::vector<const char*> engines;
+        const char* log;  // of two texts, a and b, each given up when it does not end
+        int ended;
+    };
+    for (const Row& row : {Row{{}, "", 2}, Row{{"speaks", "fails"}, "speaks:a speaks:b ", 2},
+                           Row{{"fails", "speaks"}, "fails:a speaks:a -fails speaks:b ", 2},
+                           Row{{"dies", "speaks"}, "dies:a speaks:a -dies speaks:b ", 2},
+                           Row{{"fails", "dies"}, "fails:a dies:a -dies -fails ", 2},
+                           Row{{"hangs", "speaks"}, "hangs:a -hangs speaks:b ", 1}}) {
+        std::string log;
+        int searches = 0;
+        EngineVoice voice([&] {
+            ++searches;
+            EngineVoice::Makers makers;
+            for (const char* name : row.engines)
+                makers.emplace_back([name, &log] { return std::make_unique<FakeEngine>(name, log); });
+            return makers;
+        });
+        int ended = 0;
+        for (const char* text : {"a", "b"}) {
+            const int before = ended;
+            voice.say(text, [&] { ++ended; });
+            for (std::size_t i = 0; i <= row.engines.size(); ++i) QCoreApplication::processEvents();
+            if (ended == before) voice.giveUp();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        voice.say(" ", [&] { ++ended; });
+        EXPECT_EQ(log, row.log);
+        EXPECT_EQ(ended, row.ended + 1) << row.log << "and a text of nothing";
+        EXPECT_EQ(searches, 1);
+    }
+}
+
+TEST(EngineVoiceTest, AHushedTextIsStoppedAndNotReported) {
+    std::string log;
+    EngineVoice voice(
+        [&] { return EngineVoice::Makers{[&log] { return std::make_unique<FakeEngine>("speaks", log); }}; });
+    int ended = 0;
+    voice.say("a", [&] { ++ended; });
+    voice.hush();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(log, "speaks:a stop ");
+    EXPECT_EQ(ended, 0);
+}
+
+struct Program {
+    const char* name;
+    const char* script;
+    bool said;
+};
+
+TEST(SpeechProgramTest, EndsAsItsProgramEnds) {
+    for (const Program& row : {Program{"says it", "test \"$0\" = \"a text\"", true}, Program{"can't", "exit 1", false},
+                               Program{"crashes", "kill -SEGV $$", false}}) {
+        SCOPED_TRACE(row.name);
+        SpeechProgram engine("/bin/sh", {"-c", row.script});
+        std::vector<bool> ended;
+        QObject::connect(&engine, &SpeechEngine::ended, [&](bool said) { ended.push_back(said); });
+        engine.say("a text");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ended.empty(); }));
+        EXPECT_EQ(ended, std::vector<bool>{row.said});
+    }
+    SpeechProgram missing("/nowhere/Speak.exe", {});
+    int failures = 0;
+    QObject::connect(&missing, &SpeechEngine::ended, [&](bool said) { failures += !said; });
+    missing.say("a text");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1; }));
+}
+
+TEST(SpeechProgramTest, StopsAtTheEndOfItsInputAndElseByForce) {
+    const QTemporaryDir folder;
+    // Says what has become of it in a file; the second one does not listen.
+    for (const char* script : {"cat; echo left > \"$0\"", "while :; do sleep 0.05; echo on >> \"$0\"; done"}) {
+        const QString file = folder.filePath("fate");
+        QFile::remove(file);
+        SpeechProgram engine("/bin/sh", {"-c", script});
+        bool heard = false;
+        QObject::connect(&engine, &SpeechEngine::ended, [&] { heard = true; });
+        engine.say(file);
+        QTest::qWait(30);
+        engine.stop();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return engine.findChildren<QProcess*>().isEmpty(); }));
+        EXPECT_FALSE(heard) << "nobody asks any more";
+        const auto size = QFileInfo(file).size();
+        EXPECT_GT(size, 0);
+        QTest::qWait(150);
+        EXPECT_EQ(QFileInfo(file).size(), size) << "it is gone";
+    }
+}
+
 class OnScreen : public ::testing::Test {
 protected:
     HandTicker* ticker = new HandTicker;
-    AnimatedAssistant assistant{TORVANE_CHARACTER, std::unique_ptr<Ticker>(ticker)};
+    AnimatedAssistant assistant{TORVANE_CHARACTER, std::make_unique<HandVoice>(), std::unique_ptr<Ticker>(ticker)};
     AssistantWindow& window = assistant.window();
 
     QLabel* balloon() { return window.findChild<QLabel*>("Balloon"); }
@@ -356,6 +539,9 @@ TEST_F(OnScreen, AClickOnEitherAndEscapeAnywhereGoOn) {
     EXPECT_EQ(shown(), "three");
     QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
     EXPECT_EQ(shown(), "");
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+    EXPECT_TRUE(static_cast<QObject&>(window).eventFilter(&other, &held))
+        << "a key that is held down goes no further than the text";
     EXPECT_EQ(cancelled, 0);
     QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
     EXPECT_EQ(cancelled, 1) << "without a text Escape is the window's own again";
@@ -387,10 +573,15 @@ TEST_F(OnScreen, GoesOnAndCanBeClickedAwayWhileAModalWindowStands) {
     box.setWindowModality(Qt::ApplicationModal);
     box.show();
     QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible()) << "a question is not covered";
+    EXPECT_EQ(shown(), "");
+    assistant.Show();
+    pass(500);
+    EXPECT_FALSE(window.isVisible());
     QTest::keyClick(box.windowHandle(), Qt::Key_Escape);
     EXPECT_FALSE(box.isVisible()) << "a question is answered first";
-    EXPECT_EQ(shown(), "two");
     QCoreApplication::processEvents();
+    EXPECT_EQ(shown(), "two");
     QTest::mouseClick(balloon()->window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
     EXPECT_EQ(shown(), "");
     modal.hide();

@@ -7,16 +7,18 @@
 #include "assistant/character.h"
 #include "assistant/narrator.h"
 #include "assistant/ticker.h"
+#include "assistant/voice.h"
 #include "platform/assistant.h"
 
 namespace torvane {
 
-// The assistant as the program has it: a character, its window, and the queue of what it is to do. Nothing is drawn
-// before it is shown for the first time; everything stops when it is destroyed.
+// The assistant as the program has it: a character, its window, its voice, and the queue of what it is to do. Nothing
+// is drawn before it is shown for the first time; everything stops when it is destroyed.
 class AnimatedAssistant : public Assistant {
 public:
     // Loads the character; failures as of Character::load.
     explicit AnimatedAssistant(const std::string& characterFile,
+                               std::unique_ptr<Voice> voice = std::make_unique<EngineVoice>(),
                                std::unique_ptr<Ticker> ticker = std::make_unique<QtTicker>());
 
     void Show() override { narrator_.Show(); }
@@ -29,6 +31,7 @@ public:
 
 private:
     Character character_;
+    std::unique_ptr<Voice> voice_;
     std::unique_ptr<Ticker> ticker_;
     AssistantWindow window_;
     Narrator narrator_;

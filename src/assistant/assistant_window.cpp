@@ -36,15 +36,15 @@ AssistantWindow::~AssistantWindow() {
 }
 
 void AssistantWindow::enter() {
+    entered_ = true;
     moveTo(x(), y());
     qApp->installEventFilter(this);
-    show();
-    standOverModal();
-    comeToFront();
+    takePlace();
 }
 
 void AssistantWindow::leave() {
-    hide();
+    entered_ = false;
+    takePlace();
     qApp->removeEventFilter(this);
     pictures_.clear();
 }
@@ -55,7 +55,7 @@ void AssistantWindow::moveTo(int x, int y) {
     const QRect room = screen->availableGeometry();
     move(std::max(room.left(), std::min(x, room.right() + 1 - width())),
          std::max(room.top(), std::min(y, room.bottom() + 1 - height())));
-    if (textShown()) placeBalloon();
+    if (speaking_) placeBalloon();
 }
 
 void AssistantWindow::showFrame(int frame) {
@@ -73,19 +73,20 @@ void AssistantWindow::showText(const std::string& text) {
         connect(balloon_, &Balloon::menuAsked, this, &AssistantWindow::showMenu);
     }
     balloon_->setText(QString::fromStdString(text));
+    speaking_ = true;
     placeBalloon();
-    balloon_->show();
-    comeToFront();
+    takePlace();
     QAccessibleEvent spoken(balloon_->findChild<QWidget*>("Balloon"), QAccessible::Alert);
     QAccessible::updateAccessibility(&spoken);
 }
 
 void AssistantWindow::hideText() {
-    if (balloon_) balloon_->hide();
+    speaking_ = false;
+    takePlace();
 }
 
 bool AssistantWindow::textShown() const {
-    return balloon_ && balloon_->isVisible();
+    return speaking_ && isVisible();
 }
 
 void AssistantWindow::placeBalloon() {
@@ -116,19 +117,18 @@ bool AssistantWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Hide:
             if (!watched->isWidgetType() || !static_cast<QWidget*>(watched)->isModal()) break;
             // It counts as modal only when it has been shown, and no longer when it has gone.
-            QMetaObject::invokeMethod(this, &AssistantWindow::standOverModal, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, &AssistantWindow::takePlace, Qt::QueuedConnection);
             break;
         case QEvent::ShortcutOverride:
-        case QEvent::KeyPress:
-            // A question's Escape is an answer to it, and a menu's closes the menu.
-            if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape || !textShown() ||
-                QApplication::activePopupWidget() || qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
-                break;
-            if (event->type() == QEvent::KeyPress)
-                emit dismissed();
-            else
-                event->accept();
+        case QEvent::KeyPress: {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            // A menu's Escape closes the menu. One that is held down does not go on to the window after the text.
+            if (key->key() != Qt::Key_Escape || !isVisible() || QApplication::activePopupWidget()) break;
+            if (!key->isAutoRepeat() && !textShown()) break;
+            event->accept();
+            if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) emit dismissed();
             return true;
+        }
         default:
             break;
     }
@@ -169,6 +169,15 @@ void AssistantWindow::showMenu(const QPoint& globalPosition) {
     menu->popup(globalPosition);
 }
 
+void AssistantWindow::takePlace() {
+    const bool inSight = entered_ && !qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    setVisible(inSight);
+    if (balloon_) balloon_->setVisible(inSight && speaking_);
+    if (!inSight) return;
+    standOverModal();
+    comeToFront();
+}
+
 // A window that stands over the modal one is not blocked by it; with no modal window it stands over none, so that it
 // does not go with it.
 void AssistantWindow::standOverModal() {
@@ -176,7 +185,6 @@ void AssistantWindow::standOverModal() {
     QWindow* const modal = QGuiApplication::modalWindow();
     if (!handle || handle->transientParent() == modal) return;
     handle->setTransientParent(modal);
-    comeToFront();
 }
 
 void AssistantWindow::comeToFront() {

@@ -13,7 +13,8 @@ namespace torvane {
 class Balloon;
 
 // The character's window: frameless, see-through, above the others, and never with the focus. It stays usable while a
-// modal window stands. A click, or Escape in any window but a question, asks for the text to go; the character can be
+// modal window stands, but is out of sight while that is a message box, which it must not cover. A click, or Escape in
+// any window, asks for the text to go, and only without a text is Escape the window's own; the character can be
 // dragged, and its menu sends it away.
 class AssistantWindow : public QWidget, public Stage {
     Q_OBJECT
@@ -51,6 +52,7 @@ private:
     bool textShown() const;
     void placeBalloon();
     void showMenu(const QPoint& globalPosition);
+    void takePlace();
     void standOverModal();
     void comeToFront();
 
@@ -61,6 +63,8 @@ private:
     int frame_ = 0;
     QPoint pressed_;
     bool dragged_ = false;
+    bool entered_ = false;
+    bool speaking_ = false;
 };
 
 }  // namespace torvane

@@ -16,11 +16,12 @@ long signs(std::string_view text) {
 
 }  // namespace
 
-Narrator::Narrator(const Character& character, Ticker& ticker, Stage& stage)
-    : character_(character), ticker_(ticker), stage_(stage) {}
+Narrator::Narrator(const Character& character, Ticker& ticker, Stage& stage, Voice& voice)
+    : character_(character), ticker_(ticker), stage_(stage), voice_(voice) {}
 
 Narrator::~Narrator() {
     ticker_.stop();
+    voice_.hush();
 }
 
 void Narrator::Show() {
@@ -45,16 +46,19 @@ milliseconds Narrator::readingTime(std::string_view text) {
 milliseconds Narrator::talkingTime(std::string_view text) {
     return milliseconds(400 + 45 * signs(text));
 }
+milliseconds Narrator::longestVoice(std::string_view text) {
+    return 2 * readingTime(text) + milliseconds(5000);
+}
 
 void Narrator::dismissText() {
     if (doing_ != Doing::Speaking) return;
-    stage_.hideText();
+    takeTextAway();
     next();
 }
 
 void Narrator::sendAway() {
     waiting_.clear();
-    if (doing_ == Doing::Speaking) stage_.hideText();
+    if (doing_ == Doing::Speaking) takeTextAway();
     if (present_ && doing_ != Doing::Leaving) start(Doing::Leaving, "Leaving");
 }
 
@@ -90,7 +94,10 @@ void Narrator::carryOut(const SpeakRequest& request) {
     spoken_ = milliseconds(0);
     talking_ = talkingTime(request.text);
     reading_ = readingTime(request.text);
+    longest_ = longestVoice(request.text);
     stage_.showText(request.text);
+    saying_ = true;
+    voice_.say(request.text, [this] { saying_ = false; });
     start(Doing::Speaking, "Speaking");
 }
 
@@ -113,7 +120,7 @@ void Narrator::tickSoon(milliseconds time) {
 
 void Narrator::tick() {
     if (doing_ == Doing::Nothing || (doing_ == Doing::Idling && !waiting_.empty())) return next();
-    if (doing_ == Doing::Speaking && spoken_ >= talking_) return speakOn();
+    if (doing_ == Doing::Speaking && !talks()) return speakOn();
     if (step_ == steps_->size()) {
         if (doing_ != Doing::Idling && doing_ != Doing::Speaking) return finish();
         step_ = 0;
@@ -122,6 +129,10 @@ void Narrator::tick() {
     stage_.showFrame(step.frame);
     spoken_ += step.time;
     tickSoon(step.time);
+}
+
+bool Narrator::talks() const {
+    return spoken_ < (saying_ ? longest_ : talking_);
 }
 
 // The mouth has come to rest; the text stays until it has been read.
@@ -133,8 +144,15 @@ void Narrator::speakOn() {
     tickSoon(left);
 }
 
+void Narrator::takeTextAway() {
+    stage_.hideText();
+    saying_ = false;
+    voice_.hush();
+}
+
 void Narrator::finish() {
-    if (doing_ == Doing::Speaking) stage_.hideText();
+    if (saying_) voice_.giveUp();
+    if (doing_ == Doing::Speaking) takeTextAway();
     if (doing_ == Doing::Leaving) {
         present_ = false;
         stage_.leave();

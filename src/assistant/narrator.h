@@ -9,11 +9,12 @@
 
 #include "assistant/character.h"
 #include "assistant/ticker.h"
+#include "assistant/voice.h"
 #include "platform/assistant.h"
 
 namespace torvane {
 
-// Where the narrator performs. A voice would join in showText and hideText.
+// Where the narrator performs.
 class Stage {
 public:
     virtual ~Stage() = default;
@@ -30,8 +31,8 @@ public:
 // that the character has not is passed over, and so is one that is asked for while it is away.
 class Narrator : public Assistant {
 public:
-    // All three outlive the narrator, which leaves nothing waiting in the clock.
-    Narrator(const Character& character, Ticker& ticker, Stage& stage);
+    // All of them outlive the narrator, which leaves nothing waiting in the clock and nothing being said.
+    Narrator(const Character& character, Ticker& ticker, Stage& stage, Voice& voice);
     ~Narrator() override;
     Narrator(const Narrator&) = delete;
     Narrator& operator=(const Narrator&) = delete;
@@ -51,9 +52,11 @@ public:
 
     // The pause before a character that is away does anything: the window that calls it is to be painted first.
     static constexpr std::chrono::milliseconds leadIn{40};
-    // How long a text stays, and for how long of that the mouth moves.
+    // How long a text stays at least, and for how long of that the mouth moves; both as long as the voice is at it, but
+    // not longer than the voice may take, so that the queue goes on if no end is heard.
     static std::chrono::milliseconds readingTime(std::string_view text);
     static std::chrono::milliseconds talkingTime(std::string_view text);
+    static std::chrono::milliseconds longestVoice(std::string_view text);
 
 private:
     struct ShowRequest {};
@@ -81,13 +84,16 @@ private:
     void start(Doing doing, std::string_view animation);
     void tick();
     void tickSoon(std::chrono::milliseconds time);
+    bool talks() const;
     void speakOn();
+    void takeTextAway();
     void finish();
     void next();
 
     const Character& character_;
     Ticker& ticker_;
     Stage& stage_;
+    Voice& voice_;
     std::deque<Request> waiting_;
     Doing doing_ = Doing::Nothing;
     const std::vector<Character::Step>* steps_ = nullptr;
@@ -95,6 +101,8 @@ private:
     std::chrono::milliseconds spoken_{};
     std::chrono::milliseconds talking_{};
     std::chrono::milliseconds reading_{};
+    std::chrono::milliseconds longest_{};
+    bool saying_ = false;
     bool present_ = false;
 };
 

@@ -29,6 +29,11 @@ QString qstring(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+double fontScale(const QWidget& control) {
+    constexpr double usualHeight = 14;
+    return std::max(1.0, QFontMetricsF(control.font()).height() / usualHeight);
+}
+
 // --- TextBox ---------------------------------------------------------------------------------------------------------
 
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {}
@@ -268,8 +273,9 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
         setItemDelegateForColumn(index, column.numeric ? right : nullptr);
     }
     setHeaderItem(captions);
+    const double scale = fontScale(*this);
     for (int index = 0; index < count; ++index) {
-        const int width = pixels(columns[static_cast<std::size_t>(index)].twips);
+        const int width = pixels(columns[static_cast<std::size_t>(index)].twips * scale);
         setColumnHidden(index, width == 0);  // a width of 0 alone could be dragged open
         if (width > 0) setColumnWidth(index, width);
     }

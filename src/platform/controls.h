@@ -26,6 +26,9 @@ constexpr int pixels(double twips) {
     return static_cast<int>(twips / 15.0 + (twips < 0 ? -0.5 : 0.5));
 }
 
+// Given sizes hold for the usual type; this is how much larger the control's own type is. At least 1.
+double fontScale(const QWidget& control);
+
 // A text box. `Change` is textChanged: it fires only when the text differs. Operations that may run handlers check that
 // the program still runs. Where a key filter is set, a typed character passes only if it is among `allowed`; paste,
 // copy, Delete, backspace, arrows and Tab always work.

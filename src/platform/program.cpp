@@ -108,7 +108,6 @@ void Program::setMainWindow(QWidget* window) {
 void Program::StartUp(Form& form) {
     QWidget& window = form.window();
     window.ensurePolished();
-    window.resize(window.size().expandedTo(window.minimumSizeHint()));
     if (mainWindow_) {
         mainGeometry_ = mainWindow_->frameGeometry();
         mainFrame_ = frameOf(*mainWindow_);
@@ -116,6 +115,8 @@ void Program::StartUp(Form& form) {
     QScreen* screen = mainGeometry_.isNull() ? nullptr : QGuiApplication::screenAt(mainGeometry_.center());
     if (!screen) screen = QGuiApplication::primaryScreen();
     const QRect available = screen->availableGeometry();
+    const QSize wanted = window.size().expandedTo((window.size() * fontScale(window)).boundedTo(available.size()));
+    window.resize(wanted.expandedTo(window.minimumSizeHint()));
     const QRect main = mainGeometry_.isNull() ? available : mainGeometry_;
 
     // The frame of a window that was never shown is not known; the main window's is as good.

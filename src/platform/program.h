@@ -100,7 +100,7 @@ public:
     void setMainWindow(QWidget* window);
     bool mainWindowHasGone() const { return mainWindowHasGone_; }
     // Centres the screen's window over the main window and lifts it by 250 twips, wholly on the screen. Over the middle
-    // of the screen while no main window has ever been set.
+    // of the screen while no main window has ever been set. The window is as much larger than given as its type is.
     void StartUp(Form& form);
     // F1: opens the help at a context. Set by the shell.
     void setHelp(std::function<void(int context)> open) { openHelp_ = std::move(open); }

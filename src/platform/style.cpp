@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QProxyStyle>
+#include <QStyleOptionButton>
 
 namespace torvane {
 
@@ -14,13 +15,29 @@ public:
                   QStyleHintReturn* result) const override {
         // As a pop-up menu a drop-down list measures every entry before it opens and fills the whole screen.
         if (hint == SH_ComboBox_Popup) return 0;
+        // Pictures on buttons are our own.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
         const int size = QProxyStyle::pixelMetric(metric, option, widget);
-        // The mark of the order in a header leaves the room to the caption.
-        return metric == PM_SmallIconSize && qobject_cast<const QHeaderView*>(widget) ? size * 9 / 16 : size;
+        // The mark of the order in a header leaves the room to the caption. Painting tells no widget.
+        const bool inHeader = qobject_cast<const QHeaderView*>(widget) || (option && option->type == option->SO_Header);
+        return metric == PM_SmallIconSize && inHeader ? size * 9 / 16 : size;
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool ring = element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox;
+        const QColor ground = option->palette.color(QPalette::Window);
+        if (!button || !ring || ground.lightness() > 127)
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        // The ring is drawn darker than the window, and so can't be seen on a dark one.
+        QStyleOptionButton seen(*button);
+        seen.palette.setColor(QPalette::Window, option->palette.color(QPalette::WindowText));
+        QProxyStyle::drawPrimitive(element, &seen, painter, widget);
     }
 };
 

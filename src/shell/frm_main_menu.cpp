@@ -1,7 +1,6 @@
 #include "shell/frm_main_menu.h"
 
 #include <QAction>
-#include <QFontMetricsF>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -69,12 +68,6 @@ constexpr int buttonHeight = 375;
 QRect scaled(const Twips& place, double scale) {
     return {pixels(place.left * scale), pixels(place.top * scale), pixels(place.width * scale),
             pixels(place.height * scale)};
-}
-
-// The given coordinates hold for the usual font; with a larger one everything grows with it.
-double fontScale(const QWidget& widget) {
-    constexpr double usualHeight = 17;
-    return std::max(1.0, QFontMetricsF(widget.font()).height() / usualHeight);
 }
 
 void artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {

@@ -37,6 +37,12 @@ struct Conversions : testing::Test {
     QListWidget& rightUnits = find<QListWidget>(window, "lstRight");
 };
 
+TEST_F(Conversions, EveryControlThatTakesTheFocusHasAName) {
+    const FocusControls controls = focusControls(window);
+    EXPECT_EQ(controls.nameless, std::set<std::string>{});
+    EXPECT_GT(controls.named, 4);
+}
+
 TEST_F(Conversions, OtherSideFollows) {
     EXPECT_TRUE(left.hasFocus());
     EXPECT_EQ(right.text(), "3.8227");

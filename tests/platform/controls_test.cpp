@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QPainter>
+#include <QRadioButton>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -331,6 +333,31 @@ TEST_F(ControlsTest, ReportListCopiesWhatIsShown) {
     form.list->selectRow(1);
     key(*form.list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Mortar\t4");
+}
+
+TEST_F(ControlsTest, ColumnsGrowWithTheType) {
+    ReportList list;
+    QFont type = list.font();
+    type.setPointSizeF(type.pointSizeF() * 2);
+    list.setFont(type);
+    list.setColumns({{"Item", 1800}});
+    EXPECT_NEAR(list.columnWidth(0), 240, 12);
+}
+
+TEST_F(ControlsTest, MarksThatAreNotSetCanBeSeenOnLightAndDark) {
+    for (const char* ground : {"#efefef", "#2d2d2d"}) {
+        QRadioButton round;
+        QCheckBox square;
+        for (QAbstractButton* mark : {static_cast<QAbstractButton*>(&round), static_cast<QAbstractButton*>(&square)}) {
+            mark->setPalette(QPalette(QColor(ground)));
+            const QImage drawn = mark->grab().toImage();
+            int seen = 0;
+            for (int y = 0; y < drawn.height(); ++y)
+                for (int x = 0; x < drawn.width(); ++x)
+                    seen += std::abs(qGray(drawn.pixel(x, y)) - qGray(QColor(ground).rgb())) > 45;
+            EXPECT_GT(seen, 25) << mark->metaObject()->className() << " on " << ground;
+        }
+    }
 }
 
 TEST_F(ControlsTest, ReportListHeader) {

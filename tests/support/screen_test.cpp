@@ -1,5 +1,6 @@
 #include "support/screen_test.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QDialog>
 #include <QElapsedTimer>
@@ -137,6 +138,30 @@ void trigger(QAction& entry) {
 void closeBox(QWidget& window) {
     window.windowHandle()->close();  // the way of a close that comes from the window system
     settle();
+}
+
+namespace {
+
+void collect(QAccessibleInterface* one, const std::string& path, FocusControls& found) {
+    const QObject* object = one ? one->object() : nullptr;
+    // Rows and cells have no object; their text is their name.
+    if (!object || !one->isValid() || one->state().invisible) return;
+    const std::string here = path + "/" + utf8(object->objectName());
+    if (one->state().focusable) {
+        if (one->text(QAccessible::Name).trimmed().isEmpty())
+            found.nameless.insert(here + " " + object->metaObject()->className());
+        else
+            ++found.named;
+    }
+    for (int i = 0; i < one->childCount(); ++i) collect(one->child(i), here, found);
+}
+
+}  // namespace
+
+FocusControls focusControls(QWidget& window) {
+    FocusControls found;
+    collect(QAccessible::queryAccessibleInterface(&window), "", found);
+    return found;
 }
 
 void settle() {

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +54,13 @@ void key(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::No
 void trigger(QAction& entry);
 // The close box of a window.
 void closeBox(QWidget& window);
+
+// What takes the focus in a window, as an assistive program finds it.
+struct FocusControls {
+    int named = 0;
+    std::set<std::string> nameless;  // by their place in the window
+};
+FocusControls focusControls(QWidget& window);
 
 // Lets everything run that waits, deletions too.
 void settle();

@@ -1,8 +1,9 @@
 // The tour: the real windows through the road of a new estimate, on the sample business, leaving a picture of each
 // window and the proposal as PDF.
 //
-//   tour <program folder> <folder for the pictures>
+//   tour [--dark] [--large] <program folder> <folder for the pictures>
 //
+// With --dark the windows wear the colours of a dark desktop, with --large they are in type half as large again.
 // It ends with status 0 when every step was reached, and says where it stopped otherwise.
 
 #include <QApplication>
@@ -41,6 +42,16 @@ T& find(QObject& in, const char* name) {
     auto* found = in.findChild<T*>(QLatin1String(name));
     if (!found) stop(QStringLiteral("%1 has no %2").arg(in.objectName(), QLatin1String(name)));
     return *found;
+}
+
+QPalette darkColours() {
+    QPalette colours(QColor("#353535"), QColor("#2d2d2d"));
+    colours.setColor(QPalette::Base, QColor("#1e1e1e"));
+    colours.setColor(QPalette::AlternateBase, QColor("#292929"));
+    colours.setColor(QPalette::Highlight, QColor("#2a6fb5"));
+    colours.setColor(QPalette::HighlightedText, Qt::white);
+    colours.setColor(QPalette::Link, QColor("#6cb2f5"));
+    return colours;
 }
 
 class Tour {
@@ -461,7 +472,13 @@ private:
 int main(int argc, char** argv) {
     using namespace torvane;
     TorvaneApplication application(argc, argv);
-    const QStringList words = QCoreApplication::arguments();
+    QStringList words = QCoreApplication::arguments();
+    if (words.removeAll(QStringLiteral("--dark")) > 0) QApplication::setPalette(darkColours());
+    if (words.removeAll(QStringLiteral("--large")) > 0) {
+        QFont large = QApplication::font();
+        large.setPointSizeF(large.pointSizeF() * 1.5);
+        QApplication::setFont(large);
+    }
     if (words.size() != 3) stop(QStringLiteral("it needs the program's folder and a folder for the pictures"));
     initPictures();
     QtHost host(utf8(QDir(words.at(1)).absolutePath()));
