@@ -86,7 +86,7 @@ void frmHelp::Form_Load() {
     for (int row = 0; row < ui().TreeContents->topLevelItemCount(); ++row)
         ui().TreeContents->topLevelItem(row)->setExpanded(true);
     search();
-    constexpr int contentsWidth = 260;
+    const int contentsWidth = static_cast<int>(260 * fontScale(window()));
     ui().Splitter->setSizes({contentsWidth, window().width() - contentsWidth});
     ui().Splitter->setStretchFactor(1, 1);
     ui().cmdBack->setEnabled(false);
