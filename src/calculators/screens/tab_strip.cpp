@@ -2,6 +2,7 @@
 
 #include <QButtonGroup>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QToolButton>
 
 namespace torvane {
@@ -20,6 +21,23 @@ void mark(QToolButton& tab) {
     tab.setPalette(colours);
 }
 
+// The arrows only walk: a click on each tab that they pass would open windows and start programs.
+class Tab : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const int step = event->key() == Qt::Key_Right  ? 1
+                         : event->key() == Qt::Key_Left ? -1
+                         : event->key() == Qt::Key_Down ? tabsInARow
+                         : event->key() == Qt::Key_Up   ? -tabsInARow
+                                                        : 0;
+        if (step == 0) return QToolButton::keyPressEvent(event);
+        if (QAbstractButton* next = group()->button(group()->id(this) + step)) next->setFocus();
+    }
+};
+
 }  // namespace
 
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(this)) {
@@ -32,7 +50,7 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(th
 
 void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     const int index = static_cast<int>(tabs_->buttons().size());
-    auto* tab = new QToolButton(this);
+    auto* tab = new Tab(this);
     tab->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
     tab->setText(caption);
     tab->setToolTip(toolTip);

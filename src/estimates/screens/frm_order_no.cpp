@@ -14,7 +14,7 @@ void FrmOrderNo::Form_Load() {
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
     on(*this, ui().CmdCancel, &QAbstractButton::clicked, [this] { Unload(); });
     // One box and one thing to do with it: Enter does it.
-    on(*this, ui().TxtGetOrderNo, &QLineEdit::returnPressed, [this] { cmdOk_Click(); });
+    on(*this, ui().TxtGetOrderNo, &QLineEdit::returnPressed, [this] { ui().cmdOk->click(); });
     program().StartUp(*this);
 }
 

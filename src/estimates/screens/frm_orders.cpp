@@ -43,6 +43,7 @@ void frmOrders::Form_Load() {
     Order().SearchFld = "Orderno";
     loadList("Orderno", 0);
     setCaption("Search Estimate");
+    ui().txtName->setFocus();
 }
 
 std::optional<RowArray> frmOrders::readAllRows() {

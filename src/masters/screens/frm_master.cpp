@@ -35,6 +35,7 @@ void frmMaster::Form_Load() {
     RecNo_ = 1;
     master_->AddEditDel = "E";
     ShowData();
+    ui().txtName->setFocus();
 }
 
 void frmMaster::ShowData() {

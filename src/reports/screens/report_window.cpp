@@ -40,6 +40,7 @@ void ReportWindow::Form_Load() {
     for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
     on(*this, ui().cmbZoom, &DropList::Click, [this] { ui().page->setZoom(ui().cmbZoom->ItemData()); });
     ui().cmbZoom->selectItemData(100);
+    ui().scroll->setFocus();  // the arrows turn to what is below
     program().StartUp(*this);
 }
 
