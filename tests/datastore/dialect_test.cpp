@@ -37,26 +37,30 @@ TEST(Dialect, Translation) {
 }
 
 TEST(Dialect, RefusedTexts) {
-    const std::string rows[] = {
-        "select #13/13/2003#",
-        "select ##",
-        "select #7/4/2003",
-        "select 1 -- all",
-        "select 1 /* all */",
-        "select 'a'-- '",
-        "select 1; select 2",
-        "select 1;;",
-        std::string("select 1\0", 9),
-        std::string("select 1\0; drop table Item", 26),
-        std::string("select '\0'", 10),
+    const struct {
+        std::string statement;
+        const char* why;
+    } rows[] = {
+        {"select #13/13/2003#", "a date that is none"},
+        {"select ##", "a date that is none"},
+        {"select #7/4/2003", "a date has no end"},
+        {"select 1 -- all", "a remark in the statement"},
+        {"select 1 /* all */", "a remark in the statement"},
+        {"select 'a'-- '", "a remark in the statement"},
+        {"select 1; select 2", "text behind the statement"},
+        {"select 1;;", "text behind the statement"},
+        {std::string("select 1\0", 9), "a statement holds no zero byte"},
+        {std::string("select 1\0; drop table Item", 26), "a statement holds no zero byte"},
+        {std::string("select '\0'", 10), "a statement holds no zero byte"},
     };
     for (const auto& row : rows) {
         try {
-            translate(row, {});
-            ADD_FAILURE() << "accepted: " << row;
+            translate(row.statement, {});
+            ADD_FAILURE() << "accepted: " << row.statement;
         } catch (const RuntimeFailure& failure) {
-            EXPECT_EQ(failure.number(), SQLITE_ERROR) << row;
-            EXPECT_EQ(failure.refused(), row);
+            EXPECT_EQ(failure.number(), SQLITE_ERROR);
+            EXPECT_EQ(failure.text(), row.why) << row.statement;
+            EXPECT_EQ(failure.refused(), row.statement);
         }
     }
 }

@@ -135,6 +135,7 @@ TEST_F(GroupTest, GoesOnWithNothingOnceTheDatabaseHasUndoneIt) {
                           EXPECT_NE(failureOf([&] { insertRooms(5000, 1000); }), 0);
                       }
                       EXPECT_EQ(failureOf([&] { insertRooms(1); }), SQLITE_ABORT);
+                      EXPECT_EQ(said, "the write group was undone by the database");
                   });
               }),
               SQLITE_ABORT);
@@ -203,6 +204,7 @@ TEST_F(ReplacedFileTest, ReplacedDuringAGroupFailsTheGroup) {
                   });
               }),
               SQLITE_READONLY);
+    EXPECT_EQ(said, "the database file was replaced during a write group");
     EXPECT_EQ(rows(roomCount), "3;");
     EXPECT_EQ(raw(file, "pragma integrity_check"), "ok;");
 }
@@ -284,12 +286,14 @@ TEST_F(SettleTest, RefusesAJournalThatStays) {
     std::filesystem::create_directory(journal);
     std::filesystem::remove(file);
     EXPECT_EQ(failureOf([&] { store.settle(file); }), SQLITE_IOERR);
+    EXPECT_EQ(said, "a journal can't be removed");
 }
 
 TEST_F(SettleTest, RefusesAnOpenGroup) {
     grouped(connection, [&] {
         insertRooms(1);
         EXPECT_EQ(failureOf([&] { store.settle(file); }), SQLITE_BUSY);
+        EXPECT_EQ(said, "a write group is open");
         insertRooms(1);
     });
     EXPECT_EQ(raw(file, roomCount), "4;");

@@ -104,11 +104,12 @@ protected:
 
     // The number of the failure that the work ends with; 0 when it ends well.
     template <typename Work>
-    static int failureOf(Work work) {
+    int failureOf(Work work) {
         try {
             work();
             return 0;
         } catch (const RuntimeFailure& failure) {
+            said = failure.text();
             return failure.number();
         }
     }
@@ -127,6 +128,7 @@ protected:
     std::string file;
     Store store;
     Connection connection{store};
+    std::string said;  // the text of the last failure
 };
 
 }  // namespace torvane

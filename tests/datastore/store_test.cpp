@@ -57,6 +57,7 @@ TEST_F(StoreTest, OpeningRefusesWhatIsNoDatabase) {
             ADD_FAILURE() << "opened: " << row.name;
         } catch (const RuntimeFailure& failure) {
             EXPECT_EQ(failure.number(), row.number) << row.name;
+            EXPECT_EQ(failure.text(), sqlite3_errstr(row.number));
             EXPECT_EQ(failure.refused(), other);
         }
         EXPECT_EQ(another.state(), 0) << row.name;
@@ -162,6 +163,7 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
     const struct {
         std::string statement;
         int number;
+        const char* why = "";  // where it is ours
     } statements[] = {
         {"insert into Rooms (Name) values ('O'Brien')", SQLITE_ERROR},
         {"insert into Rooms (Name) values ('a'); delete from Rooms", SQLITE_ERROR},
@@ -169,10 +171,10 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
         {"delete from Rooms --", SQLITE_ERROR},
         {"delete /* all */ from Rooms", SQLITE_ERROR},
         {std::string("delete from Rooms\0 where Id = 1", 31), SQLITE_ERROR},
-        {"delete from Rooms where Id = ?", SQLITE_ERROR},
+        {"delete from Rooms where Id = ?", SQLITE_ERROR, "a parameter in the statement"},
         {"delete from Rooms where Id = $x('); delete from Rooms where Name <> '')", SQLITE_ERROR},
-        {"", SQLITE_ERROR},
-        {" ; ", SQLITE_ERROR},
+        {"", SQLITE_ERROR, "an empty statement"},
+        {" ; ", SQLITE_ERROR, "an empty statement"},
         {"delete from Nowhere", SQLITE_ERROR},
         {"update OrderInfo set OrderDate = #30.2.2003#", SQLITE_ERROR},
         {"update Rooms set Name = \"Kitchen2\"", SQLITE_ERROR},
@@ -207,6 +209,7 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
             EXPECT_EQ(failure.number(), row.number) << row.statement << ": " << failure.text();
             EXPECT_EQ(failure.refused(), row.statement);
             EXPECT_NE(failure.text(), "");
+            EXPECT_NE(failure.text().find(row.why), std::string::npos) << failure.text();
         }
     }
 

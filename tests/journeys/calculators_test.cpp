@@ -49,6 +49,12 @@ TEST_F(CalculatorsTest, EachEntryOpensItsPanelAndMovesNoMark) {
         EXPECT_EQ(frames(group.name), tab.frame);
         EXPECT_EQ(marked(group.name), "TabStrip1_1");
         seen.insert(tab.frame);
+        const Panel* panel = findPanel(tab.frame);
+        for (const PanelControl& control : panel ? panel->controls : std::span<const PanelControl>()) {
+            if (control.kind != PanelKind::Help) continue;
+            go(*standing(group.name), control.name);
+            EXPECT_EQ(calls.back(), "Speak " + std::string(control.label));
+        }
     }
     EXPECT_EQ(seen.size(), 30U) << "29 panels, and none";
     EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"});

@@ -65,7 +65,11 @@ TEST_P(BadStartTest, EndsBeforeTheMainWindow) {
     });
     std::string ended = row.ended;
     if (const auto mark = ended.find('%'); mark != std::string::npos) ended.replace(mark, 1, data.path());
-    EXPECT_EQ(endedWith(), ended);
+    const auto failure = takeFailure();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(std::to_string(failure->number()) + " " + failure->refused(), ended);
+    EXPECT_EQ(failure->during(),
+              row.previousInstance ? "starting a second copy of itself on the same folder" : "starting");
     EXPECT_FALSE(screens->mainMenu.loaded());
     EXPECT_FALSE(standing("frmMainMenu"));
     EXPECT_EQ(loaded, row.name == std::string("character") ? 1 : 0);

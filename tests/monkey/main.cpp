@@ -163,7 +163,10 @@ private:
     Control* some(QWidget& window) {
         QList<Control*> controls;
         for (Control* control : window.findChildren<Control*>())
-            if (control->isVisible() && control->isEnabled() && !leaves(*control)) controls.append(control);
+            // A file dialog that has gone up to the root would leave its new folders there.
+            if (control->isVisible() && control->isEnabled() && !leaves(*control) &&
+                control->objectName() != QLatin1String("newFolderButton"))
+                controls.append(control);
         return controls.isEmpty() ? nullptr : dice_.one(controls);
     }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 #include "values/failure.h"
 
@@ -218,6 +219,24 @@ TEST(Numbers, RoundingAndFixedText) {
     EXPECT_FALSE(std::signbit(roundHalfEven(-0.001, 2)));
     EXPECT_EQ(fixedText(1.7976931348623157e308, 2).size(), 312U);
     EXPECT_THROW(fixedText(undefined, 2), RuntimeFailure);
+}
+
+TEST(Failures, TextsByNumber) {
+    for (const auto& [number, text] : {std::pair{5, "Invalid call"},
+                                       {6, "Overflow"},
+                                       {9, "Subscript out of range"},
+                                       {11, "Division by zero"},
+                                       {13, "Type mismatch"},
+                                       {53, "File not found"},
+                                       {91, "Object not set"},
+                                       {94, "Null where a value is needed"}}) {
+        try {
+            fail(static_cast<Failure>(number));
+        } catch (const RuntimeFailure& failure) {
+            EXPECT_EQ(failure.number(), number);
+            EXPECT_EQ(failure.text(), text);
+        }
+    }
 }
 
 }  // namespace
