@@ -96,19 +96,10 @@ TEST_F(StoreTest, StatementsOfTheSystemRun) {
         {"Select * from Item where Itemname ='NAIL' and CategoryId =2 and Material =0.125 and Qty =100",
          "2|9|nail|2|2|0.125|~|~|~|100|~;"},
         {"Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)", "10;"},
-        {"Select max(OrderNo) from OrderInfo", "12;"},
-        {"Select max(OrderNo) from OrderInfo where OrderNo > 99", "~;"},
-        {"SELECT Item.ItemID,Item.ItemName,Category.CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
-         "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id order by  "
-         "Val(itemcode) desc,itemcode Desc",
-         "1|Stud|Lumber|3.1|1|10|each;2|nail|Nails|0.125|100|9|box;3|Beam|Lumber|80|1|A1|each;"},
         {"SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName,item.Material FROM "
          "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and  (ItemName like "
          "'N%' or CatName like 'N%') ",
          "2|nail|Nails|0.125;"},
-        {"Select * from Categories  order by totitm Desc", "1|Lumber|2|~;2|Nails|1|1;"},
-        {"select * from Categories where Catname like 'na%' ", "2|Nails|1|1;"},
-        {"Select count(ItemId) from Item where CategoryId= 1", "2;"},
         {"SELECT CustId,CustName,BCity,BPhone,BEmail,BCCNo from Customer  where CustName like '55%' or BCity like "
          "'55%'  or BPhone like '55%' or BEmail like '55%'  or BCCNo like '55%' ",
          "1|Stone|Boston|555-1|~|~;"},
@@ -118,17 +109,9 @@ TEST_F(StoreTest, StatementsOfTheSystemRun) {
          "Orderinfo.upstracking,orderinfo.total,orderinfo.overhead,orderinfo.tax FROM orderinfo left join customer  on "
          "orderinfo.custid = customer.custid where  orderno like '%2%' order by orderno",
          "2|8/1/2003|~|~|1|0|0;12|~|abel|~|2|0|0;"},
-        {"Select TaxRate from Tax where Stateid=1", "6.25;"},
         {"SELECT Orderinfo.orderno, Orderinfo.Orderdate FROM orderinfo,customer where  orderinfo.custid = "
          "customer.custid and orderdate>=#7/4/2003# and orderdate <= #4-Jul-2003#",
          "1|7/4/2003;"},
-        {"SELECT OrderItem.OrderNo, Rooms.Name as Room, "
-         "orderitem.material+orderitem.extension+orderitem.labor+orderitem.others as totitem, \n"
-         "orderinfo.tax*orderinfo.amount/100 as taxtot, \norderinfo.overhead*orderinfo.amount/100 as ohtot\n"
-         "   FROM orderinfo,customer, OrderItem,Rooms, Units, Item where  orderinfo.custid = Customer.custid and "
-         "orderinfo.OrderNo = OrderItem.OrderNo and OrderItem.roomid=rooms.id and orderitem.UnitId = Units.id and "
-         "OrderItem.Itemid = Item.Itemid order by Room Desc",
-         "1|Kitchen|12.2|10|20;1|Attic|~|10|20;"},
         {"Select val(' 1 2x'), Val(null), val(3), isnumeric('1e400'), isnumeric(null), isnumeric(5), cdbl(' 5 ');",
          "12|~|3|0|0|1|5;"},
         {"Select * from Item where ItemId= 0", "none"},

@@ -257,20 +257,5 @@ TEST_F(ProposalJourney, ShowsWhatIsSaved) {
     EXPECT_EQ(words(print(unsaved)), "Estimates Proposal");
 }
 
-TEST_F(ProposalJourney, AFailingExportLeavesNoHalfFile) {
-    QWidget& report = print(openEstimate("E", 3));
-    const std::string nowhere = file("nowhere/p.pdf");
-    write(file("kept.pdf"), "kept");
-    host.answerSaveName(nowhere);
-    go(report, "cmdPdf",
-       {ok("The report could not be written to " + nowhere + ". Nothing was changed there.", "Estimate Proposal")});
-    host.answerSaveName(std::nullopt);
-    go(report, "cmdPdf");
-    host.answerSaveName(file("kept.pdf"));
-    go(report, "cmdPdf", {no("File already Exists. Overwrite it?", "Estimate Proposal")});
-    EXPECT_EQ(bytes(file("kept.pdf")), "kept");
-    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "kept.pdf"}));
-}
-
 }  // namespace
 }  // namespace torvane

@@ -1,6 +1,6 @@
 // Linked to the program, this acts as a user whose act fails, reports the run-time error box and answers it.
 //
-//   <program> start|customer|search|estimate
+//   <program> start|customer|estimate
 //
 // It writes a line for each box: its name, the modal windows below it, and its text, with '|' for the line breaks.
 
@@ -54,10 +54,6 @@ std::vector<Step> stepsOf(const QString& act) {
         return {{"frmMainMenu", choose("SubMnuAddCust")},
                 {"frmCustomer", enterAndClick("txtCustName", "O'Hara", "cmdAdd")},
                 {"CustMast", click("cmdOk")}};
-    if (act == "search")
-        return {{"frmMainMenu", choose("mnuNewEstimate")},
-                {"frmOrder", click("CmdSelCust")},
-                {"frmCustomer", enterAndClick("txtCustName", "O'", "cmdSearch")}};
     if (act == "estimate")
         return {{"frmMainMenu", choose("mnuEditEstimate")},
                 {"frmOrders", click("CmdSelect")},
