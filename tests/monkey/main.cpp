@@ -113,7 +113,9 @@ private:
             left_ = 0;
             report();
             // From here the usual way out, through all destructors: what leaks is seen.
-            for (QWidget* window : QApplication::topLevelWidgets()) window->close();
+            const QWidgetList open = QApplication::topLevelWidgets();
+            for (const QPointer<QWidget>& window : QList<QPointer<QWidget>>(open.begin(), open.end()))
+                if (window) window->close();  // one may take others along
             QCoreApplication::exit(allStepsDone);
             return;
         }
