@@ -144,26 +144,6 @@ TEST_F(MakeDatabase, HoldsWhatItIsMadeFor) {
     EXPECT_EQ(found, expected);
 }
 
-TEST_F(MakeDatabase, ColumnsStandInTheOrderThatReadersByPositionExpect) {
-    makeDatabase(data, file, Contents::Delivered);
-    const std::vector<std::pair<std::string, std::string>> tables{
-        {"OrderInfo",
-         "OrderNo CustId RepId OrderDate SStreet1 SStreet2 SCity SState SZip SCountry SPhone SMobile SEmail "
-         "ShipId Amount Tax Total UPSTracking Notes Overhead"},
-        {"OrderItem", "OrderNo ItemId Qty Material RoomId UnitId Extension Labor Others"},
-        {"Item", "ItemId Itemcode Itemname CategoryId UnitId Material Labor SubLabor Equipment Qty TU"},
-        {"Category", "CatId CatName ParentCategory"},
-        {"Categories", "CatId CatName totitm ParentCategory"},
-        {"Customer",
-         "CustId CustName BStreet1 BStreet2 BCity BState BZip BCountry BPhone BFax BMobile BEmail BUrl BCCNo"},
-        {"Units", "Id Name"},
-        {"Rooms", "Id Name"},
-        {"States", "StateId StateName"},
-    };
-    for (const auto& [table, columns] : tables)
-        EXPECT_EQ(ask("select name from pragma_table_info('" + table + "') order by cid"), columns) << table;
-}
-
 TEST_F(MakeDatabase, CategoriesCountTheirItemsByTheIndex) {
     makeDatabase(data, file, Contents::Sample);
     EXPECT_EQ(ask("select totitm from Categories where CatName in ('Roofing', 'Shingles') order by CatName"), "0 5");

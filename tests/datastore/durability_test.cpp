@@ -237,23 +237,6 @@ TEST_F(SettleTest, PlaysAnInterruptedWriteBack) {
     EXPECT_EQ(raw(folder + "/copy", "select Name from Rooms; pragma integrity_check"), "Kitchen;Attic;ok;");
 }
 
-TEST_F(SettleTest, LeavesConnectionsOpenInName) {
-    store.settle(file);
-    EXPECT_EQ(connection.state(), 1);
-    connection.execute("delete from Rooms where Id = 1");
-    EXPECT_EQ(rows(roomCount), "1;");
-}
-
-TEST_F(SettleTest, LetsAFileBeReplacedOverAHotJournal) {
-    const std::string backup = folder + "/a.bak";
-    makeRaw(backup, "insert into Rooms values (3, 'Other')");
-    leaveHotJournal();
-    store.settle(file);
-    std::filesystem::rename(backup, file);
-    EXPECT_EQ(rows("select Name from Rooms"), "Kitchen;Attic;Other;");
-    EXPECT_EQ(raw(file, "pragma integrity_check"), "ok;");
-}
-
 TEST_F(SettleTest, TakesAwayLogsThatHaveNoDatabase) {
     const struct {
         const char* name;

@@ -263,33 +263,26 @@ TEST_F(EstimateTest, WhatApplyingChecksAndKeeps) {
     struct Row {
         const char* name;
         const char* steps;  // from the edit of the first row on
-        std::vector<TestHost::Box> boxes;
+        const TestHost::Box& box;
         std::string firstRow;
         std::string firstLine;  // as saved afterwards
     };
-    const std::string brick = "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2";
-    for (const Row& row : {Row{"another row's item",
-                               "cmbItems=Brick; cmbRooms=Roof; cmbUnits=Bag; cmdEditApply; cmdAdd",
-                               {added},
-                               brick,
-                               "1|100.0|50.0|3|2|0.0|20.0|1.25"},
-                           Row{"the old item where another row has it",
-                               "cmbItems=Nails; TxtQty=1; cmbRooms=Attic; cmbUnits=Bag; cmdEditApply",
-                               {added},
-                               "1|Deck|2|Each|Joist|25|4|5|0|34|2|1",
-                               "1|2.5|25.0|2|1|5.0|4.0|0.0"},
-                           Row{"the row deleted meanwhile: the next one is overwritten",
-                               "cmdDel; TxtQty=4; cmdEditApply",
-                               {deleteLine},
-                               "1|Deck|4|Each|Joist|50|4|5|0|59|2|1",
-                               "3|4.0|50.0|2|1|5.0|4.0|0.0"}}) {
+    for (const Row& row : {
+             Row{"another row's item", "cmbItems=Brick; cmbRooms=Roof; cmbUnits=Bag; cmdEditApply; cmdAdd", added,
+                 "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2", "1|100.0|50.0|3|2|0.0|20.0|1.25"},
+             Row{"the old item where another row has it",
+                 "cmbItems=Nails; TxtQty=1; cmbRooms=Attic; cmbUnits=Bag; cmdEditApply", added,
+                 "1|Deck|2|Each|Joist|25|4|5|0|34|2|1", "1|2.5|25.0|2|1|5.0|4.0|0.0"},
+             Row{"the row deleted meanwhile: the next one is overwritten", "cmdDel; TxtQty=4; cmdEditApply", deleteLine,
+                 "1|Deck|4|Each|Joist|50|4|5|0|59|2|1", "3|4.0|50.0|2|1|5.0|4.0|0.0"},
+         }) {
         SCOPED_TRACE(row.name);
         data.execute(
             "delete from OrderItem where OrderNo = 3; insert into OrderItem values (3,1,2.5,25,2,1,5,4,0),"
             "(3,3,100,50,3,2,0,20,1.25),(3,1,1,1,1,2,0,0,0)");
         QWidget& order = openEstimate("E", 3);
         doubleClickRow(order, 0);
-        go(order, row.steps, row.boxes);
+        go(order, row.steps, {row.box});
         EXPECT_EQ(rows(order)[0], row.firstRow);
         go(order, "CmdSave", {saved});
         EXPECT_EQ(lines(3)[0], row.firstLine);

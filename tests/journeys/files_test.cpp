@@ -7,7 +7,6 @@
 #include "journeys/journey.h"
 #include "platform/text_area.h"
 #include "support/files.h"
-#include "support/full_disk.h"
 
 namespace torvane {
 namespace {
@@ -87,28 +86,6 @@ TEST_F(FilesTest, RestoreTakesOnlyABackupThatIsThere) {
         EXPECT_EQ(bytes(data.database()), database);
     }
     EXPECT_EQ(host.fileDialogs[0], (TestHost::Asked{"", "Backup (*.bak)"}));
-}
-
-TEST_F(FilesTest, OnAFullDiskCopiesAreSilentAndHarmNothing) {
-    QWidget& window = customers("E");
-    write(file("older.bak"), "older");
-    data.execute("insert into Rooms (Name) values ('More')");
-    backUp(file("then.bak"), {exported});
-    const std::string then = bytes(data.database());
-    data.execute("update BlankNotes set Notes = hex(zeroblob(50000))");
-    const std::string database = bytes(data.database());
-    {
-        const FullDisk full(8192);
-        backUp(file("older.bak"), {overwrite});
-        backUp(file("new.bak"));
-        restore(file("then.bak"));
-        go(window, "CmdAll");
-    }
-    EXPECT_EQ(bytes(file("older.bak")), "older");
-    EXPECT_TRUE(bytes(data.database()) == database);
-    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "older.bak", "then.bak"}));
-    restore(file("then.bak"), {imported});
-    EXPECT_TRUE(bytes(data.database()) == then);
 }
 
 TEST_F(FilesTest, RestoreUnderOpenScreens) {

@@ -188,6 +188,7 @@ TEST_F(FindingTest, SharedNotes) {
     choose("mnuBlank");
     find<TextArea>(screens->blank, "rtfNotes").setText("lost");
     go(screens->blank.window(), "CmdCancel");
+    EXPECT_FALSE(screens->blank.loaded());
     EXPECT_EQ(data.cell("select Notes from BlankNotes"), "Don't walk on wet floors; it's slippery.");
 }
 

@@ -1,4 +1,5 @@
 #include <fstream>
+#include <iterator>
 #include <sstream>
 
 #include "reports/data_environment.h"
@@ -9,30 +10,10 @@ namespace torvane {
 namespace {
 
 ReportRows lines(int count) {
-    const std::vector<std::string> names{"orderinfo.OrderNo",
-                                         "CustName",
-                                         "OrderDate",
-                                         "SStreet1",
-                                         "SStreet2",
-                                         "SCity",
-                                         "SState",
-                                         "SZip",
-                                         "SCountry",
-                                         "Room",
-                                         "Qty",
-                                         "Unit",
-                                         "Item",
-                                         "Material",
-                                         "Labor",
-                                         "Extension",
-                                         "Others",
-                                         "totitem",
-                                         "Amount",
-                                         "Tax",
-                                         "taxtot",
-                                         "Overhead",
-                                         "ohtot",
-                                         "Total"};
+    std::istringstream columns(
+        "orderinfo.OrderNo CustName OrderDate SStreet1 SStreet2 SCity SState SZip SCountry Room Qty Unit Item Material "
+        "Labor Extension Others totitem Amount Tax taxtot Overhead ohtot Total");
+    const std::vector<std::string> names{std::istream_iterator<std::string>(columns), {}};
     std::vector<Value> cells;
     for (int row = 0; row < count; ++row)
         for (std::size_t column = 0; column < names.size(); ++column)

@@ -1,4 +1,4 @@
-// Endings of every kind: a process that is killed, and a failure that ends the program for real.
+// A failure that ends the program for real, and two programs on one folder.
 
 #include <unistd.h>
 
@@ -6,12 +6,10 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "estimates/cls_order.h"
 #include "shell/folder_lock.h"
 #include "support/child.h"
 #include "support/data_folder.h"
 #include "support/files.h"
-#include "support/record_test.h"
 #include "support/screen_test.h"
 
 namespace torvane {
@@ -19,92 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
-
-// --- Killed while saving ---------------------------------------------------------------------------------------------
-
-struct Mode : EstimateScreen {
-    std::string mode;
-    const std::string& estimateMode() const override { return mode; }
-    void showEstimate() override {}
-};
-
-class KilledSaveTest : public RecordTest, public ::testing::WithParamInterface<const char*> {
-protected:
-    static constexpr int number = 77;
-
-    KilledSaveTest() {
-        folder.useEmpty();
-        folder.execute(
-            "insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Notes) values (76, 1, '2003-07-04', 1, "
-            "'other');"
-            "insert into OrderItem (OrderNo, ItemId, Qty) values (76, 1, 1)");
-        if (std::string_view(GetParam()) == "E")
-            folder.execute(
-                "insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Notes) values (77, 1, '2003-07-04', 2, "
-                "'before');"
-                "insert into OrderItem (OrderNo, ItemId, Qty) values (77, 1, 2), (77, 2, 3)");
-        fs::copy_file(folder.database(), before_);
-    }
-    ~KilledSaveTest() override { fs::remove(before_); }
-
-    // Saves 1,000 lines by a store of its own.
-    template <class Begun>
-    void save(Begun begun) {
-        Store own;
-        Mode screen;
-        screen.mode = GetParam();
-        ClsOrder order(Environment{host, own}, screen);
-        order.OrderNo = number;
-        order.CustId = 9;
-        order.Amount = 1000;
-        order.OrderDate = {2024, 3, 15};
-        order.Notes = "after";
-        for (int line = 1; line <= 1000; ++line)
-            order.ColnOrderItems().Add(std::int64_t{line}, line * 0.5, line * 1.25, std::int64_t{1}, std::int64_t{2},
-                                       0.5, 1.5, 2.5);
-        begun();
-        order.Save();
-    }
-    void putBack() const {
-        fs::remove(folder.database() + "-journal");
-        fs::copy_file(before_, folder.database(), fs::copy_options::overwrite_existing);
-    }
-    // Both estimates, by the engine itself, which plays an interrupted write back.
-    std::string content() const {
-        std::string all;
-        for (const auto& row : folder.rows(
-                 "select OrderNo, CustId, Amount, Notes, (select count(*) || '/' || sum(Qty) || '/' || count(distinct "
-                 "ItemId) from OrderItem where OrderItem.OrderNo = OrderInfo.OrderNo) from OrderInfo"))
-            all += row + ";";
-        return all + folder.cell("select count(*) from OrderItem") + ";" + folder.cell("pragma integrity_check");
-    }
-
-private:
-    std::string before_ = folder.path() + ".before";
-};
-
-TEST_P(KilledSaveTest, LeavesTheEstimateAsItWasOrAsItIsToBe) {
-    const bool adding = std::string_view(GetParam()) == "A";
-    const std::string other = "76|1|1.0|other|1/1.0/1;";
-    const std::string before = other + (adding ? "1;ok" : "77|1|2.0|before|2/5.0/2;3;ok");
-    const std::string after = other + "77|9|1000.0|after|1000/250250.0/1000;1001;ok";
-    ASSERT_EQ(content(), before);
-
-    constexpr int points = 60;
-    int asBefore = 0;
-    killAtPoints(
-        points, [&] { putBack(); }, [&](auto begun) { save(begun); },
-        [&](int point) {
-            const std::string now = content();
-            EXPECT_TRUE(now == after || (now == before && point < points))
-                << "killed at point " << point << ": " << now;
-            asBefore += now == before;
-        });
-    EXPECT_GT(asBefore, 0) << "none was killed before its end";
-}
-
-INSTANTIATE_TEST_SUITE_P(Modes, KilledSaveTest, ::testing::Values("A", "E"),
-                         [](const auto& mode) { return std::string(mode.param); });
 
 // --- Ended by a failure ----------------------------------------------------------------------------------------------
 

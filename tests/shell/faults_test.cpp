@@ -293,41 +293,6 @@ TEST_P(FaultTest, LeavesTheOldOrTheNew) {
 
 class CopyTest : public FaultTest {};
 
-TEST_P(CopyTest, KilledAtAnyTimeLeavesTheOldOrTheNew) {
-    const std::string clean = kept.path() + "/clean";
-    for (const std::string& file : {clean, at("other.bak")}) {
-        lay(file, folder.database());
-        folder.execute("update BlankNotes set Notes = hex(randomblob(3000000))");  // many pieces
-        lay(folder.database(), file);
-    }
-    putBack(false);
-    const std::string before = state();
-    startAnew();
-    const std::string after = state();
-    const Texts files = filesThere();
-    constexpr int points = 30;
-    int asBefore = 0;
-    FileSystem flushing;
-    killAtPoints(
-        points, [&] { putBack(false); },
-        [&](auto begun) {
-            NotingHost host(folder.path());
-            Store store;
-            begun();
-            GetParam().act({host, store}, flushing);
-        },
-        [&](int point) {
-            const std::string now = state();
-            EXPECT_TRUE(now == after || (now == before && point < points)) << "killed at point " << point;
-            asBefore += now == before;
-            EXPECT_LE(filesThere().size(), files.size() + 1) << "what was begun stays once at most";
-            startAnew();
-            EXPECT_TRUE(state() == after);
-            EXPECT_EQ(filesThere(), files);
-        });
-    EXPECT_GT(asBefore, 0) << "none was killed before its end";
-}
-
 TEST_P(CopyTest, LeavesAloneWhatIsProtected) {
     const struct {
         const char* file;

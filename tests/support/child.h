@@ -4,11 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <exception>
-#include <thread>
 
 namespace torvane {
 
@@ -60,32 +58,5 @@ private:
     pid_t id_ = -1;
     int output_ = -1;
 };
-
-// Runs `work` in a process to its end, and then again for each of so many points of the time that it took, killed
-// there. It gets a function to call where the time begins. `prepare` comes before each run and `look` after it, with
-// the point of the kill, which is `points` when there was none.
-template <class Prepare, class Work, class Look>
-void killAtPoints(int points, Prepare prepare, Work work, Look look) {
-    std::chrono::microseconds whole{};
-    for (int point = points; point >= 0; --point) {
-        prepare();
-        {
-            Child child([&](auto say) {
-                work([&] { say('b'); });
-                say('e');
-            });
-            ASSERT_EQ(child.heard(), 'b');
-            const auto start = std::chrono::steady_clock::now();
-            if (point < points) {
-                std::this_thread::sleep_for(whole * point / points);
-            } else {
-                ASSERT_EQ(child.heard(), 'e');
-                whole = std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - start);
-            }
-            child.kill();
-        }
-        look(point);
-    }
-}
 
 }  // namespace torvane
