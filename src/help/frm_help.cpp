@@ -41,6 +41,7 @@ void addSections(QTreeWidgetItem& above, const std::vector<HelpSection>& section
 
 frmHelp::frmHelp(Program& program) : FormOf(program, "frmHelp") {
     setHelpContext(HelpContext::help);
+    setCounts(false);
 }
 
 frmHelp::~frmHelp() = default;
@@ -177,12 +178,12 @@ void frmHelp::startSearch(const QString& typed) {
 
 // What is typed over a page or a list goes into the search.
 void frmHelp::takeKeys(QWidget& from) {
-    new KeysOf(from, [this](const QKeyEvent& key) {
+    new KeysOf(from, [this, window = standingWindow()](const QKeyEvent& key) {
         const QString typed = key.text();
         if (typed.isEmpty() || !typed.front().isLetterOrNumber() || key.modifiers().testFlag(Qt::ControlModifier) ||
             key.modifiers().testFlag(Qt::AltModifier))
             return false;
-        asHandler(program(), standingWindow(), [&] { startSearch(typed); });
+        asHandler(program(), window, [&] { startSearch(typed); });
         return true;
     });
 }

@@ -241,6 +241,8 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionsClickable(true);
     header()->setTextElideMode(Qt::ElideRight);
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+    // A quick second click comes as a double click.
+    connect(header(), &QHeaderView::sectionDoubleClicked, this, &ReportList::ColumnClick);
 }
 
 // A text that its column cuts is shown whole as a tool tip.
@@ -407,9 +409,8 @@ void ReportList::keyPressEvent(QKeyEvent* event) {
 }
 
 void ReportList::mouseDoubleClickEvent(QMouseEvent* event) {
-    const bool onRow = event->button() == Qt::LeftButton && itemAt(event->position().toPoint());
     QTreeWidget::mouseDoubleClickEvent(event);
-    if (onRow) emit DblClick();
+    if (event->button() == Qt::LeftButton) emit DblClick();
 }
 
 void ReportList::mouseReleaseEvent(QMouseEvent* event) {

@@ -134,7 +134,8 @@ public:
 
 signals:
     void ColumnClick(int column);
-    void DblClick();                                // a row was double-clicked, or Enter pressed on one
+    void
+    DblClick();  // double-clicked, on a row or beside the rows (the selected one counts), or Enter pressed on a row
     void RightClick(const QPoint& globalPosition);  // the right button let go, or the menu key
 
 public:

@@ -29,6 +29,12 @@ bool modalWindowAbove(const QWidget& window) {
 }  // namespace
 
 struct FocusWatcher::State {
+    // A control that has lost the focus, within its window or to another one.
+    struct Left {
+        QPointer<QWidget> control;
+        bool toAnotherWindow = false;
+        QPointer<QWidget> to;  // that window, as long as it stands
+    };
     struct Watched {
         QPointer<QWidget> control;
         QPointer<QWidget> window;
@@ -43,30 +49,59 @@ struct FocusWatcher::State {
         return nullptr;
     }
 
+    void wait(const Left& one) {
+        left.push_back(one);
+        timer.start(0);
+    }
+    void focusIn(QWidget* now);
+    void windowActive(FormWindow* now);
+
     Program& program;
     std::vector<Watched> watched;
     QHash<const QWidget*, QPointer<QWidget>> lastIn;  // by window: the control that had the focus last
-    std::vector<QPointer<QWidget>> left;              // what waits, in order
+    QPointer<FormWindow> active;                      // the window that has the keys, or had them last
+    QPointer<QWidget> awaited;                        // the window that gets the keys back after a question
+    std::vector<Left> left;                           // what waits, in order
     QTimer timer;
     int runningAt = -1;  // the depth of event loops in which a handler of ours runs
 };
 
+void FocusWatcher::State::focusIn(QWidget* now) {
+    // Neither a menu, nor a list that has opened, nor a box takes the focus out of a control.
+    if (!now || qobject_cast<QMenuBar*>(now)) return;
+    const auto* window = qobject_cast<const FormWindow*>(now->window());
+    if (!window || window->unloaded() || (awaited && window != awaited)) return;
+    const QPointer<QWidget> before = std::exchange(lastIn[window], now);
+    if (before && before != now && find(before)) wait({before, false, nullptr});
+}
+
+void FocusWatcher::State::windowActive(FormWindow* now) {
+    if (!now || !now->counts() || runningAt >= 0) return;
+    if (awaited) {
+        // A desktop may give the keys to the window of the question first.
+        if (now == awaited) awaited = nullptr;
+        return;
+    }
+    if (now == active) return;
+    const QPointer<FormWindow> before = std::exchange(active, now);
+    // A focus that is back before anything was told has never been away.
+    const auto isBack = [&](const Left& one) {
+        return one.toAnotherWindow && one.control && one.control->window() == now;
+    };
+    for (const Left& one : left)
+        if (isBack(one)) lastIn[now] = one.control;
+    std::erase_if(left, isBack);
+    if (!before || before->unloaded() || !before->isVisible()) return;
+    const QPointer<QWidget> control = std::exchange(lastIn[before], nullptr);
+    if (control && find(control)) wait({control, true, now});
+}
+
 FocusWatcher::FocusWatcher(Program& program) : state_(std::make_unique<State>(program)) {
     state_->timer.setSingleShot(true);
     connect(&state_->timer, &QTimer::timeout, this, &FocusWatcher::flush);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        // Neither a menu, nor a list that has opened, nor a box or another window takes the focus out of a control.
-        if (!now || qobject_cast<QMenuBar*>(now)) return;
-        const auto* window = qobject_cast<const FormWindow*>(now->window());
-        if (!window || window->unloaded()) return;
-        QPointer<QWidget>& last = state_->lastIn[window];
-        if (last == now) return;
-        const QPointer<QWidget> before = last;
-        last = now;
-        if (!before || !state_->find(before)) return;
-        state_->left.push_back(before);
-        state_->timer.start(0);
-    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { state_->focusIn(now); });
+    connect(qApp, &QGuiApplication::focusWindowChanged, this,
+            [this] { state_->windowActive(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
 }
 
 FocusWatcher::~FocusWatcher() = default;
@@ -78,11 +113,13 @@ void FocusWatcher::watch(Form& form, QWidget* control, std::function<void()> los
 
 void FocusWatcher::flush() {
     const int loops = QThread::currentThread()->loopLevel();
+    state_->awaited = nullptr;
     while (!state_->left.empty() && state_->runningAt != loops) {
-        const QPointer<QWidget> control = state_->left.front();
+        const auto [control, toAnotherWindow, to] = state_->left.front();
         const State::Watched* watched = control ? state_->find(control) : nullptr;
-        if (watched && (QGuiApplication::mouseButtons() != Qt::NoButton || QApplication::activePopupWidget() ||
-                        modalWindowAbove(*control->window()))) {
+        const bool underWay = toAnotherWindow && !qobject_cast<FormWindow*>(QApplication::activeWindow());
+        if (watched && (underWay || QGuiApplication::mouseButtons() != Qt::NoButton ||
+                        QApplication::activePopupWidget() || modalWindowAbove(*control->window()))) {
             state_->timer.start(askAgainAfterMs);
             return;
         }
@@ -92,13 +129,18 @@ void FocusWatcher::flush() {
         const int outer = std::exchange(state_->runningAt, loops);
         asHandler(state_->program, watched->window, handler);
         state_->runningAt = outer;
+        // The question has come to the front with its own window; the one that took the focus goes on.
+        if (!to || !to->isVisible() || to == QApplication::activeWindow()) continue;
+        state_->awaited = to;
+        if (control) state_->lastIn[control->window()] = nullptr;
+        to->activateWindow();
     }
 }
 
 void FocusWatcher::forget(QWidget* window) {
     state_->lastIn.remove(window);
     std::erase_if(state_->left,
-                  [window](const QPointer<QWidget>& control) { return !control || control->window() == window; });
+                  [window](const State::Left& one) { return !one.control || one.control->window() == window; });
     std::erase_if(state_->watched,
                   [window](const State::Watched& one) { return !one.control || one.window == window; });
 }

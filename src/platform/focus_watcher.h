@@ -11,9 +11,9 @@ namespace torvane {
 class Form;
 class Program;
 
-// Tells when the focus has moved from a control to another one of the same window: not because of a box, a menu,
-// another window or the window's closing. The handler runs at a quiet moment: no mouse button down, no list open, and
-// before the handler of whatever took the focus, which then acts once.
+// Tells when the focus has moved from a control to another one of the same window, or to another window of the program:
+// not to a box, a menu, the help or another program, and not because the window closes. The handler runs at a quiet
+// moment: no mouse button down, no list open, and before the handler of whatever took the focus, which then acts once.
 class FocusWatcher : public QObject {
     Q_OBJECT
 public:

@@ -36,13 +36,28 @@ void FormWindow::letGo() {
     if (unloaded() && handlers_ == 0) deleteLater();
 }
 
+bool FormWindow::counts() const {
+    return form_ && form_->counts();
+}
+
+FormWindow* FormWindow::handling() {
+    FormWindow* innermost = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* window = qobject_cast<FormWindow*>(widget);
+        if (window && window->isVisible() && window->innermost_ > (innermost ? innermost->innermost_ : 0))
+            innermost = window;
+    }
+    return innermost;
+}
+
 QWidget* frontWindow(const QWidget* except) {
     const auto fits = [except](const QWidget* window) {
         return window && window != except && window->isVisible() &&
                (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
     };
-    for (QWidget* window : {QApplication::activeModalWidget(), QApplication::activeWindow()})
-        if (fits(window)) return window;
+    if (QWidget* modal = QApplication::activeModalWidget(); fits(modal)) return modal;
+    if (QWidget* handling = FormWindow::handling(); fits(handling)) return handling;
+    if (QWidget* active = QApplication::activeWindow(); fits(active)) return active;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (fits(window)) return window;
     return nullptr;
@@ -73,12 +88,17 @@ void checkProgram(const QWidget& control) {
 // --- Busy ------------------------------------------------------------------------------------------------------------
 
 Busy::Busy(QWidget* window) : window_(window), given_(window != nullptr) {
-    if (window_) ++static_cast<FormWindow*>(window_.data())->handlers_;
+    if (!given_) return;
+    auto& entered = static_cast<FormWindow&>(*window);
+    ++entered.handlers_;
+    const FormWindow* const outer = FormWindow::handling();
+    outer_ = std::exchange(entered.innermost_, outer ? outer->innermost_ + 1 : 1);
 }
 
 Busy::~Busy() {
     if (auto* window = static_cast<FormWindow*>(window_.data())) {
         --window->handlers_;
+        window->innermost_ = outer_;
         window->letGo();
     }
 }
@@ -89,7 +109,7 @@ bool Busy::unloaded() const {
 
 // --- Form ------------------------------------------------------------------------------------------------------------
 
-Form::Form(Program& program, const char* name) : program_(program), name_(name) {}
+Form::Form(Program& program, std::string_view name) : program_(program), name_(name) {}
 
 Form::~Form() {
     auto* window = static_cast<FormWindow*>(window_.data());
@@ -109,6 +129,7 @@ void Form::Load() {
     window->setObjectName(qstring(name_));
     try {
         build(*window);
+        const Program::Doing opening(program_, "opening the window \"" + utf8(window->windowTitle()) + '"');
         Form_Load();
     } catch (...) {
         if (window_ == window) drop();
@@ -121,7 +142,7 @@ void Form::present(QWidget* front) {
     QWidget& window = *window_;
     standOver(window, front);
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    if (!shown_) program_.windowShown();
+    if (!shown_ && counts_) program_.windowShown();
     shown_ = true;
     window.show();
     window.raise();
@@ -179,7 +200,7 @@ void Form::Unload() {
 // The window goes, without a word to the screen.
 void Form::drop() {
     auto* window = static_cast<FormWindow*>(window_.data());
-    program_.windowUnloaded(window, std::exchange(shown_, false));
+    program_.windowUnloaded(window, std::exchange(shown_, false) && counts_);
     window_ = nullptr;
     window->form_ = nullptr;
     dropControls();

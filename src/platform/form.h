@@ -21,7 +21,7 @@ namespace torvane {
 // deleted when its handlers are done; a load in between makes a new window.
 class Form {
 public:
-    Form(Program& program, const char* name);
+    Form(Program& program, std::string_view name);
     virtual ~Form();
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
@@ -51,6 +51,10 @@ public:
     // F1 in this window opens the help here. 0, the default, opens the contents.
     void setHelpContext(int context) { helpContext_ = context; }
     int helpContext() const { return helpContext_; }
+    // Whether the program goes on while only this window stands, and whether the focus leaves other windows when it
+    // goes here; so it is for all windows but that of the help.
+    void setCounts(bool counts) { counts_ = counts; }
+    bool counts() const { return counts_; }
 
 protected:
     // Puts the controls into the new window. Touching controls from here on loads nothing.
@@ -69,6 +73,7 @@ private:
     QPointer<QWidget> window_;  // a FormWindow
     std::vector<QEventLoop*> modalLoops_;
     int helpContext_ = 0;
+    bool counts_ = true;
     bool shown_ = false;
     bool unloading_ = false;
 };
@@ -87,6 +92,7 @@ public:
 private:
     QPointer<QWidget> window_;
     bool given_;
+    int outer_ = 0;
 };
 
 // Runs what is entered neither by a signal nor by the screen itself (a timer, an event filter, an overridden event

@@ -16,6 +16,10 @@ public:
 
     Program& program() const { return program_; }
     bool unloaded() const { return form_ == nullptr; }
+    // See Form::counts; false once unloaded.
+    bool counts() const;
+    // The shown window whose handler is running, the innermost one where handlers stand within handlers; null for none.
+    static FormWindow* handling();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -28,10 +32,11 @@ private:
     Program& program_;
     Form* form_;
     int handlers_ = 0;
+    int innermost_ = 0;  // the depth of its innermost handler among all that run; 0 while none of its runs
 };
 
-// The window in front that a new one is to stand over: the modal one on top, else the active one, else any that shows;
-// null when there is none but `except`.
+// The window that a box or another window shown now is to stand over: the modal one on top, else the one whose handler
+// shows it, else the active one, else any that shows; null when there is none but `except`.
 QWidget* frontWindow(const QWidget* except = nullptr);
 
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.

@@ -65,6 +65,8 @@ void Program::leave() {
 void Program::end(RuntimeFailure failure) {
     if (ended_) return;
     ended_ = true;
+    if (const FormWindow* window = FormWindow::handling(); window && failedWhile_.empty())
+        failedWhile_ = "working in the window \"" + utf8(window->windowTitle()) + '"';
     failure.setDuring(failedWhile_);
     try {
         showFailure_(failure);

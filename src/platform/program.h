@@ -56,11 +56,12 @@ public:
             end(RuntimeFailure{0, failure.what()});
         }
     }
-    // Says what is going on as long as it stands, for the run-time error box: "saving the estimate".
+    // Says what is going on as long as it stands, for the run-time error box: "saving the estimate". Where nobody does,
+    // the box names the window whose handler failed.
     class Doing {
     public:
-        Doing(Program& program, std::string_view what)
-            : program_(program), what_(what), failuresBefore_(std::uncaught_exceptions()) {}
+        Doing(Program& program, std::string what)
+            : program_(program), what_(std::move(what)), failuresBefore_(std::uncaught_exceptions()) {}
         ~Doing() {
             if (std::uncaught_exceptions() > failuresBefore_ && program_.failedWhile_.empty())
                 program_.failedWhile_ = what_;
@@ -70,7 +71,7 @@ public:
 
     private:
         Program& program_;
-        std::string_view what_;
+        std::string what_;
         int failuresBefore_;
     };
     // Throws Ended once the program has ended: the last line of every operation of ours that may have run handlers.

@@ -294,10 +294,10 @@ TEST_F(CatalogueTest, EditedViewedAndDeleted) {
         if (mode == std::string("A")) go(shown, "cmdExit");
     }
     go(items("D"), "txtName=x");
-    go(items("D"), "cmdDel", {no(sure("1"), "Inventory")});
+    go(items("D"), "cmdDel", {no(sure("2"), "Inventory")});
     EXPECT_EQ(text(items("D"), "txtName"), "");
-    go(items("D"), "cmdDel", {yes(sure("1"), "Inventory"), deleted});
-    EXPECT_EQ(data.rows("select ItemId from Item order by ItemId"), (Texts{"2", "3"}));
+    go(items("D"), "cmdDel", {yes(sure("2"), "Inventory"), deleted});
+    EXPECT_EQ(data.rows("select ItemId from Item order by ItemId"), (Texts{"1", "3"}));
     EXPECT_EQ(lines(3).size(), 2U) << "the estimates that use it keep their lines";
 }
 
@@ -442,6 +442,7 @@ TEST_F(CatalogueTest, CategoriesEditedIntoACycleAndFiveLevelsDeep) {
     clickRow(list(window), 1);
     edit([&] { go(window, "CmdEdit"); }, "Framing", "Framing");
     EXPECT_EQ(categoryTable(), (Texts{"1|Framing|1", "2|Lumber|1", "3|Studs|2", "4|Long|3", "5|Dry|4", "6|Studs|6"}));
+    key(list(window), Qt::Key_Home);
     inModal([&] { go(window, "CmdEdit"); },
             [&](QWidget& form) {
                 EXPECT_EQ(texts(form, {"Txtname", "cmbParent"}), "Dry|Long");

@@ -81,9 +81,12 @@ INSTANTIATE_TEST_SUITE_P(
                noteAndLines, "Old note|0"},
         Ending{"numberThatIsTaken", "", "again", "CmdSave", "19 Insert into OrderInfo (Orderno,CustId,",
                "saving the estimate"},
-        Ending{"taxBeyondANumber", "update OrderInfo set Amount = 1e38", "edit", "txtTaxPer=1e308", "6 ", ""},
-        Ending{"notesWithoutARow", "delete from BlankNotes", "edit", "cmdImport", "5 ", ""},
-        Ending{"notesThatAreNull", "update BlankNotes set Notes = null", "edit", "cmdImport", "94 ", ""},
+        Ending{"taxBeyondANumber", "update OrderInfo set Amount = 1e38", "edit", "txtTaxPer=1e308", "6 ",
+               R"(working in the window "Edit Estimate")"},
+        Ending{"notesWithoutARow", "delete from BlankNotes", "edit", "cmdImport", "5 ",
+               R"(working in the window "Edit Estimate")"},
+        Ending{"notesThatAreNull", "update BlankNotes set Notes = null", "edit", "cmdImport", "94 ",
+               R"(working in the window "Edit Estimate")"},
         Ending{"apostropheInACustomersName", "", "add", "txtCustName=O'Hara; cmdAdd",
                "1 Select * from Customer where CustName ='O'Hara' and ", "saving the record", nullptr,
                "select CustName from Customer", "Ann Lee;Bob Ray"},
@@ -93,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
         Ending{"selectFromAnEmptyList", "delete from Customer", "select", "CmdSelCust", "91 ",
                "taking the selected customer"},
         Ending{"customerKeyBeyondItsType", "update Customer set CustId = 40000 where CustId = 7", "find", "CmdEdit",
-               "6 ", ""}),
+               "6 ", R"(working in the window "Edit Customer")"}),
     [](const auto& one) { return std::string(one.param.name); });
 
 // What the box says that was going on: a menu entry opens a window, the database breaks, and a step of the user fails.
@@ -159,6 +162,7 @@ INSTANTIATE_TEST_SUITE_P(
         While{"opening the estimate", "mnuEditEstimate", "frmOrders", "drop table OrderItem", "CmdSelect"},
         While{"looking for the estimate", "mnuDelEstimate", "FrmOrderNo", "", "TxtGetOrderNo=3a; cmdOk"},
         While{"starting the conversions program", "mnucalc1_6", "", ""},
+        While{"computing the Resilient Tile Calculator", "mnucalc3_9", "frmCalculator3", "", "cmdTab36"},
         While{"opening the calculator of this type", "mnucalc1_7", "scientific", "", "tstandard"},
         While{"reading the notes", "mnuBlank", "", "delete from BlankNotes"},
         While{"saving the notes", "mnuBlank", "frmBlank", "drop table BlankNotes", "cmdOk"}),

@@ -273,7 +273,7 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
              const QPoint below = area.mapTo(list.window(), area.rect().bottomLeft() + QPoint(20, -3));
              QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, {}, below);
          },
-         "", 0},
+         "DblClick 0", 0},
         {"click with Control on the selected row",
          [](ReportList& list) {
              const QPoint place =
@@ -288,6 +288,14 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
              QApplication::sendEvent(list.viewport(), &menu);
          },
          "RightClick", 0},
+        {"quick second click on a header",
+         [](ReportList& list) {
+             QWidget& header = *list.header()->viewport();
+             const QPoint place =
+                 header.mapTo(list.window(), QPoint(list.header()->sectionViewportPosition(2) + 20, 5));
+             QTest::mouseDClick(list.window()->windowHandle(), Qt::LeftButton, {}, place);
+         },
+         "Column 2, Column 2", 0},
         {"headers", [](ReportList& list) { clickHeader(list, 2), clickHeader(list, 1); }, "Column 2, Column 1", 0},
         {"Enter in an empty list", [](ReportList& list) { list.ClearRows(), key(list, Qt::Key_Return); }, "", -1},
         {"letter in an empty list", [](ReportList& list) { list.ClearRows(), type(list, "s"); }, "", -1},

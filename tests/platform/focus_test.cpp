@@ -27,6 +27,9 @@ protected:
             on(form, form.button, &QPushButton::clicked, [this] { note("Click"); });
             on(form, form.choice, &DropList::Click, [this] { note("pick " + form.choice->Text()); });
         };
+        other.whenLoaded = [this] {
+            on(other, other.button, &QPushButton::clicked, [this] { note("other's Click"); });
+        };
         other.Show();
         EXPECT_TRUE(waitFor([this] { return other.window().isActiveWindow(); }));
         form.Show();
@@ -50,6 +53,12 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         Log expected;
     };
     const Log asked{"LostFocus", "Yes"};
+    // As a desktop does it: the window first, then the click.
+    const auto clickIn = [&](Probe& window, QWidget& control) {
+        window.window().activateWindow();
+        settle();
+        click(control);
+    };
     const Row rows[] = {
         {"Tab", [&] { key(*form.first, Qt::Key_Tab); }, asked},
         {"click on another box", [&] { click(*form.second); }, asked},
@@ -58,13 +67,17 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         {"pick in a list", [&] { pickInList(*form.choice, "two"); }, {"LostFocus", "Yes", "pick two"}},
         {"code", [&] { form.second->setFocus(); }, asked},
         {"disabled by code", [&] { form.first->setEnabled(false); }, asked},
-        {"code while another window is active",
+        {"click in another window", [&] { clickIn(other, *other.second); }, asked},
+        {"click on a button in another window",
+         [&] { clickIn(other, *other.button); },
+         {"LostFocus", "Yes", "other's Click"}},
+        {"another window, and another box on the way back",
          [&] {
              other.Show();
+             waitFor([&] { return log.size() == 2; }, 1000);
              settle();
+             EXPECT_TRUE(other.window().isActiveWindow());
              form.second->setFocus();
-             settle();
-             EXPECT_EQ(log, Log{});
              form.Show();
          },
          asked},
@@ -95,10 +108,13 @@ TEST_F(FocusTest, NothingElseTakesTheFocusFromAControl) {
              whenModal([](QWidget& box) { key(box, Qt::Key_Escape); });
              boxes.box("Item Saved", "");
          }},
-        {"another window",
+        {"the help window",
          [&] {
-             click(*other.second);
+             other.setCounts(false);
+             other.window().activateWindow();
+             settle();
              form.Show();
+             other.setCounts(true);
          }},
         {"modal form",
          [&] {
@@ -135,6 +151,26 @@ TEST_F(FocusTest, NothingElseTakesTheFocusFromAControl) {
         waitFor([] { return false; }, 40);
         EXPECT_EQ(log, Log{});
     }
+}
+
+// Each box stands over the window whose handler shows it, whatever window the desktop has made active meanwhile.
+TEST_F(FocusTest, BoxesBelongToTheWindowWhoseHandlerShowsThem) {
+    asks = false;
+    on(other, other.button, &QPushButton::clicked, [&] {
+        for (int box = 0; box < 3; ++box) {
+            whenModal([&](QWidget& top) {
+                EXPECT_EQ(top.windowHandle()->transientParent(), other.window().windowHandle());
+                key(top, Qt::Key_Escape);
+            });
+            form.window().activateWindow();
+            settle();
+            boxes.box("Item Saved", "");
+            settle();
+            EXPECT_TRUE(other.window().isActiveWindow());
+        }
+    });
+    click(*other.button);
+    EXPECT_TRUE(other.button->hasFocus());
 }
 
 TEST_F(FocusTest, UnloadingDropsWhatWaits) {

@@ -46,7 +46,7 @@ protected:
 }  // namespace
 
 CalculatorWindow::CalculatorWindow(Program& program, const CalculatorGroup& group)
-    : Form(program, group.name.data()), group_(group) {}
+    : Form(program, group.name), group_(group) {}
 
 void CalculatorWindow::build(QWidget& window) {
     window.setWindowTitle(QStringLiteral("Calculators"));
@@ -132,6 +132,7 @@ void CalculatorWindow::Unloadall() {
 
 void CalculatorWindow::openTab(const CalculatorTab& tab) {
     PanelView& panel = *panels_.at(tab.frame);
+    panel.setShownAs(tab.caption);
     panel.selectFirstEntries();
     panel.show();
     setHelpContext(helpContextOf(tab.frame));

@@ -40,6 +40,13 @@ QString joined(std::initializer_list<std::string_view> words) {
 
 }  // namespace
 
+template <class Control>
+Control& PanelView::control(std::string_view name) const {
+    auto* found = findChild<Control*>(qstring(name));
+    if (!found) fail(Failure::ObjectNotSet, name);
+    return *found;
+}
+
 PanelView::PanelView(Form& form, const Panel& panel, QWidget* parent) : QGroupBox(parent), form_(form), panel_(panel) {
     setObjectName(qstring(panel.frame));
     setTitle(qstring(panel.caption));
@@ -58,8 +65,8 @@ PanelView::PanelView(Form& form, const Panel& panel, QWidget* parent) : QGroupBo
 // --- Building --------------------------------------------------------------------------------------------------------
 
 QGridLayout& PanelView::gridOf(std::string_view frame) {
-    QWidget* const in = frame.empty() ? this : findChild<QGroupBox*>(qstring(frame));
-    return *static_cast<QGridLayout*>(in->layout());
+    const QWidget& in = frame.empty() ? *this : control<QGroupBox>(frame);
+    return *static_cast<QGridLayout*>(in.layout());
 }
 
 QWidget* PanelView::add(const PanelControl& control) {
@@ -142,7 +149,10 @@ QWidget* PanelView::addList(const PanelControl& control, QWidget* parent) {
 
 QWidget* PanelView::addButton(const PanelControl& control, QWidget* parent) {
     auto* button = new QPushButton(qstring(control.label), parent);
-    on(form_, button, &QAbstractButton::clicked, [this, compute = control.compute] { compute(*this); });
+    on(form_, button, &QAbstractButton::clicked, [this, compute = control.compute] {
+        const Program::Doing doing(form_.program(), "computing the " + std::string(shownAs_));
+        compute(*this);
+    });
     return button;
 }
 
@@ -225,23 +235,23 @@ void PanelView::selectFirstEntries() {
 }
 
 std::string PanelView::text(std::string_view box) const {
-    return findChild<TextBox*>(qstring(box))->Text();
+    return control<TextBox>(box).Text();
 }
 
 void PanelView::setText(std::string_view box, std::string_view text) {
-    findChild<TextBox*>(qstring(box))->setText(text);
+    control<TextBox>(box).setText(text);
 }
 
 int PanelView::listIndex(std::string_view list) const {
-    return findChild<DropList*>(qstring(list))->ListIndex();
+    return control<DropList>(list).ListIndex();
 }
 
 int PanelView::itemData(std::string_view list) const {
-    return findChild<DropList*>(qstring(list))->ItemData();
+    return control<DropList>(list).ItemData();
 }
 
 bool PanelView::isSet(std::string_view option) const {
-    return findChild<QAbstractButton*>(qstring(option))->isChecked();
+    return control<QAbstractButton>(option).isChecked();
 }
 
 }  // namespace torvane

@@ -19,6 +19,8 @@ class PanelView : public QGroupBox, public PanelTexts {
 public:
     PanelView(Form& form, const Panel& panel, QWidget* parent);
 
+    // The caption of the tab that shows it, for the run-time error box.
+    void setShownAs(std::string_view caption) { shownAs_ = caption; }
     // Sets the lists that are to stand on their first entry when the panel is shown.
     void selectFirstEntries();
 
@@ -29,6 +31,9 @@ public:
     bool isSet(std::string_view option) const override;
 
 private:
+    // The control of this name. Failure::ObjectNotSet when the panel has none of this kind.
+    template <class Control>
+    Control& control(std::string_view name) const;
     QGridLayout& gridOf(std::string_view frame);
     QWidget* add(const PanelControl& control);
     TextBox* addBox(const PanelControl& control, QWidget* parent);
@@ -42,6 +47,7 @@ private:
 
     Form& form_;
     const Panel& panel_;
+    std::string_view shownAs_;
     std::vector<QWidget*> made_;  // one for each row of the table
 };
 

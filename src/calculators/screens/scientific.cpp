@@ -153,6 +153,10 @@ constexpr KeyPlace keys[] = {
     {"Command2", 4, "=", "equals", 5, 8, presses<&M::Command2>, 3},
 };
 
+std::string pressing(std::string_view key) {
+    return "pressing \"" + std::string(key) + "\" on the scientific calculator";
+}
+
 QString nameOf(const KeyPlace& place) {
     const QString array = QLatin1String(place.array);
     return place.index == noIndex ? array : QStringLiteral("%1_%2").arg(array).arg(place.index);
@@ -245,7 +249,7 @@ void scientific::build(QWidget& window) {
     connectText1();
 
     new KeyPreview(window,
-                   [this](char character) { asHandler(program(), standingWindow(), [&] { keyPressed(character); }); });
+                   [this, &window](char character) { asHandler(program(), &window, [&] { keyPressed(character); }); });
     window.findChild<QWidget*>(QStringLiteral("Command2_4"))->setFocus();  // where Enter means equals
     window.resize(QSize(pixels(widthInTwips), pixels(heightInTwips)));
 }
@@ -324,7 +328,10 @@ QWidget* scientific::buildKeys() {
         key->setAccessibleName(*place.says ? QLatin1String(place.says) : QLatin1String(place.caption));
         key->setToolTip(QLatin1String(place.says));
         if (place.press)
-            on(*this, key, &QAbstractButton::clicked, [this, &place] { place.press(*machine_, place.index); });
+            on(*this, key, &QAbstractButton::clicked, [this, &place] {
+                const Program::Doing doing(program(), pressing(place.caption));
+                place.press(*machine_, place.index);
+            });
         else if (std::string_view(place.array) == "Command13")
             on(*this, key, &QAbstractButton::clicked, &Form::Unload);
         keys_->addButton(key);
@@ -399,6 +406,7 @@ void scientific::Form_Load() {
 }
 
 void scientific::keyPressed(char character) {
+    const Program::Doing doing(program(), pressing(std::string(1, character)));
     if (!machine_->KeyPress(character) || !keys_) return;
     for (QAbstractButton* key : keys_->buttons())
         if (key->text() == QLatin1Char(character)) static_cast<Key*>(key)->light();

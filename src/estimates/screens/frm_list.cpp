@@ -64,8 +64,8 @@ void frmList::RefreshTree() {
         if (node.parent >= 0) made[static_cast<std::size_t>(node.parent)]->addChild(made.back());
     }
     tree.addTopLevelItem(made.front());
-    tree.scrollToItem(made.back());
     tree.setCurrentItem(made.front());
+    tree.scrollToItem(made.back());
 }
 
 void frmList::InitListView() {

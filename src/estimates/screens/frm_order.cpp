@@ -1,7 +1,5 @@
 #include "estimates/screens/frm_order.h"
 
-#include <QKeyEvent>
-
 #include "masters/screens/frm_customer.h"
 #include "platform/fill_names.h"
 #include "platform/focus_watcher.h"
@@ -322,8 +320,7 @@ void frmOrder::Command1_Click() {
 }
 
 void frmOrder::cmdMainHelp_Click() {
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window(), &press);
+    program().help(helpContext());
 }
 
 // --- The line panel --------------------------------------------------------------------------------------------------

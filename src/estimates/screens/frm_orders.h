@@ -29,6 +29,7 @@ private:
     std::vector<std::string> rowTexts(const RowArray& rows, int row) override;
     std::int16_t pageSize() override { return Order().PageSize; }
     std::int16_t recordCount() override { return Order().RecordCount; }
+    bool keepsSelection() const override { return false; }
     std::string_view notFound() const override { return "Estimate Not Found"; }
 
     // The list's own record, not the one of the estimate screen.

@@ -28,17 +28,23 @@ void ListSkeleton::enablePaging() {
     controls().next->setEnabled(Page < PageCount);
 }
 
+// The row that was selected is selected again where it is still among them.
 void ListSkeleton::showRows(const std::optional<RowArray>& rows) {
+    ReportList& list = *controls().list;
+    const int before = keepsSelection() ? list.SelectedRow() : -1;
+    const std::string key = before < 0 ? std::string() : list.Cell(before, 0);
+    list.ClearRows();
     if (!rows) return;
     std::vector<std::vector<std::string>> texts;
     texts.reserve(static_cast<std::size_t>(rows->rows()));
     for (int row = 0; row < rows->rows(); ++row) texts.push_back(rowTexts(*rows, row));
-    controls().list->AddRows(texts);
+    list.AddRows(texts);
+    for (int row = 0; before >= 0 && row < list.RowCount(); ++row)
+        if (list.Cell(row, 0) == key) list.selectRow(row);
 }
 
 void ListSkeleton::RefreshGrid() {
     const Program::Doing doing(form().program(), "reading the list");
-    controls().list->ClearRows();
     const auto rows = readAllRows();
     Searched = "All";
     enablePaging();
@@ -52,7 +58,6 @@ void ListSkeleton::SearchItem() {
     Searched = "Searched";
     enablePaging();
     if (rows) {
-        controls().list->ClearRows();
         showRows(rows);
         ShowLabel();
         return;

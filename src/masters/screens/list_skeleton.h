@@ -68,6 +68,8 @@ protected:
     virtual std::string_view offerToAdd() const { return {}; }
     virtual std::string_view notFound() const = 0;
     virtual void cmdAdd_Click() {}
+    // Whether the selected row stays selected when the list is filled again.
+    virtual bool keepsSelection() const { return true; }
 
     // --- What it gets ------------------------------------------------------------------------------------------------
     // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The icon of the

@@ -31,6 +31,7 @@ void MasterList::cmdDel_Click() {
     Program& program = form().program();
     const std::int16_t key = selectedKey16();
     if (program.confirm("Are you sure you want to Delete ' " + selectedName() + " '", "Inventory")) {
+        const Program::Doing doing(program, "deleting the record");
         AddEditDel() = "D";
         deleteRecord(key);
         program.say("Deleted", defaultTitle);
@@ -48,8 +49,8 @@ QMenu& MasterList::addRelatedMenu(std::initializer_list<RelatedEntry> entries) {
         action->setObjectName(QLatin1String(entry.name));
         if (entry.opens.empty()) continue;
         on(form(), action, &QAction::triggered, [this, opens = entry.opens] {
-            const std::string what = "opening the window \"" + std::string(opens) + selectedName() + "\"";
-            const Program::Doing doing(form().program(), what);
+            const Program::Doing doing(form().program(),
+                                       "opening the window \"" + std::string(opens) + selectedName() + '"');
             fail(Failure::ObjectNotSet);
         });
     }
