@@ -58,6 +58,17 @@ TEST_F(SheetTest, TheTreeIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
               "    I3 Epoxy\n");
 }
 
+TEST_F(SheetTest, OpensWithTheLastNodeInSight) {
+    data.execute(
+        "with recursive n(i) as (select 100 union all select i + 1 from n where i < 199)"
+        "insert into Item select i, i, 'Plank ' || i, 1, 1, 1, 0, 0, 0, 1, '' from n");
+    start();
+    auto& tree = find<CategoryTree>(sheet(), "TreeCategory");
+    const auto last = tree.findItems("Plank 199", Qt::MatchRecursive | Qt::MatchExactly);
+    ASSERT_EQ(last.size(), 1);
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(last.constFirst()).center()));
+}
+
 TEST_F(SheetTest, CollectsAndMovesItems) {
     data.execute("update Item set CategoryId = 77 where ItemId = 3; insert into Category values (77, 'Masonry', 0)");
     start();

@@ -176,7 +176,6 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     EXPECT_EQ(calls, Texts{});
     key(window, Qt::Key_F1);
     ASSERT_TRUE(standing("frmHelp"));
-    closeBox(*standing("frmHelp"));
     go(order, "TxtQty=4; cmdAdd");
     EXPECT_EQ(rows(order).size(), 1U);
     go(window, "cmdExit");

@@ -65,7 +65,9 @@ void frmList::RefreshTree() {
     }
     tree.addTopLevelItem(made.front());
     tree.setCurrentItem(made.front());
-    tree.scrollToItem(made.back());
+    // When the window has its size: before, nobody knows what is in sight.
+    const auto showLast = [&tree, last = made.back()] { tree.scrollToItem(last); };
+    QMetaObject::invokeMethod(&tree, showLast, Qt::QueuedConnection);
 }
 
 void frmList::InitListView() {
