@@ -311,6 +311,32 @@ TEST_F(StoreTest, KeysAreNeverGivenTwice) {
     }
 }
 
+TEST_F(StoreTest, LettersOfAllScriptsHaveNoCase) {
+    connection.execute("insert into Rooms (Id, Name) values (3, 'École'), (4, 'Muñoz'), (5, 'Ärger'), (6, 'Zorn')");
+    raw(file, "insert into Rooms (Name) values ('ÉTAGE'), ('m²')");
+    const struct {
+        const char* statement;
+        const char* result;
+    } reads[] = {
+        {"select Id from Rooms where Name like 'école%'", "3;"},
+        {"select Id from Rooms where Name like '%MUÑ%'", "4;"},
+        {"select Id from Rooms where Name = 'ÄRGER'", "5;"},
+        {"select Id from Rooms where Name = 'arger' or Name like 'arger' or Name = 'm2'", "none"},
+        {"select Name from Rooms order by Name", "Ärger;Attic;École;ÉTAGE;Kitchen;m²;Muñoz;Zorn;"},
+        {"select max(Name), count(distinct Name) from Rooms", "Zorn|8;"},
+        // Wildcards as anywhere.
+        {"select 'É' like '_', 'É' like '__', '' like '%', '' like '_', 'aéaéb' like '%É_', 'abc' like 'a%c%'",
+         "1|0|1|0|1|1;"},
+        {"select 'éab' like '%A_', 'ébb' like '%A_', 'Straße' like 'STRASSE', 'СЛОН' like '%лон', 12 like '1_'",
+         "1|0|1|1|1;"},
+        {"select '50%' like '50!%' escape '!', '505' like '50!%' escape '!', 'É_' like 'éÀ_' escape 'À'", "1|0|1;"},
+        {"select 'a' like 'a!' escape '!', null like '%', 'a' like null, '!' like '!!' escape '!'", "0|~|~|1;"},
+    };
+    for (const auto& row : reads) EXPECT_EQ(rows(row.statement), row.result) << row.statement;
+    EXPECT_EQ(failureOf([&] { rows("select 'a' like 'a' escape 'ab'"); }), SQLITE_ERROR);
+    EXPECT_EQ(raw(file, "pragma integrity_check"), "ok;") << "the file is everybody's";
+}
+
 TEST_F(StoreTest, SharedColumnNamesAreQualified) {
     Recordset recordset;
     recordset.open(
