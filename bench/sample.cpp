@@ -100,7 +100,7 @@ std::string Sample::made(const std::string& folder) {
     {
         Raw maker(full);
         maker.execute("pragma synchronous = off; pragma journal_mode = off");
-        maker.execute("begin; " + std::string(schemaText()) + names + "commit");
+        maker.execute("begin; " + schemaText() + names + "commit");
         std::filesystem::create_directory(base / "empty");
         std::filesystem::copy_file(full, base / "empty/Larkfen.mdb");
         maker.execute(std::string("begin; ") + rows + largeOrderStatement() + "; commit");

@@ -2,7 +2,8 @@
 # Installs what is missing, saying what, as root or with sudo. (Qt's speech asks for the declarative package when built.)
 
 build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libqt6svg6-dev qt6-speech-dev qt6-declarative-dev
-                qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite libgl1-mesa-dev libsqlite3-dev fonts-liberation)
+                qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite libgl1-mesa-dev libsqlite3-dev libicu-dev
+                fonts-liberation)
 test_packages=(libgtest-dev sqlite3 poppler-utils)
 check_packages=(git clang-format-14 clang-tidy-14)
 fuzz_packages=(clang-14 libclang-rt-14-dev)

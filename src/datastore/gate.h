@@ -11,8 +11,8 @@ struct Gate {
     bool ownWork = false;
 };
 
-// Adds Val, cdbl and isnumeric, takes away what reaches outside the file, and puts the gate in place. `gate` must live
-// as long as the handle. False when SQLite refuses any of it; the handle tells why.
+// Takes away what reaches outside the file, and puts the gate in place. `gate` must live as long as the handle. False
+// when SQLite refuses any of it; the handle tells why.
 bool guardHandle(sqlite3* handle, Gate& gate);
 
 }  // namespace torvane

@@ -4,16 +4,12 @@
 
 #include "datastore/store.h"
 #include "datastore/store_file.h"
+#include "values/letters.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 namespace {
-
-bool sameName(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 // The first column closes the order, so that rows that tie stand in one order on all pages.
 std::string inOrder(std::string_view statement, std::string_view FldName, std::string_view AscOrDesc) {
@@ -76,7 +72,8 @@ void Recordset::setAbsolutePosition(long position) {
 }
 
 const Value& Recordset::field(std::string_view name) const {
-    const auto found = std::find_if(names_.begin(), names_.end(), [&](const auto& own) { return sameName(own, name); });
+    const auto found =
+        std::find_if(names_.begin(), names_.end(), [&](const auto& own) { return compareWithoutCase(own, name) == 0; });
     if (found == names_.end()) fail(Failure::InvalidCall, name);
     return field(static_cast<int>(found - names_.begin()));
 }

@@ -1,109 +1,109 @@
 #include "datastore/schema.h"
 
+#include <vector>
+
 namespace torvane {
 
 namespace {
 
-// The declared types are read back: real is a float32 column, double a computed number, date an ISO text.
-// Nothing is declared unique or not null besides the keys, and no table refers to another: an item, a customer or a
-// category may be deleted while rows still name it.
-constexpr std::string_view schema = R"sql(
-create table OrderInfo (
-    OrderNo integer primary key,
-    CustId integer,
-    RepId integer,
-    OrderDate date,
-    SStreet1 text collate nocase,
-    SStreet2 text collate nocase,
-    SCity text collate nocase,
-    SState integer,
-    SZip text collate nocase,
-    SCountry text collate nocase,
-    SPhone text collate nocase,
-    SMobile text collate nocase,
-    SEmail text collate nocase,
-    ShipId integer,
-    Amount real,
-    Tax real,
-    Total real,
-    UPSTracking text collate nocase,
-    Notes text collate nocase,
-    Overhead real
-);
-create table OrderItem (
-    OrderNo integer,
-    ItemId integer,
-    Qty real,
-    Material real,
-    RoomId integer,
-    UnitId integer,
-    Extension real,
-    Labor real,
-    Others real
-);
-create table Item (
-    ItemId integer primary key,
-    Itemcode text collate nocase,
-    Itemname text collate nocase,
-    CategoryId integer,
-    UnitId integer,
-    Material real,
-    Labor real,
-    SubLabor real,
-    Equipment real,
-    Qty real,
-    TU text collate nocase
-);
-create table Category (
-    CatId integer primary key,
-    CatName text collate nocase,
-    ParentCategory integer
-);
-create table Customer (
-    CustId integer primary key,
-    CustName text collate nocase,
-    BStreet1 text collate nocase,
-    BStreet2 text collate nocase,
-    BCity text collate nocase,
-    BState integer,
-    BZip text collate nocase,
-    BCountry text collate nocase,
-    BPhone text collate nocase,
-    BFax text collate nocase,
-    BMobile text collate nocase,
-    BEmail text collate nocase,
-    BUrl text collate nocase,
-    BCCNo text collate nocase
-);
-create table Units (
-    Id integer primary key,
-    Name text collate nocase
-);
-create table Rooms (
-    Id integer primary key,
-    Name text collate nocase
-);
-create table States (
-    StateId integer primary key,
-    StateName text collate nocase
-);
-create table Tax (
-    StateId integer,
-    TaxRate double
-);
-create table Representatives (
-    RepId integer primary key,
-    RepName text collate nocase
-);
-create table Ship (
-    ShipId integer primary key,
-    ShippingMedia text collate nocase
-);
-create table BlankNotes (
-    Notes text collate nocase
-);
+// How a column is declared, and what it takes; Null is always taken. The declared types are read back: real is a
+// float32 column, double a computed number, date an ISO text. In a condition @ stands for the column.
+struct Type {
+    std::string_view declared;
+    std::string_view takes;  // what a refusal tells
+    std::string_view condition;
+};
 
--- Counted by the index on Item(CategoryId); a join with a group would sort all items each time.
+constexpr Type int16{"integer", "whole numbers from -32768 to 32767",
+                     "@ between -32768 and 32767 and @ = cast(@ as integer)"};
+constexpr Type int32{"integer", "whole numbers from -2147483648 to 2147483647",
+                     "@ between -2147483648 and 2147483647 and @ = cast(@ as integer)"};
+// Up to the last double whose nearest single is finite.
+constexpr Type float32{"real", "numbers up to 3.402823E+38",
+                       "@ between -3.4028235677973362e+38 and 3.4028235677973362e+38"};
+constexpr Type number{"double", "numbers", "@ > -9e999 and @ < 9e999"};
+// Told to add no day, SQLite looks whether the month has it.
+constexpr Type date{"date", "dates as yyyy-mm-dd",
+                    "@ between '0100-01-01' and '9999-12-31' and @ is date(@, '+0 days')"};
+constexpr Type text{"text collate nocase", "texts", "typeof(@) <> 'blob'"};
+
+// Keys that the program gives, and those that the engine numbers: never one that was there before, for a deleted row
+// stays named by others.
+constexpr Type key16{"integer primary key", int16.takes, int16.condition};
+constexpr Type key32{"integer primary key", int32.takes, int32.condition};
+constexpr Type numbered16{"integer primary key autoincrement", int16.takes, int16.condition};
+
+struct Column {
+    std::string_view name;
+    const Type& type;
+};
+
+struct Table {
+    std::string_view name;
+    std::vector<Column> columns;
+};
+
+// Nothing is unique or not null besides the keys, and no table refers to another: an item, a customer or a category may
+// be deleted while rows still name it.
+const std::vector<Table>& tables() {
+    static const std::vector<Table> all{
+        {"OrderInfo",
+         {{"OrderNo", key32}, {"CustId", int32},  {"RepId", int32},      {"OrderDate", date}, {"SStreet1", text},
+          {"SStreet2", text}, {"SCity", text},    {"SState", int16},     {"SZip", text},      {"SCountry", text},
+          {"SPhone", text},   {"SMobile", text},  {"SEmail", text},      {"ShipId", int32},   {"Amount", float32},
+          {"Tax", float32},   {"Total", float32}, {"UPSTracking", text}, {"Notes", text},     {"Overhead", float32}}},
+        {"OrderItem",
+         {{"OrderNo", int32},
+          {"ItemId", int16},
+          {"Qty", float32},
+          {"Material", float32},
+          {"RoomId", int16},
+          {"UnitId", int16},
+          {"Extension", float32},
+          {"Labor", float32},
+          {"Others", float32}}},
+        {"Item",
+         {{"ItemId", numbered16},
+          {"Itemcode", text},
+          {"Itemname", text},
+          {"CategoryId", int16},
+          {"UnitId", int16},
+          {"Material", float32},
+          {"Labor", float32},
+          {"SubLabor", float32},
+          {"Equipment", float32},
+          {"Qty", float32},
+          {"TU", text}}},
+        {"Category", {{"CatId", numbered16}, {"CatName", text}, {"ParentCategory", int16}}},
+        {"Customer",
+         {{"CustId", numbered16},
+          {"CustName", text},
+          {"BStreet1", text},
+          {"BStreet2", text},
+          {"BCity", text},
+          {"BState", int16},
+          {"BZip", text},
+          {"BCountry", text},
+          {"BPhone", text},
+          {"BFax", text},
+          {"BMobile", text},
+          {"BEmail", text},
+          {"BUrl", text},
+          {"BCCNo", text}}},
+        {"Units", {{"Id", numbered16}, {"Name", text}}},
+        {"Rooms", {{"Id", numbered16}, {"Name", text}}},
+        {"States", {{"StateId", key16}, {"StateName", text}}},
+        {"Tax", {{"StateId", int16}, {"TaxRate", number}}},
+        {"Representatives", {{"RepId", key32}, {"RepName", text}}},
+        {"Ship", {{"ShipId", key32}, {"ShippingMedia", text}}},
+        {"BlankNotes", {{"Notes", text}}},
+    };
+    return all;
+}
+
+// Counted by the index on Item(CategoryId); a join with a group would sort all items each time. No index is by a text:
+// the program orders texts in a way of its own (see functions.h).
+constexpr std::string_view viewAndIndexes = R"sql(
 create view Categories as
     select CatId, CatName,
            (select count(*) from Item where Item.CategoryId = Category.CatId) as totitm,
@@ -111,21 +111,39 @@ create view Categories as
     from Category;
 
 create index ItemByCategory on Item (CategoryId);
-create index ItemByName on Item (Itemname);
 create index ItemByMaterial on Item (Material);
 create index OrderItemByOrder on OrderItem (OrderNo);
 create index OrderInfoByDate on OrderInfo (OrderDate);
 create index OrderInfoByTotal on OrderInfo (Total);
-create index CustomerByName on Customer (CustName);
-create index CustomerByCity on Customer (BCity);
-create index CustomerByPhone on Customer (BPhone);
-create index CustomerByEmail on Customer (BEmail);
 )sql";
+
+std::string conditionOn(const Column& column) {
+    std::string condition(column.type.condition);
+    for (auto at = condition.find('@'); at != std::string::npos; at = condition.find('@')) {
+        condition.replace(at, 1, column.name);
+    }
+    return condition;
+}
+
+// The constraint's name is what SQLite tells when it refuses a value.
+std::string columnText(const Column& column) {
+    std::string sql(column.name);
+    sql.append(" ").append(column.type.declared);
+    sql.append("\n        constraint \"").append(column.name).append(" takes ").append(column.type.takes);
+    return sql.append("\" check (").append(conditionOn(column)).append(")");
+}
 
 }  // namespace
 
-std::string_view schemaText() {
-    return schema;
+std::string schemaText() {
+    std::string sql;
+    for (const Table& table : tables()) {
+        sql.append("create table ").append(table.name).append(" (");
+        for (const Column& column : table.columns)
+            sql.append(&column == &table.columns.front() ? "\n    " : ",\n    ").append(columnText(column));
+        sql.append("\n);\n");
+    }
+    return sql.append(viewAndIndexes);
 }
 
 }  // namespace torvane

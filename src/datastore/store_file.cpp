@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "datastore/dialect.h"
+#include "datastore/functions.h"
 #include "values/failure.h"
 #include "values/numbers.h"
 
@@ -133,7 +134,7 @@ void StoreFile::openHandle() {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     const int opened = sqlite3_open_v2(plainPath(name_).c_str(), &handle_, flags, nullptr);
     try {
-        if (opened != SQLITE_OK || !guardHandle(handle_, gate_)) failed(name_);
+        if (opened != SQLITE_OK || !addFunctions(handle_) || !guardHandle(handle_, gate_)) failed(name_);
         sqlite3_busy_timeout(handle_, patienceMilliseconds);
         // The first reading plays an interrupted write back and finds out whether this is a database. A foreign file
         // may have been kept with a write-ahead log, which a copy of the one file would leave behind.

@@ -5,18 +5,13 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "values/letters.h"
+
 namespace torvane {
 
 namespace {
 
 constexpr int levels = 3;
-
-std::string lowered(const Value& name) {
-    std::string text = textOrEmpty(name);
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
 
 class Builder {
 public:
@@ -35,7 +30,9 @@ public:
         nodes_.push_back({"R", "Categories", -1});
         // The children of the root, and only they, are sorted by name.
         if (const auto tops = childrenOf_.find(0); tops != childrenOf_.end())
-            std::ranges::stable_sort(tops->second, {}, [this](int row) { return lowered(categories_(1, row)); });
+            std::ranges::stable_sort(tops->second, [this](int a, int b) {
+                return compareWithoutCase(textOrEmpty(categories_(1, a)), textOrEmpty(categories_(1, b))) < 0;
+            });
         addChildren(0, 0, 0);
         return std::move(nodes_);
     }

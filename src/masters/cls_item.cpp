@@ -1,20 +1,9 @@
 #include "masters/cls_item.h"
 
-#include <algorithm>
-
 #include "datastore/statement.h"
+#include "values/letters.h"
 
 namespace torvane {
-
-namespace {
-
-bool isItemCode(std::string_view field) {
-    return std::ranges::equal(field, std::string_view{"itemcode"}, [](char a, char b) {
-        return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
-    });
-}
-
-}  // namespace
 
 bool ClsItem::Validate() {
     const auto refuse = [this](std::string_view text) {
@@ -105,7 +94,8 @@ std::optional<RowArray> ClsItem::GetAllItems(long Page, long& PageCount, std::st
 
 std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName,
                                               std::string_view AscOrDesc) {
-    if (isItemCode(FldName)) FldName = AscOrDesc == "A" ? " Val(itemcode),itemcode" : " Val(itemcode) desc,itemcode";
+    if (compareWithoutCase(FldName, "itemcode") == 0)
+        FldName = AscOrDesc == "A" ? " Val(itemcode),itemcode" : " Val(itemcode) desc,itemcode";
     return readPage(
         "SELECT Item.ItemID,Item.ItemName,Category.CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
         "Item,Category,Units  where  Item.CategoryID = Category.CatId and Item.UnitId=Units.Id",

@@ -10,34 +10,18 @@
 #include <string>
 #include <string_view>
 
+#include "datastore/schema.h"
 #include "datastore/store.h"
 
 namespace torvane {
 
 // A few rows of every table that the statements of the system touch.
 inline constexpr const char* sampleText = R"sql(
-create table OrderInfo (OrderNo integer primary key, CustId integer, RepId integer, OrderDate date,
-    SStreet1 text collate nocase, SStreet2 text, SCity text, SState integer, SZip text, SCountry text, SPhone text,
-    SMobile text, SEmail text, ShipId integer, Amount real, Tax real, Total real, UPSTracking text, Notes text,
-    Overhead real);
-create table OrderItem (OrderNo integer, ItemId integer, Qty real, Material real, RoomId integer, UnitId integer,
-    Extension real, Labor real, Others real);
-create table Item (ItemId integer primary key, Itemcode text collate nocase, Itemname text collate nocase,
-    CategoryId integer, UnitId integer, Material real, Labor real, SubLabor real, Equipment real, Qty real, TU text);
-create index ItemByCategory on Item (CategoryId);
-create table Category (CatId integer primary key, CatName text collate nocase, ParentCategory integer);
-create view Categories as select CatId, CatName,
-    (select count(*) from Item where Item.CategoryId = Category.CatId) as totitm, ParentCategory from Category;
-create table Customer (CustId integer primary key, CustName text collate nocase, BCity text collate nocase,
-    BPhone text, BEmail text, BCCNo text);
-create table Units (Id integer primary key, Name text collate nocase);
-create table Rooms (Id integer primary key, Name text collate nocase);
-create table Tax (StateId integer, TaxRate double);
-create table BlankNotes (Notes text);
 insert into Category values (1, 'Lumber', null), (2, 'Nails', 1);
 insert into Units values (1, 'each'), (2, 'box');
 insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
-insert into Customer values (1, 'Stone', 'Boston', '555-1', null, null), (2, 'abel', 'Austin', '777', 'a@b', '9');
+insert into Customer (CustId, CustName, BCity, BPhone, BEmail, BCCNo)
+    values (1, 'Stone', 'Boston', '555-1', null, null), (2, 'abel', 'Austin', '777', 'a@b', '9');
 insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Labor, Qty)
     values (1, '10', 'Stud', 1, 1, 3.1, 1, 1), (2, '9', 'nail', 2, 2, 0.125, null, 100),
     (3, 'A1', 'Beam', 1, 1, 80, 2, 1);
@@ -62,7 +46,7 @@ protected:
     ~StoreTest() override { std::filesystem::remove_all(folder); }
 
     static void makeRaw(const std::string& name, const std::string& more = {}) {
-        raw(name, sampleText + more, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        raw(name, schemaText() + sampleText + more, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     }
 
     // The cells of a query from a handle of its own, "~" for Null, "|" between cells, ";" behind rows.

@@ -214,9 +214,10 @@ TEST_F(EstimateTest, FirstUseWithEmptyLists) {
 // --- Saved estimates -------------------------------------------------------------------------------------------------
 
 TEST_F(EstimateTest, OpenedToEdit) {
+    data.execute("update OrderInfo set Notes = 'Old\u00a0' || char(13, 10) || 'note' where OrderNo = 3");
     QWidget& order = openEstimate("E", 3);
     EXPECT_EQ(utf8(order.windowTitle()), "Edit Estimate");
-    EXPECT_EQ(texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "txtNotes"}), "3|8|10|Old note");
+    EXPECT_EQ(texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "txtNotes"}), "3|8|10|Old\u00a0\r\nnote");
     EXPECT_EQ(enabled(order, {"TxtOrder", "CmdSave"}), "CmdSave");
     EXPECT_EQ(texts(order, address), "Ann Lee|9 Oak|||Oregon|||||");
     EXPECT_EQ(texts(order, totals) + "|" + text(order, "txtTotal"), "200|16|20|236|236") << "as saved, not as summed";
@@ -225,7 +226,7 @@ TEST_F(EstimateTest, OpenedToEdit) {
     EXPECT_EQ(list(order).SelectedRow(), 0);
     EXPECT_EQ(texts(order, {"cmbRooms", "cmbUnits", "cmbItems"}), "Roof|Bag|Brick");
     go(order, "CmdSave", {saved});
-    EXPECT_EQ(header(3), "3|7|2|2003-07-04|9 Oak|||38||||||4|105.25|8.0|124.195||Old note|10.0");
+    EXPECT_EQ(header(3), "3|7|2|2003-07-04|9 Oak|||38||||||4|105.25|8.0|124.195||Old\u00a0\r\nnote|10.0");
     EXPECT_EQ(lines(3), (Texts{"1|2.5|25.0|2|1|5.0|4.0|0.0", "3|100.0|50.0|3|2|0.0|20.0|1.25"}))
         << "a line that was not touched keeps its fraction";
 }
@@ -417,8 +418,9 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
 }
 
 TEST_F(EstimateTest, NotesAreImportedAndCopied) {
+    data.execute("update BlankNotes set Notes = 'Good for 30\u00a0days.' || char(13, 10) || 'Half is due on signing.'");
     QWidget& order = openEstimate("E", 3);
-    const std::string whole = "Good for 30 days.\nHalf is due on signing.";
+    const std::string whole = "Good for 30\u00a0days.\r\nHalf is due on signing.";
     EXPECT_EQ(visible(order, {"frmNotes"}), "");
     go(order, "cmdImport");
     EXPECT_EQ(texts(order, {"rtfNotes", "txtNotes"}), whole + "|Old note");
@@ -428,7 +430,9 @@ TEST_F(EstimateTest, NotesAreImportedAndCopied) {
     key(notes, Qt::Key_Home, Qt::ControlModifier);
     for (int sign = 0; sign < 21; ++sign) key(notes, Qt::Key_Right, Qt::ShiftModifier);
     go(order, "cmdCopy");
-    EXPECT_EQ(text(order, "txtNotes"), "Good for 30 days.\nHal") << "a selection over two lines";
+    EXPECT_EQ(text(order, "txtNotes"), "Good for 30\u00a0days.\r\nHal") << "a selection over two lines";
+    type(find<QWidget>(order, "txtNotes"), "> ");
+    EXPECT_EQ(text(order, "txtNotes"), "> Good for 30\u00a0days.\r\nHal") << "a change leaves the signs around it";
     go(order, "rtfNotes=Only here; cmdCopy; CmdSave", {saved});
     EXPECT_EQ(visible(order, {"frmNotes"}), "frmNotes");
     EXPECT_EQ(data.cell("select Notes from OrderInfo where OrderNo = 3"), "Only here");

@@ -12,8 +12,9 @@ namespace torvane {
 namespace {
 
 constexpr std::string_view smallBusiness = R"sql(
-delete from Rooms; insert into Rooms values (1, 'Attic'), (2, 'Deck'), (3, 'Roof');
-delete from Units; insert into Units values (1, 'Each'), (2, 'Bag');
+delete from Rooms; delete from Units; delete from sqlite_sequence;
+insert into Rooms values (1, 'Attic'), (2, 'Deck'), (3, 'Roof');
+insert into Units values (1, 'Each'), (2, 'Bag');
 insert into Category values (1, 'Framing', 0);
 insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Labor, SubLabor, Equipment, Qty) values
     (1, '1', 'Joist', 1, 1, 10, 4, 5, 6, 2), (2, '2', 'Nails', 1, 1, 2.5, 0, 0, 0, 0), (3, '3', 'Brick', 1, 2, 0.5, 20, 0, 1.25, 100);

@@ -111,6 +111,7 @@ TEST_F(NamesTest, DeletingMovesOnInTheShortenedTable) {
     go(window, "CmdSave", saving("Record Saved"));
     go(window, "cmdNext");
     EXPECT_EQ(shown(window), "Den|Record : 1 of 1");
+    EXPECT_EQ(rooms(), Texts{"6|Den"}) << "no key is given twice";
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ protected:
 TEST_F(SheetTest, TheTreeIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
     data.execute(
         "delete from Category; delete from Item;"
-        "insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'paint', "
+        "insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'öl', "
         "null),"
         "(5, 'Orphan', 99);"
         "insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values (1, '1', 'Plank', 1, "
@@ -47,7 +47,7 @@ TEST_F(SheetTest, TheTreeIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
     ASSERT_EQ(tree.topLevelItemCount(), 1);
     EXPECT_EQ(outline(*tree.topLevelItem(0)),
               "R Categories\n"
-              " C2 paint\n"
+              " C2 öl\n"
               "  I5 Red\n"
               " C1 Wood\n"
               "  I2 Girder\n"

@@ -302,7 +302,7 @@ void fill(const std::filesystem::path& dataFolder, const std::filesystem::path& 
         "pragma page_size = 4096; pragma journal_mode = delete; pragma encoding = 'UTF-8';"
         "pragma application_id = " +
         std::to_string(applicationId) + "; pragma user_version = " + std::to_string(schemaVersion) + "; begin;" +
-        std::string(schemaText()));
+        schemaText());
     Maker maker(dataFolder, database);
     maker.addStarters();
     if (contents == Contents::Sample)

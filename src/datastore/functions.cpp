@@ -1,0 +1,100 @@
+#include "datastore/functions.h"
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string_view>
+
+#include "datastore/like_pattern.h"
+#include "values/failure.h"
+#include "values/letters.h"
+#include "values/numbers.h"
+
+namespace torvane {
+
+namespace {
+
+std::string_view textOfArgument(sqlite3_value* argument) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argument));
+    if (text == nullptr) return {};
+    return {text, static_cast<std::size_t>(sqlite3_value_bytes(argument))};
+}
+
+bool isNumber(sqlite3_value* argument) {
+    const int type = sqlite3_value_type(argument);
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
+}
+
+// The functions stand between two C callers: no failure may leave them as an exception.
+template <typename Work>
+void guarded(sqlite3_context* context, Work work) {
+    try {
+        work();
+    } catch (const RuntimeFailure& failure) {
+        sqlite3_result_error(context, failure.text().c_str(), -1);
+    } catch (const std::exception&) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
+// A number stays, Null gives Null, a text is read by `read`.
+template <double (*read)(std::string_view)>
+void numberOf(sqlite3_context* context, int, sqlite3_value** arguments) {
+    sqlite3_value* argument = arguments[0];
+    guarded(context, [&] {
+        if (sqlite3_value_type(argument) == SQLITE_NULL) return sqlite3_result_null(context);
+        sqlite3_result_double(context,
+                              isNumber(argument) ? sqlite3_value_double(argument) : read(textOfArgument(argument)));
+    });
+}
+
+void isNumericText(sqlite3_context* context, int, sqlite3_value** arguments) {
+    sqlite3_value* argument = arguments[0];
+    guarded(context, [&] {
+        const bool number =
+            isNumber(argument) || (sqlite3_value_type(argument) != SQLITE_NULL && isNumeric(textOfArgument(argument)));
+        sqlite3_result_int(context, number ? 1 : 0);
+    });
+}
+
+void isLike(sqlite3_context* context, int count, sqlite3_value** arguments) {
+    guarded(context, [&] {
+        for (int i = 0; i < count; ++i)
+            if (sqlite3_value_type(arguments[i]) == SQLITE_NULL) return sqlite3_result_null(context);
+        const std::string_view source = textOfArgument(arguments[0]);
+        const std::string_view text = textOfArgument(arguments[1]);
+        if (count == 3) {
+            const std::string_view escape = textOfArgument(arguments[2]);
+            if (!isOneSign(escape))
+                return sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
+            return sqlite3_result_int(context, LikePattern(source, escape).matches(text) ? 1 : 0);
+        }
+        // Kept from row to row.
+        auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0));
+        std::unique_ptr<LikePattern> made;
+        if (pattern == nullptr) pattern = (made = std::make_unique<LikePattern>(source)).get();
+        sqlite3_result_int(context, pattern->matches(text) ? 1 : 0);
+        if (made)
+            sqlite3_set_auxdata(context, 0, made.release(), [](void* kept) { delete static_cast<LikePattern*>(kept); });
+    });
+}
+
+int collate(void*, int lengthOfA, const void* a, int lengthOfB, const void* b) {
+    return compareWithoutCase({static_cast<const char*>(a), static_cast<std::size_t>(lengthOfA)},
+                              {static_cast<const char*>(b), static_cast<std::size_t>(lengthOfB)});
+}
+
+}  // namespace
+
+bool addFunctions(sqlite3* handle) {
+    const auto add = [&](const char* name, int arguments, void (*function)(sqlite3_context*, int, sqlite3_value**)) {
+        constexpr int pure = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+        return sqlite3_create_function_v2(handle, name, arguments, pure, nullptr, function, nullptr, nullptr,
+                                          nullptr) == SQLITE_OK;
+    };
+    return add("Val", 1, numberOf<lenientNumber>) && add("cdbl", 1, numberOf<strictDouble>) &&
+           add("isnumeric", 1, isNumericText) && add("like", 2, isLike) && add("like", 3, isLike) &&
+           sqlite3_create_collation_v2(handle, "NOCASE", SQLITE_UTF8, nullptr, collate, nullptr) == SQLITE_OK;
+}
+
+}  // namespace torvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace torvane {
+
+// Texts compared without case, in the letters of all scripts. Texts are UTF-8; what is no UTF-8 counts as one unknown
+// sign. Nothing here depends on a locale, so a list stands in the same order on all machines.
+
+constexpr bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+// Of ASCII; all else stays.
+constexpr char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The text without case: the same for two texts that differ by case alone, or by how an accented letter is put
+// together. "Ärger" and "ÄRGER" are the same, "Arger" is another text, and so are "m2" and "m²".
+std::string withoutCase(std::string_view text);
+
+// The order of lists: below 0, 0 or above 0. Letters stand among their kind, "Ärger" between "Arger" and "Art"; only
+// where nothing else differs do accents decide. 0 just when `withoutCase` gives the same for both. For texts of ASCII
+// this is the order of their bytes in lower case.
+int compareWithoutCase(std::string_view a, std::string_view b);
+
+// The bytes of the sign that a text begins with; 0 for an empty one.
+std::size_t signLength(std::string_view text);
+
+}  // namespace torvane
