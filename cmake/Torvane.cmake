@@ -37,10 +37,15 @@ function(torvane_room name)
   endif()
 endfunction()
 
-# A test program over one or more rooms; SCREENS is one of screens, which runs offscreen.
+# A test program over one or more rooms; SCREENS is one of screens, which runs offscreen. What is tested is optimised,
+# the tests need not be. HEADER is what all of many sources begin with: it is compiled once.
 function(torvane_test name)
-  cmake_parse_arguments(TEST "SCREENS" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(TEST "SCREENS" "HEADER" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${TEST_SOURCES})
+  target_compile_options(${name} PRIVATE -O0)
+  if(TEST_HEADER)
+    target_precompile_headers(${name} PRIVATE ${TEST_HEADER})
+  endif()
   target_link_libraries(${name} PRIVATE ${TEST_LINKS} torvane_warnings)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   if(TEST_SCREENS)
