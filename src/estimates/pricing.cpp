@@ -24,11 +24,11 @@ LineAmounts lineAmounts(const LinePanel& panel) {
 LineAmounts loadedAmounts(const ClsOrderItems& line) {
     LineAmounts amounts;
     amounts.quantity = narrowToInt32(line.mvarQty);
-    amounts.material = narrowToCurrency(line.mvarMaterial);
-    amounts.labor = narrowToCurrency(line.mvarLabor);
-    // As they are shown, so that the four amounts on screen add up to the total beside them.
-    amounts.extension = lenientNumber(generalText(line.mvarExtension));
-    amounts.others = lenientNumber(generalText(line.mvarOthers));
+    // As they are written, so that the four amounts on screen add up to the total beside them.
+    amounts.material = narrowToCurrency(decimalOf(line.mvarMaterial));
+    amounts.labor = narrowToCurrency(decimalOf(line.mvarLabor));
+    amounts.extension = decimalOf(line.mvarExtension);
+    amounts.others = decimalOf(line.mvarOthers);
     amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
     return amounts;
 }

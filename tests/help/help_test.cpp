@@ -19,6 +19,7 @@ namespace {
 class HelpTest : public ::testing::Test {
 protected:
     HelpTest() {
+        qputenv("TMPDIR", qstring(folder.path()).toUtf8());
         folder.useHelpBook();
         book = std::make_unique<HelpBook>(qstring(folder.helpBook()));
     }
