@@ -25,8 +25,9 @@ LineAmounts loadedAmounts(const ClsOrderItems& line) {
     LineAmounts amounts;
     amounts.quantity = narrowToInt32(line.mvarQty);
     // As they are written, so that the four amounts on screen add up to the total beside them.
-    amounts.material = narrowToCurrency(decimalOf(line.mvarMaterial));
-    amounts.labor = narrowToCurrency(decimalOf(line.mvarLabor));
+    const auto fourDecimals = [](float amount) { return decimalOf(narrowToSingle(narrowToCurrency(amount))); };
+    amounts.material = fourDecimals(line.mvarMaterial);
+    amounts.labor = fourDecimals(line.mvarLabor);
     amounts.extension = decimalOf(line.mvarExtension);
     amounts.others = decimalOf(line.mvarOthers);
     amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
