@@ -51,9 +51,10 @@ double widthOf(std::string_view text) {
 std::string content(const Placed& placed) {
     const std::string text = escaped(placed.text);
     const double width = placed.whole ? widthOf(placed.text) : 0;
-    if (width <= placed.width) return text;
-    return "<span style=\"transform:scaleX(" + generalText(static_cast<float>(placed.width / width)) + ")\">" + text +
-           "</span>";
+    if (width <= placed.room()) return text;
+    const int left = placed.align == Align::Right ? placed.width - placed.room() : 0;
+    return "<span style=\"margin-left:" + points(left) + ";transform:scaleX(" +
+           generalText(static_cast<float>(placed.room() / width)) + ")\">" + text + "</span>";
 }
 
 }  // namespace

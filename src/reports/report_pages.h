@@ -23,6 +23,8 @@ struct Placed {
     // A number or a date, which is made narrower where its box is too narrow: cut, it would read as another one. Every
     // other text is cut at its box.
     bool whole = false;
+    // How wide the text may be. Beside a number some room stays, so that two of them do not read as one.
+    int room() const { return whole ? width - 40 : width; }
 };
 
 // The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves

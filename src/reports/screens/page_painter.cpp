@@ -37,14 +37,16 @@ void paintPage(QPainter& painter, const std::vector<Placed>& page) {
         if (text.isEmpty()) continue;
         const auto face = static_cast<std::size_t>(placed.face);
         const double advance = metrics[face].horizontalAdvance(text);
-        const bool tooWide = advance > placed.width;
+        const bool tooWide = advance > placed.room();
+        const bool squeezed = tooWide && placed.whole;
         painter.save();
         painter.setFont(fonts[face]);
-        if (tooWide && !placed.whole) painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
+        if (tooWide && !squeezed) painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
         // A text that is cut loses its end and never its beginning.
-        const double x = placed.align == Align::Right && !tooWide ? placed.left + placed.width - advance : placed.left;
-        painter.translate(x, placed.top + metrics[face].ascent());
-        if (tooWide && placed.whole) painter.scale(placed.width / advance, 1);
+        const double indent = placed.width - (squeezed ? placed.room() : advance);
+        const bool right = placed.align == Align::Right && (squeezed || !tooWide);
+        painter.translate(placed.left + (right ? indent : 0), placed.top + metrics[face].ascent());
+        if (squeezed) painter.scale(placed.room() / advance, 1);
         painter.drawText(QPointF(), text);
         painter.restore();
     }
