@@ -38,8 +38,7 @@ TEST(Pricing, LoadedLineShowsAWholeQuantityAndFourDecimals) {
         const char* total;
     };
     for (const Row& row : {Row{2.5F, 25, 0, 0, 0, "2", "25"}, Row{3.5F, 1.00005F, 0, 0, 0, "4", "1"},
-                           Row{1, 12.35F, 0.1F, 3.15F, 0.4F, "1", "16"},
-                           Row{1, 250000.1F, 0, 0, 0, "1", "250000.1"}}) {
+                           Row{1, 12.35F, 0.1F, 3.15F, 0.4F, "1", "16"}, Row{1, 250000.1F, 0, 0, 0, "1", "250000.1"}}) {
         ClsOrderItems line;
         line.mvarQty = row.quantity;
         line.mvarMaterial = row.material;

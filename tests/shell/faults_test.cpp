@@ -41,39 +41,6 @@ std::string nameOf(Fault fault) {
 
 // --- Copies ----------------------------------------------------------------------------------------------------------
 
-TEST(FileCopyTest, LeavesTheOldOrTheWholeNewFile) {
-    const DataFolder data;
-    const std::string from = data.path() + "/from";
-    const std::string to = data.path() + "/to";
-    std::string content;
-    for (int i = 0; i < 30000; ++i) content += std::to_string(i);  // more than one piece
-    write(from, content);
-    const std::optional<std::string> olds[] = {"old", content + content, std::nullopt};
-    for (const auto& old : olds) {
-        for (const Fault fault : {Fault::Once, Fault::Gone, Fault::Full}) {
-            int call = 0;
-            for (bool struck = true; struck;) {
-                ASSERT_LT(call, 100);
-                SCOPED_TRACE(nameOf(fault) + " at call " + std::to_string(++call));
-                fs::remove(to);
-                if (old) write(to, *old);
-                FaultyDisk disk;
-                disk.arm(fault, call);
-                const bool done = copyFile(disk, from, to);
-                struck = disk.struck();
-                EXPECT_EQ(done, !struck);
-                EXPECT_TRUE(fs::exists(to) ? bytes(to) == content || bytes(to) == old : !old && !done);
-                EXPECT_TRUE(!done || bytes(to) == content);
-                EXPECT_TRUE(fault == Fault::Gone || filesIn(data.path()).size() == 1U + fs::exists(to))
-                    << "only a lost disk keeps the half file";
-                if (fault == Fault::Gone) sweep(data.path());
-            }
-            EXPECT_GT(call, fault == Fault::Full ? 3 : 8);
-        }
-    }
-    EXPECT_EQ(bytes(from), content);
-}
-
 TEST(FileCopyTest, KeepsPermissionsAndFollowsLinks) {
     const DataFolder data;
     const auto at = [&](const char* name) { return data.path() + "/" + name; };
