@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
 namespace torvane {
@@ -17,24 +18,31 @@ bool FileSystem::exists(const std::string& name) {
 }
 
 bool FileSystem::protectedFile(const std::string& name) {
-    return ::access(name.c_str(), F_OK) == 0 && ::access(name.c_str(), W_OK) != 0;
+    struct stat status {};
+    if (::stat(name.c_str(), &status) != 0) return false;
+    return !S_ISREG(status.st_mode) || ::access(name.c_str(), W_OK) != 0;
 }
 
 int FileSystem::openToRead(const std::string& name) {
     return ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
 }
 
-int FileSystem::openToWrite(const std::string& name) {
-    constexpr mode_t everybodyReads = 0644;
-    ::unlink(name.c_str());
-    return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, everybodyReads);
+int FileSystem::openFresh(const std::string& beside, std::string& fresh) {
+    fresh = (std::filesystem::path(beside).parent_path() / "Torvane-XXXXXX").string();
+    return ::mkostemp(fresh.data(), O_CLOEXEC);
 }
 
-void FileSystem::adoptOwnerAndMode(int file, const std::string& of) {
+void FileSystem::setPermissions(int file, const std::string& target, const std::string& model) {
     struct stat status {};
-    if (::stat(of.c_str(), &status) != 0) return;
-    // A disk without owners, or a user who may not give files away, is no reason to fail.
-    [[maybe_unused]] const int owner = ::fchown(file, status.st_uid, status.st_gid);
+    if (::stat(target.c_str(), &status) == 0) {
+        // A disk without owners, or a user who may not give files away, is no reason to fail.
+        [[maybe_unused]] const int owner = ::fchown(file, status.st_uid, status.st_gid);
+    } else if (model.empty() || ::stat(model.c_str(), &status) != 0) {
+        constexpr mode_t everybodys = 0666;
+        const mode_t kept = ::umask(0);
+        ::umask(kept);
+        status.st_mode = everybodys & ~kept;
+    }
     ::fchmod(file, status.st_mode & 07777);
 }
 
@@ -81,35 +89,56 @@ bool FileSystem::remove(const std::string& name) {
     return ::unlink(name.c_str()) == 0;
 }
 
+std::string followed(const std::string& name) {
+    constexpr int mostLinks = 40;  // as the system itself goes
+    std::filesystem::path path = name;
+    for (int links = 0; links <= mostLinks; ++links) {
+        std::error_code noLink;
+        const std::filesystem::path to = std::filesystem::read_symlink(path, noLink);
+        if (noLink) return path.string();
+        path = path.parent_path() / to;
+    }
+    return {};
+}
+
 namespace {
 
 bool copyBytes(FileSystem& files, int source, int target) {
     std::array<char, 1 << 16> bytes;
     for (;;) {
         const long got = files.read(source, bytes.data(), bytes.size());
-        if (got < 0) return false;
-        if (got == 0) return files.sync(target);
+        if (got <= 0) return got == 0;
         if (!files.write(target, bytes.data(), static_cast<std::size_t>(got))) return false;
     }
+}
+
+template <class Fill>
+bool replaceFile(FileSystem& files, const std::string& name, const std::string& model, Fill fill) {
+    const std::string target = followed(name);
+    if (target.empty() || files.protectedFile(target)) return false;
+    std::string fresh;
+    const int file = files.openFresh(target, fresh);
+    if (file < 0) return false;
+    files.setPermissions(file, target, model);
+    bool done = fill(file) && files.sync(file);
+    files.close(file);
+    done = done && files.rename(fresh, target);
+    if (!done) files.remove(fresh);
+    return done && files.syncFolder(std::filesystem::path(target).parent_path().string());
 }
 
 }  // namespace
 
 bool copyFile(FileSystem& files, const std::string& from, const std::string& to) {
-    if (files.protectedFile(to)) return false;
     const int source = files.openToRead(from);
     if (source < 0) return false;
-    const std::string fresh = to + ".new";
-    const int target = files.openToWrite(fresh);
-    if (target >= 0) files.adoptOwnerAndMode(target, to);
-    bool done = target >= 0 && copyBytes(files, source, target);
+    const bool done = replaceFile(files, to, from, [&](int target) { return copyBytes(files, source, target); });
     files.close(source);
-    if (target >= 0) {
-        files.close(target);
-        done = done && files.rename(fresh, to);
-        if (!done) files.remove(fresh);
-    }
-    return done && files.syncFolder(std::filesystem::path(to).parent_path().string());
+    return done;
+}
+
+bool writeFile(FileSystem& files, const std::string& to, std::string_view content) {
+    return replaceFile(files, to, "", [&](int target) { return files.write(target, content.data(), content.size()); });
 }
 
 }  // namespace torvane

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace torvane {
 
@@ -12,14 +13,16 @@ public:
     virtual ~FileSystem() = default;
     // Whether a file has this name; a folder is none.
     virtual bool exists(const std::string& name);
-    // Whether the file is there and the user may not write to it.
+    // Whether something has this name that must not be replaced: a file that the user may not write to, or no file.
     virtual bool protectedFile(const std::string& name);
-    // Opens for reading, or a new file for writing: one that has the name is removed, and nothing is written through a
-    // link. -1 on failure.
+    // -1 on failure.
     virtual int openToRead(const std::string& name);
-    virtual int openToWrite(const std::string& name);
-    // Gives an open file the owner and the permissions of another, as far as they can be given.
-    virtual void adoptOwnerAndMode(int file, const std::string& of);
+    // Makes a file beside another one and opens it for writing. Its name, which nothing had before, goes to `fresh`. -1
+    // on failure.
+    virtual int openFresh(const std::string& beside, std::string& fresh);
+    // Gives an open file the owner and the permissions of `target`, as far as they can be given; when that is not
+    // there, the permissions of `model`, or those of any new file when that is "".
+    virtual void setPermissions(int file, const std::string& target, const std::string& model);
     // Bytes read, 0 at the end, -1 on failure.
     virtual long read(int file, char* bytes, std::size_t count);
     virtual bool write(int file, const char* bytes, std::size_t count);
@@ -30,10 +33,18 @@ public:
     virtual bool remove(const std::string& name);
 };
 
-// Copies a file so that the target is, at every moment, its old content or the whole new one: into "<to>.new" in the
-// same folder, flushed, then renamed over the target, and the folder flushed. Owner and permissions of the target stay.
-// False when the target is protected against writing and when a step fails; the target is as it was then, unless only
-// the last flush failed, and the ".new" file has been removed if it could be.
+// The name to which symbolic links under a name lead, be there a file or not; "" when they lead round in circles.
+std::string followed(const std::string& name);
+
+// Both of these leave the target, at every moment, with its old content or the whole new one: that goes into a fresh
+// file "Torvane-..." in the same folder, is flushed, then renamed over the target, and the folder is flushed. A link is
+// followed. Owner and permissions of the target stay. False when the target is protected and when a step fails; the
+// target is as it was then, unless only the last flush failed, and the fresh file has been removed if it could be. A
+// process that is killed meanwhile leaves the fresh file.
+
+// Copies a file. A target that was not there has the permissions of the source.
 bool copyFile(FileSystem& files, const std::string& from, const std::string& to);
+// Writes a file with this content.
+bool writeFile(FileSystem& files, const std::string& to, std::string_view content);
 
 }  // namespace torvane

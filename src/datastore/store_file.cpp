@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "datastore/dialect.h"
+#include "datastore/file_copy.h"
 #include "datastore/functions.h"
 #include "values/failure.h"
 #include "values/numbers.h"
@@ -293,7 +294,7 @@ void StoreFile::commitEarly() {
 void StoreFile::settle() {
     if (inGroup()) throw RuntimeFailure(SQLITE_BUSY, "a write group is open", name_);
     closeHandle();
-    const Logs logs(plainPath(name_));
+    const Logs logs(plainPath(followed(name_)));  // SQLite names them after the file that a link leads to
     try {
         if (exists(logs.file)) playBack(logs);
     } catch (const RuntimeFailure& failure) {

@@ -27,8 +27,8 @@ LineAmounts loadedAmounts(const ClsOrderItems& line) {
     amounts.material = narrowToCurrency(line.mvarMaterial);
     amounts.labor = narrowToCurrency(line.mvarLabor);
     // As they are shown, so that the four amounts on screen add up to the total beside them.
-    amounts.extension = lenientNumber(generalText(line.mvarExtension));
-    amounts.others = lenientNumber(generalText(line.mvarOthers));
+    amounts.extension = decimalOf(line.mvarExtension);
+    amounts.others = decimalOf(line.mvarOthers);
     amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
     return amounts;
 }

@@ -28,6 +28,8 @@ HelpBook::HelpBook(const QString& file) : engine_(folder_.filePath(QStringLitera
     engine_.setReadOnly(false);  // the collection in the temporary folder; a book is never written
     name_ = QHelpEngineCore::namespaceName(file);
     if (!name_.isEmpty() && engine_.setupData() && engine_.registerDocumentation(file)) readProject();
+    // The engine holds its collection open; without a name it goes with the process, however that ends.
+    folder_.remove();
     if (contents_.empty())
         throw RuntimeFailure(static_cast<int>(Failure::InvalidCall), "The help book is damaged", utf8(file));
 }

@@ -22,7 +22,7 @@ struct HelpSection {
 };
 
 // The help book: a compressed Qt help file, opened for reading only. What the engine keeps besides goes into a
-// temporary folder of its own, which leaves with the book.
+// temporary folder of its own, which goes as soon as the book is open.
 class HelpBook {
 public:
     // Failure::FileNotFound when there is no such file; another failure, with its words, when it is no help book.

@@ -1,5 +1,7 @@
 #include "platform/application.h"
 
+#include <QSettings>
+
 #include "platform/program.h"
 #include "platform/style.h"
 
@@ -7,6 +9,9 @@ namespace torvane {
 
 TorvaneApplication::TorvaneApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
+    // The toolkit's dialogs keep what they were last asked in a file of the user's, and read folders from it that may
+    // not answer. Below what is no folder there is no such file.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     applyStyle(*this);
 }
 

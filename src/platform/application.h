@@ -12,7 +12,7 @@ namespace torvane {
 class TorvaneApplication : public QApplication {
     Q_OBJECT
 public:
-    // Sets the style, and that the process does not end by itself with its last window.
+    // Sets the style, that the process does not end by itself with its last window, and that no dialog keeps settings.
     TorvaneApplication(int& argc, char** argv);
     // What to do with what was caught; main() ends the program with it.
     void setLastNet(std::function<void(const RuntimeFailure&)> caught) { caught_ = std::move(caught); }

@@ -1,11 +1,14 @@
 #include "platform/qt_host.h"
 
 #include <QDate>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QLocale>
 #include <QProcess>
+#include <QPushButton>
 #include <QStandardPaths>
 
 #include "platform/controls.h"
@@ -28,18 +31,47 @@ ShortDate machineShortDate() {
     return style;
 }
 
-std::optional<std::string> chosenName(QFileDialog& dialog, const QString& proposed, std::string_view filter,
+// Takes a name with inch marks as it was typed. The toolkit's own dialog reads them as marks around several names.
+class NameDialog : public QFileDialog {
+public:
+    explicit NameDialog(AcceptMode mode) {
+        setAcceptMode(mode);
+        setOptions(DontUseNativeDialog | DontConfirmOverwrite);
+        setFileMode(AnyFile);  // also when opening: the asker says what a missing file means
+        name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        button_ = findChild<QDialogButtonBox*>()->button(mode == AcceptSave ? QDialogButtonBox::Save
+                                                                            : QDialogButtonBox::Open);
+        connect(name_, &QLineEdit::textChanged, this, [this] {
+            if (hasInchMarks()) button_->setEnabled(true);
+        });
+    }
+    QString chosen() const {
+        if (hasInchMarks()) return QDir::cleanPath(directory().absoluteFilePath(name_->text()));
+        return selectedFiles().value(0);
+    }
+    void accept() override {
+        if (hasInchMarks() && !QFileInfo(chosen()).isDir())
+            QDialog::accept();
+        else
+            QFileDialog::accept();
+    }
+
+private:
+    bool hasInchMarks() const { return name_->text().contains(QLatin1Char('"')); }
+    QLineEdit* name_;
+    QPushButton* button_;
+};
+
+std::optional<std::string> chosenName(NameDialog& dialog, const QString& proposed, std::string_view filter,
                                       QString& folder) {
     dialog.setObjectName("FileDialog");
-    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
-    dialog.setFileMode(QFileDialog::AnyFile);  // also when opening: the asker says what a missing file means
     dialog.setNameFilter(qstring(filter));
     if (folder.isEmpty()) folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (!QDir(folder).exists()) folder = QDir::homePath();
     dialog.setDirectory(folder);
     if (!proposed.isEmpty()) dialog.selectFile(proposed);
-    if (runOverFront(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    const QString name = dialog.selectedFiles().constFirst();
+    if (runOverFront(dialog) != QDialog::Accepted || dialog.chosen().isEmpty()) return std::nullopt;
+    const QString name = dialog.chosen();
     folder = QFileInfo(name).absolutePath();
     return utf8(name);
 }
@@ -58,15 +90,13 @@ Answer QtHost::box(std::string_view text, std::string_view title, Buttons button
 }
 
 std::optional<std::string> QtHost::askSaveName(std::string_view proposed, std::string_view filter) {
-    QFileDialog dialog;
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    NameDialog dialog(QFileDialog::AcceptSave);
     dialog.setWindowTitle("Save As");
     return chosenName(dialog, qstring(proposed), filter, lastFolder_);
 }
 
 std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
-    QFileDialog dialog;
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    NameDialog dialog(QFileDialog::AcceptOpen);
     dialog.setWindowTitle("Open");
     // The sample business lies beside the program, so a first restore looks there.
     if (lastFolder_.isEmpty()) lastFolder_ = qstring(programDirectory_);

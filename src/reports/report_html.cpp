@@ -31,18 +31,49 @@ std::string escaped(std::string_view text) {
     return safe;
 }
 
+// The width of a number or a date in Arial, or in the like of it, in twips.
+double widthOf(std::string_view text) {
+    double ems = 0;
+    for (const char c : text) {
+        if (c >= '0' && c <= '9')
+            ems += 0.556;
+        else if (c == '.' || c == ',' || c == '/' || c == ' ')
+            ems += 0.278;
+        else if (c == '-')
+            ems += 0.333;
+        else
+            ems += 0.667;
+    }
+    return ems * textPoints * 20;
+}
+
+// A text, or a number made narrower for its box.
+std::string content(const Placed& placed) {
+    const std::string text = escaped(placed.text);
+    const double width = placed.whole ? widthOf(placed.text) : 0;
+    if (width <= placed.room()) return text;
+    const int left = placed.align == Align::Right ? placed.width - placed.room() : 0;
+    return "<span style=\"margin-left:" + points(left) + ";transform:scaleX(" +
+           generalText(static_cast<float>(placed.room() / width)) + ")\">" + text + "</span>";
+}
+
 }  // namespace
 
 std::string htmlHead(std::string_view title) {
     return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" + escaped(title) +
            "</title>\n<style>\n"
+           "@page { size: " +
+           points(pageWidth) + " " + points(pageHeight) +
+           "; margin: 0; }\n"
            "body { margin: 0; }\n"
-           ".page { position: relative; width: " +
+           ".page { position: relative; overflow: hidden; width: " +
            points(pageWidth) + "; height: " + points(pageHeight) +
-           "; page-break-after: always; font-family: Arial, 'Liberation Sans', sans-serif; font-size: " +
-           generalText(textPoints) +
+           "; font-family: Arial, 'Liberation Sans', sans-serif; font-size: " + generalText(textPoints) +
            "pt; }\n"
-           ".page div { position: absolute; overflow: hidden; white-space: nowrap; line-height: 1.15; }\n"
+           ".page + .page { page-break-before: always; }\n"
+           ".page div { position: absolute; overflow: hidden; white-space: pre; line-height: 1.15; }\n"
+           ".page .whole { overflow: visible; }\n"
+           ".whole span { display: inline-block; transform-origin: left; }\n"
            ".bold { font-weight: bold; }\n"
            ".title { font-weight: bold; font-size: " +
            generalText(titlePoints) +
@@ -61,8 +92,9 @@ std::string htmlPage(const std::vector<Placed>& page) {
                               : placed.face == Face::Bold        ? "bold"
                                                                  : "plain";
         if (placed.align == Align::Right) classes += " right";
+        if (placed.whole) classes += " whole";
         text += "<div class=\"" + classes + "\" style=\"left:" + points(placed.left) + ";top:" + points(placed.top) +
-                ";width:" + points(placed.width) + ";height:" + points(placed.height) + "\">" + escaped(placed.text) +
+                ";width:" + points(placed.width) + ";height:" + points(placed.height) + "\">" + content(placed) +
                 "</div>\n";
     }
     return text + "</section>\n";

@@ -9,6 +9,15 @@ namespace {
 
 constexpr int bottom = pageHeight - pageMargin;
 
+// A line break or a tab inside a text stands as a blank.
+std::string oneLine(std::string text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n') text.erase(at, 1);
+        if (static_cast<unsigned char>(text[at]) < ' ') text[at] = ' ';
+    }
+    return text;
+}
+
 }  // namespace
 
 ReportPages::ReportPages(const ReportLayout& layout, ReportRows rows, ShortDate dates)
@@ -41,22 +50,36 @@ void ReportPages::layOut() {
     place(layout_->reportFooter, -1);
 }
 
-std::string ReportPages::fieldText(const ReportField& field, int row) const {
-    if (field.kind == ReportControl::Label) return std::string{field.text};
-    if (field.kind == ReportControl::Line) return {};
-    if (field.kind == ReportControl::Text && row < 0) return {};
+void ReportPages::fill(Placed& placed, const ReportField& field, int row) const {
+    if (field.kind == ReportControl::Label) placed.text = field.text;
+    if (field.kind == ReportControl::Label || field.kind == ReportControl::Line) return;
+    if (field.kind == ReportControl::Text && row < 0) return;
     const Value value = field.kind == ReportControl::Sum ? Value{rows_.sum(field.text)} : rows_.cell(field.text, row);
-    if (isNull(value)) return {};
-    return field.format == Format::TwoDecimals ? fixedText(toDouble(value), 2) : textOf(value, dates_);
+    if (isNull(value)) return;
+    placed.whole = !std::holds_alternative<std::string>(value);
+    placed.text = oneLine(field.format == Format::TwoDecimals ? fixedText(amountOf(value), 2) : textOf(value, dates_));
 }
 
-std::vector<Placed> ReportPages::page(int number) const {
+std::vector<Placed> ReportPages::page(int number, std::string* problem) const {
     if (number < 0 || number >= pageCount()) fail(Failure::Subscript);
     std::vector<Placed> placed;
-    for (const PlacedBand& band : pages_[static_cast<std::size_t>(number)])
-        for (const ReportField& field : band.band->fields)
-            placed.push_back({field.kind, pageMargin + field.left, band.top + field.top, field.width, field.height,
-                              field.align, field.face, fieldText(field, band.row)});
+    for (const PlacedBand& band : pages_[static_cast<std::size_t>(number)]) {
+        for (const ReportField& field : band.band->fields) {
+            placed.push_back({field.kind,
+                              pageMargin + field.left,
+                              band.top + field.top,
+                              field.width,
+                              field.height,
+                              field.align,
+                              field.face,
+                              {}});
+            try {
+                fill(placed.back(), field, band.row);
+            } catch (const RuntimeFailure& failure) {
+                if (problem && problem->empty()) *problem = std::string(field.text) + ": " + failure.text();
+            }
+        }
+    }
     return placed;
 }
 

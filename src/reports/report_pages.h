@@ -19,7 +19,12 @@ struct Placed {
     int height = 0;
     Align align = Align::Left;
     Face face = Face::Plain;
-    std::string text;
+    std::string text;  // one line
+    // A number or a date, which is made narrower where its box is too narrow: cut, it would read as another one. Every
+    // other text is cut at its box.
+    bool whole = false;
+    // How wide the text may be. Beside a number some room stays, so that two of them do not read as one.
+    int room() const { return whole ? width - 40 : width; }
 };
 
 // The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves
@@ -31,8 +36,10 @@ public:
 
     const ReportLayout& layout() const { return *layout_; }
     int pageCount() const { return static_cast<int>(pages_.size()); }
-    // What stands on a page, from 0, in the order of the layout. Failure::Subscript when there is no such page.
-    std::vector<Placed> page(int number) const;
+    // What stands on a page, from 0, in the order of the layout. A field that can't be filled, such as one that the
+    // data lack, is left empty; `problem`, when given, names the first of them and says why. Failure::Subscript when
+    // there is no such page.
+    std::vector<Placed> page(int number, std::string* problem = nullptr) const;
     // The whole report as text, a line per placed thing: page, left, top, width, height, face, alignment, text.
     std::string dump() const;
 
@@ -44,7 +51,7 @@ private:
     };
     void layOut();
     void place(const Band& band, int row);
-    std::string fieldText(const ReportField& field, int row) const;
+    void fill(Placed& placed, const ReportField& field, int row) const;
 
     const ReportLayout* layout_;
     ReportRows rows_;

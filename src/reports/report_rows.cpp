@@ -17,6 +17,11 @@ bool sameName(std::string_view a, std::string_view b) {
 
 }  // namespace
 
+double amountOf(const Value& cell) {
+    const float* single = std::get_if<float>(&cell);
+    return single ? decimalOf(*single) : toDouble(cell);
+}
+
 ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by)
     : names_(std::move(names)), rows_(std::move(rows)) {
     std::vector<int> columns;
@@ -35,7 +40,8 @@ ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std:
 
 int ReportRows::column(std::string_view name) const {
     const auto place = std::ranges::find_if(names_, [&](const std::string& known) { return sameName(known, name); });
-    if (place == names_.end()) fail(Failure::InvalidCall, name);
+    if (place == names_.end())
+        throw RuntimeFailure(static_cast<int>(Failure::InvalidCall), "the data have no such field", std::string(name));
     return static_cast<int>(place - names_.begin());
 }
 
@@ -44,7 +50,7 @@ double ReportRows::sum(std::string_view column_) const {
     const int index = column(column_);
     double total = 0;
     for (int row = 0; row < rows_.rows(); ++row)
-        if (const Value& value = rows_(index, row); !isNull(value)) total += toDouble(value);
+        if (const Value& value = rows_(index, row); !isNull(value)) total += amountOf(value);
     return finite(total);
 }
 

@@ -8,6 +8,9 @@
 
 namespace torvane {
 
+// A cell as a number; a float32 counts as its text says. Failures as of toDouble.
+double amountOf(const Value& cell);
+
 // The rows that a report is filled with, and how they fall into groups.
 class ReportRows {
 public:
@@ -23,7 +26,7 @@ public:
     ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by);
 
     const std::vector<Group>& groups() const { return groups_; }
-    // The sum of a column over all rows, as a double; Null counts as 0. Failures as of cell, and of arithmetic.
+    // The sum of the amounts of a column over all rows; Null counts as 0. Failures as of cell, and of arithmetic.
     double sum(std::string_view column) const;
     // A cell, by the column's name without regard to case. Failure::InvalidCall when there is no such column.
     const Value& cell(std::string_view column, int row) const;

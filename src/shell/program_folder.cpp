@@ -18,14 +18,28 @@ bool staysBehind(const std::string& name) {
     return name == database || name == "per-user" || name == "torvane";
 }
 
+// A name that can't be looked at counts as one that is there.
+bool isFree(const fs::path& name) {
+    std::error_code unknown;
+    return fs::symlink_status(name, unknown).type() == fs::file_type::not_found;
+}
+
+bool leadsNowhere(const fs::path& name) {
+    std::error_code unknown;
+    return fs::symlink_status(name, unknown).type() == fs::file_type::symlink &&
+           fs::status(name, unknown).type() == fs::file_type::not_found;
+}
+
 void link(const fs::path& installed, const fs::path& folder) {
     std::error_code failed;
-    for (const fs::directory_entry& file : fs::directory_iterator(installed, failed)) {
-        const std::string name = file.path().filename().string();
+    const fs::directory_iterator end;
+    for (fs::directory_iterator file(installed, failed); !failed && file != end; file.increment(failed)) {
+        const std::string name = file->path().filename().string();
         const fs::path here = folder / name;
-        if (staysBehind(name) || fs::exists(here, failed)) continue;
-        fs::remove(here, failed);  // a link that leads nowhere
-        fs::create_symlink(file.path(), here, failed);
+        if (staysBehind(name)) continue;
+        std::error_code passedOver;
+        if (leadsNowhere(here)) fs::remove(here, passedOver);
+        if (isFree(here)) fs::create_symlink(file->path(), here, passedOver);
     }
 }
 
@@ -33,15 +47,17 @@ void make(FileSystem& files, const fs::path& installed, const fs::path& folder) 
     std::error_code failed;
     const fs::path fresh = folder.string() + ".new";
     fs::create_directories(fresh, failed);
-    if (copyFile(files, (installed / database).string(), (fresh / database).string()))
-        fs::rename(fresh, folder, failed);
+    if (!copyFile(files, (installed / database).string(), (fresh / database).string())) return;
+    // The delivered one may be write-protected; this one is the user's.
+    fs::permissions(fresh / database, fs::perms::owner_write, fs::perm_options::add, failed);
+    fs::rename(fresh, folder, failed);
 }
 
 }  // namespace
 
 std::string programFolder(FileSystem& files, const std::string& installed, const std::string& ofUser) {
     if (!files.exists(installed + "/per-user")) return installed;
-    if (std::error_code failed; !fs::exists(ofUser, failed)) make(files, installed, ofUser);
+    if (isFree(ofUser)) make(files, installed, ofUser);
     link(installed, ofUser);
     return ofUser;
 }

@@ -278,6 +278,10 @@ double finite(double value) {
     return value;
 }
 
+double decimalOf(float value) {
+    return lenientNumber(generalText(value));
+}
+
 std::string generalText(double value) {
     return general(value, 15);
 }

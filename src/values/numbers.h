@@ -37,6 +37,9 @@ double narrowToCurrency(double value);
 // The value itself; Failure::Overflow when arithmetic has left the range of a double.
 double finite(double value);
 
+// The number that a float's text says, exactly: 250000.1, where the float itself is 250000.09375.
+double decimalOf(float value);
+
 // --- Writing ---------------------------------------------------------------------------------------------------------
 
 // General form: no fixed decimals, no trailing zeros, a zero before the point, at most 15 significant digits for a

@@ -10,6 +10,7 @@
 #include "help/help_book.h"
 #include "platform/controls.h"
 #include "support/data_folder.h"
+#include "support/files.h"
 #include "support/screen_test.h"
 #include "values/failure.h"
 
@@ -18,7 +19,9 @@ namespace {
 
 class HelpTest : public ::testing::Test {
 protected:
+    ~HelpTest() override { qunsetenv("TMPDIR"); }
     HelpTest() {
+        qputenv("TMPDIR", qstring(folder.path()).toUtf8());
         folder.useHelpBook();
         book = std::make_unique<HelpBook>(qstring(folder.helpBook()));
     }
@@ -113,6 +116,7 @@ TEST_F(HelpTest, SearchesKeywordsFirstAndThenThePages) {
         EXPECT_EQ(utf8(found.constFirst().page.fileName()), row.firstPage) << row.text;
     }
     EXPECT_TRUE(book->search(QStringLiteral("no such word as qwxz")).isEmpty());
+    EXPECT_EQ(filesIn(folder.path()).size(), 1U) << "a temporary file that a killed process would leave";
 }
 
 TEST(HelpBook, AFileThatIsNoBookIsRefused) {

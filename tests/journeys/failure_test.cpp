@@ -160,8 +160,6 @@ INSTANTIATE_TEST_SUITE_P(
               "drop table Units",
               "cmdDelete",
               {yes("Do you want to delete 'Bag'?", "Master Entry")}},
-        While{"showing the report", "mnusalesrpt", "frmRptOrders",
-              "pragma ignore_check_constraints = on; update OrderInfo set Total = 'x'", "Command3"},
         While{"opening the estimate screen", "mnuNewEstimate", "", "drop table Rooms"},
         While{"opening the item sheet", "mnuNewEstimate", "frmOrder", "drop table Category", "cmdItemList"},
         While{"copying the item to the sheet", "mnuNewEstimate", "frmList", "drop table Units", "TreeCategory"},

@@ -39,7 +39,9 @@ TEST_F(FilesTest, BackupIsAskedForAndWritten) {
     start();
     write(file("old.bak"), "old");
     fs::create_directory(file("folder.bak"));
-    fs::create_symlink(data.database(), file("link.bak"));
+    write(file("elsewhere"), "old");
+    fs::create_symlink("elsewhere", file("link.bak"));
+    write(file("mine.bak.new"), "the user's own");
     const std::string database = bytes(data.database());
     struct Row {
         std::optional<std::string> name;
@@ -57,11 +59,12 @@ TEST_F(FilesTest, BackupIsAskedForAndWritten) {
     backUp(file("upper.BAK"), {exported});
     backUp(data.database(), {exported});
     backUp(file("link.bak"), {overwrite, exported});
-    for (const char* name : {"mine.bak", "upper.BAK.bak", "Larkfen.mdb.bak", "link.bak", "Larkfen.mdb"})
+    for (const char* name : {"mine.bak", "upper.BAK.bak", "Larkfen.mdb.bak", "elsewhere", "Larkfen.mdb"})
         EXPECT_TRUE(bytes(file(name)) == database) << name;
-    EXPECT_FALSE(fs::is_symlink(file("link.bak")));
-    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "Larkfen.mdb.bak", "folder.bak", "link.bak", "mine.bak", "old.bak",
-                                   "upper.BAK.bak"}));
+    EXPECT_EQ(bytes(file("mine.bak.new")), "the user's own");
+    EXPECT_TRUE(fs::is_symlink(file("link.bak")));
+    EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "Larkfen.mdb.bak", "elsewhere", "folder.bak", "link.bak", "mine.bak",
+                                   "mine.bak.new", "old.bak", "upper.BAK.bak"}));
     fs::remove(data.database());
     backUp(file("mine"), {overwrite});
     EXPECT_TRUE(bytes(file("mine.bak")) == database) << "there was nothing to copy";

@@ -1,10 +1,19 @@
 // The list reports in their windows.
 
-#include <QDir>
+#include <QCheckBox>
+#include <QDialog>
 #include <QFile>
+#include <QImage>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QSpinBox>
 
 #include "journeys/journey.h"
+#include "reports/screens/page_painter.h"
 #include "reports/screens/report_export.h"
+#include "support/files.h"
+#include "support/full_disk.h"
 
 namespace torvane {
 namespace {
@@ -52,24 +61,26 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
     QWidget& report = *standing("DataReport2");
     struct Row {
         const char* button;
-        const char* ending;
+        const char* name;
+        const char* ended;  // as it is written
         const char* beginsWith;
     };
-    for (const Row& row : {Row{"cmdPdf", ".pdf", "%PDF"}, Row{"cmdHtml", ".html", "<!DOCTYPE html>"}}) {
-        SCOPED_TRACE(row.ending);
-        const std::string name = data.path() + "/customers" + row.ending;
-        host.answerSaveName(data.path() + "/customers");
+    for (const Row& row :
+         {Row{"cmdPdf", "customers", "customers.pdf", "%PDF"}, Row{"cmdPdf", "UPPER.PDF", "UPPER.PDF", "%PDF"},
+          Row{"cmdHtml", "customers", "customers.html", "<!DOCTYPE html>"},
+          Row{"cmdHtml", "short.htm", "short.htm", "<!DOCTYPE html>"}}) {
+        SCOPED_TRACE(row.name);
+        const std::string name = data.path() + "/" + row.ended;
+        host.answerSaveName(data.path() + "/" + row.name);
         host.expectOk("The report was written to " + name, "Customers Report");
         go(report, row.button);
-        QFile file(qstring(name));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(file.readAll().startsWith(row.beginsWith));
+        EXPECT_TRUE(bytes(name).starts_with(row.beginsWith));
         host.answerSaveName(name);
         host.expectYesNo("File already Exists. Overwrite it?", "Customers Report", Answer::No);
         go(report, row.button);
         host.answerSaveName(std::nullopt);
         go(report, row.button);
-        const std::string nowhere = data.path() + "/no such folder/x" + row.ending;
+        const std::string nowhere = data.path() + "/no such folder/" + row.ended;
         host.answerSaveName(nowhere);
         host.expectOk("The report could not be written to " + nowhere + ". Nothing was changed there.",
                       "Customers Report");
@@ -77,19 +88,100 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
     }
 }
 
-TEST_F(ReportsTest, ACancelledExportLeavesTheOlderFile) {
+TEST_F(ReportsTest, AFileThatCannotBeWrittenWhollyLeavesTheOlder) {
     const ReportPages pages(customersLayout(), DataEnvironment1(program.environment()).customers(), {});
     const std::string name = data.path() + "/older";
-    for (const auto write : {writePdf, writeHtml}) {
-        QFile older(qstring(name));
-        ASSERT_TRUE(older.open(QIODevice::WriteOnly));
-        older.write("older");
-        older.close();
-        EXPECT_EQ(write(pages, name, [](int) { return false; }), Exported::Cancelled);
-        ASSERT_TRUE(older.open(QIODevice::ReadOnly));
-        EXPECT_EQ(older.readAll(), "older");
-        EXPECT_EQ(QDir(qstring(data.path())).entryList({"older*"}, QDir::Files).size(), 1);
+    const auto print = [](const ReportPages& report, const std::string& file, const ExportProgress&) {
+        QPrinter printer;
+        printer.setOutputFileName(qstring(file));
+        return printReport(report, printer, 0);
+    };
+    using Write = Exported (*)(const ReportPages&, const std::string&, const ExportProgress&);
+    for (const Write write : {Write{writePdf}, Write{writeHtml}})
+        EXPECT_EQ(write(pages, data.database(), [](int) { return false; }), Exported::Cancelled);
+    EXPECT_EQ(data.cell("pragma integrity_check"), "ok") << "was overwritten";
+    const auto goOn = [](int) { return true; };
+    for (const Write write : {Write{writePdf}, Write{writeHtml}, Write{print}}) {
+        EXPECT_EQ(write(pages, name, goOn), Exported::Done);
+        const auto size = bytes(name).size();
+        torvane::write(name, "older");
+        for (const auto room : {std::size_t{100}, size - 1}) {
+            const FullDisk disk(room);
+            EXPECT_EQ(write(pages, name, goOn), Exported::Failed) << room << " of " << size;
+        }
+        EXPECT_EQ(bytes(name), "older");
+        EXPECT_EQ(filesIn(data.path()), (Texts{"Larkfen.mdb", "older"}));
     }
+}
+
+TEST_F(ReportsTest, PrintsThePagesThatAreAskedFor) {
+    struct Row {
+        std::pair<int, int> range;  // 0 all, -1 the current one
+        bool reverse;
+        bool collate;
+        std::vector<int> pages;  // of four, three copies
+    };
+    for (const Row& row :
+         {Row{{2, 3}, false, true, {1, 2, 1, 2, 1, 2}}, Row{{2, 9}, true, false, {3, 3, 3, 2, 2, 2, 1, 1, 1}},
+          Row{{-1, 0}, true, true, {2, 2, 2}}, Row{{0, 0}, true, true, {3, 2, 1, 0, 3, 2, 1, 0, 3, 2, 1, 0}}}) {
+        QPrinter printer;
+        printer.setOutputFileName(QStringLiteral("x.pdf"));
+        printer.setCopyCount(3);
+        printer.setCollateCopies(row.collate);
+        printer.setPageOrder(row.reverse ? QPrinter::LastPageFirst : QPrinter::FirstPageFirst);
+        printer.setPrintRange(row.range.first < 0   ? QPrinter::CurrentPage
+                              : row.range.first > 0 ? QPrinter::PageRange
+                                                    : QPrinter::AllPages);
+        if (row.range.first > 0) printer.setFromTo(row.range.first, row.range.second);
+        EXPECT_EQ(pagesToPrint(printer, 4, 2), row.pages);
+    }
+}
+
+TEST_F(ReportsTest, PrintsToAFile) {
+    for (int number = 100; number < 160; ++number)
+        data.execute("insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (" + std::to_string(number) +
+                     ", 7, '2010-01-01', 1)");
+    go(prompt(), "Command3");
+    const QString name = qstring(data.path() + "/printed.pdf");
+    whenModal([&](QWidget& top) {
+        find<QLineEdit>(top, "filename").setText(name);
+        find<QSpinBox>(top, "copies").setValue(2);
+        find<QCheckBox>(top, "reverse").setChecked(true);
+        dynamic_cast<QDialog&>(top).accept();
+    });
+    go(*standing("DataReport1"), "cmdPrint");
+    QProcess reader;
+    reader.start("pdftotext", {name, "-"});
+    ASSERT_TRUE(reader.waitForFinished());
+    std::string titles;  // which of the pages have the title
+    for (const QString& page : QString::fromUtf8(reader.readAllStandardOutput()).split(QLatin1Char('\f')))
+        titles += page.isEmpty() ? "" : page.contains("Estimates Report") ? "1" : "2";
+    EXPECT_EQ(titles, "2121");
+}
+
+// A number that is cut reads as another one.
+TEST_F(ReportsTest, SqueezesNumbersAndCutsTexts) {
+    const auto painted = [](const char* text, bool whole) {
+        QImage paper(800, 400, QImage::Format_RGB32);
+        paper.fill(Qt::white);
+        QPainter painter(&paper);
+        paintPage(painter, {{ReportControl::Text, 50, 50, 300, 240, Align::Right, Face::Plain, text, whole}});
+        return paper;
+    };
+    EXPECT_NE(painted("1234567.10", true), painted("1234567.19", true));
+    EXPECT_EQ(painted("Street and 0", false), painted("Street and 9", false));
+    const QImage number = painted("1234567.10", true);
+    EXPECT_EQ(number.copy(350, 0, 450, 400), painted("", true).copy(350, 0, 450, 400)) << "beyond its box";
+}
+
+TEST_F(ReportsTest, AFieldThatTheDataLackIsSaidAndLeftEmpty) {
+    data.execute("alter table Customer drop column BFax");
+    for (int more = 0; more < 10; ++more) data.execute("insert into Customer (CustName) values ('More')");
+    start();
+    host.expectOk("A part of the report is left empty. BFax: the data have no such field", "Customers Report");
+    choose("mnucustrpt");
+    go(*standing("DataReport2"), "cmdNext");
+    EXPECT_TRUE(page("DataReport2").find("More") != std::string::npos);
 }
 
 TEST_F(ReportsTest, TurnsPages) {

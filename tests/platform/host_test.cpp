@@ -98,8 +98,11 @@ TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
         {"save a new file", true, folder + "/new.bak", folder + "/new.bak"},
         {"save over a file", true, there, there},
         {"the name stays as it was typed", true, folder + "/plain", folder + "/plain"},
+        {"an inch mark", true, "Job 12\" pipe", folder + "/Job 12\" pipe"},
+        {"an inch mark at the end", true, folder + "/x 12\"", folder + "/x 12\""},
         {"proposed name", true, "", folder + "/Larkfen.bak"},
         {"open a file", false, there, there},
+        {"open an inch mark", false, folder + "/12\" pipe.bak", folder + "/12\" pipe.bak"},
         {"open what is not there", false, folder + "/none.bak", folder + "/none.bak"},
         {"cancel", false, "cancel", std::nullopt},
     };

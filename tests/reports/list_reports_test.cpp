@@ -41,10 +41,15 @@ TEST(ListReports, HtmlSaysTextsAsTheyAre) {
     Placed placed;
     placed.left = 144;
     placed.align = Align::Right;
+    placed.width = 576;
     placed.text = "2 < 3 & \"so\"";
-    const std::string html = htmlPage({placed});
+    Placed number = placed;
+    number.text = "1234567.10";
+    number.whole = true;
+    const std::string html = htmlPage({placed, number});
     EXPECT_NE(std::string::npos, html.find("<div class=\"plain right\" style=\"left:7.2pt;"));
     EXPECT_NE(std::string::npos, html.find(">2 &lt; 3 &amp; \"so\"</div>"));
+    EXPECT_NE(std::string::npos, html.find("><span style=\"margin-left:2pt;transform:scaleX(0.61")) << html;
 }
 
 class ListReportsTest : public RecordTest {
@@ -70,12 +75,13 @@ TEST_F(ListReportsTest, OfTheSampleBusiness) {
 }
 
 TEST_F(ListReportsTest, DatesBoundTheEstimatesAndTheirSum) {
-    folder.execute("update OrderInfo set Total = 10.1 where OrderDate = '2004-03-15'");
+    folder.execute("update OrderInfo set Total = 250000.1 where OrderDate = '2004-03-15'");
     const auto has = [](const std::string& dump, const char* text) { return dump.find(text) != std::string::npos; };
     const std::string march = estimates({2004, 3, 1}, {2004, 3, 15});
     EXPECT_TRUE(has(march, "left 3/15/2004\n"));
+    EXPECT_TRUE(has(march, "plain right 250000.10\n"));
     EXPECT_FALSE(has(march, "left 4/2/2004\n"));
-    EXPECT_TRUE(has(march, "bold right 10.10\n"));
+    EXPECT_TRUE(has(march, "bold right 250000.10\n"));
     for (const auto& [from, to] :
          {std::pair{Date{2004, 3, 16}, Date{2004, 3, 15}}, {Date{2001, 1, 1}, Date{2001, 2, 1}}})
         EXPECT_TRUE(has(estimates(from, to), "bold right 0.00\n"));

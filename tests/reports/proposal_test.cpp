@@ -102,10 +102,5 @@ TEST_F(ProposalTest, DropsWhatItsMastersHaveLost) {
     EXPECT_EQ(1U, proposal(99).page(0).size());
 }
 
-TEST_F(ProposalTest, ARunThatCannotReadGivesAnEmptyReport) {
-    folder.execute("drop table Rooms");
-    EXPECT_EQ(1U, proposal(3).page(0).size());
-}
-
 }  // namespace
 }  // namespace torvane

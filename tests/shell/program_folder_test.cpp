@@ -53,7 +53,13 @@ TEST_F(ProgramFolderTest, EachUserHasHisOwnData) {
     write(ofUser() / "Larkfen.mdb", "mine");
     fs::remove(ofUser() / "Sample.bak");
     write(ofUser() / "Sample.bak", "my backup");
-    for (const char* name : {"Larkfen.mdb", "Sample.bak", "Merlin.ACS", "Help"}) write(installed() / name, "2");
+    for (const char* name : {"Larkfen.mdb", "Sample.bak", "Merlin.ACS", "Help", "Lost"}) write(installed() / name, "2");
+    fs::create_symlink("nowhere", ofUser() / "Lost");
+    fs::create_symlink("Help", ofUser() / "Help");  // round in circles
+    folder();
+    EXPECT_EQ(read(ofUser() / "Lost"), "2");
+    EXPECT_EQ(fs::read_symlink(ofUser() / "Help"), "Help") << "it can't be told where this one leads";
+    fs::remove(ofUser() / "Help");
     folder();
     EXPECT_EQ(read(ofUser() / "Larkfen.mdb"), "mine");
     EXPECT_EQ(read(ofUser() / "Sample.bak"), "my backup");

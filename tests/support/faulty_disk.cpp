@@ -105,8 +105,8 @@ int FaultyDisk::openToRead(const std::string& name) {
     return fails() ? -1 : FileSystem::openToRead(name);
 }
 
-int FaultyDisk::openToWrite(const std::string& name) {
-    return fails() ? -1 : FileSystem::openToWrite(name);
+int FaultyDisk::openFresh(const std::string& beside, std::string& fresh) {
+    return fails() ? -1 : FileSystem::openFresh(beside, fresh);
 }
 
 long FaultyDisk::read(int file, char* bytes, std::size_t count) {

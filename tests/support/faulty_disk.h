@@ -27,7 +27,7 @@ public:
     bool struck() const { return left_ <= 0; }
 
     int openToRead(const std::string& name) override;
-    int openToWrite(const std::string& name) override;
+    int openFresh(const std::string& beside, std::string& fresh) override;
     long read(int file, char* bytes, std::size_t count) override;
     bool write(int file, const char* bytes, std::size_t count) override;
     bool sync(int file) override;

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QString>
+#include <QTemporaryDir>
 #include <iostream>
 
 #include "platform/application.h"
@@ -14,11 +16,18 @@ void print(QtMsgType, const QMessageLogContext&, const QString& message) {
 
 }  // namespace
 
-// One application object for all tests of the program; without a screen unless one is asked for.
+// One application object for all tests of the program; without a screen unless one is asked for, in a home of its own,
+// where no test may leave a dialog's settings.
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qInstallMessageHandler(print);
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) qunsetenv(folder);
     torvane::TorvaneApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    const int failed = RUN_ALL_TESTS();
+    if (!QFile::exists(home.filePath(QStringLiteral(".config")))) return failed;
+    std::cerr << "a file of settings was left" << std::endl;
+    return 1;
 }

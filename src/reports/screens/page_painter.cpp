@@ -33,23 +33,22 @@ void paintPage(QPainter& painter, const std::vector<Placed>& page) {
             painter.drawLine(placed.left, placed.top, placed.left + placed.width, placed.top + placed.height);
             continue;
         }
-        QString text = qstring(placed.text);
+        const QString text = qstring(placed.text);
         if (text.isEmpty()) continue;
         const auto face = static_cast<std::size_t>(placed.face);
-        const QFontMetricsF& measure = metrics[face];
+        const double advance = metrics[face].horizontalAdvance(text);
+        const bool tooWide = advance > placed.room();
+        const bool squeezed = tooWide && placed.whole;
+        painter.save();
         painter.setFont(fonts[face]);
-        // One line: a break inside a text stands as a blank.
-        text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-        const double advance = measure.horizontalAdvance(text);
-        const bool cut = advance > placed.width;
-        if (cut) {
-            painter.save();
-            painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
-        }
-        // A text that is cut loses its end and never its beginning, which is what an amount is read by.
-        const double x = placed.align == Align::Right && !cut ? placed.left + placed.width - advance : placed.left;
-        painter.drawText(QPointF(x, placed.top + measure.ascent()), text);
-        if (cut) painter.restore();
+        if (tooWide && !squeezed) painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
+        // A text that is cut loses its end and never its beginning.
+        const double indent = placed.width - (squeezed ? placed.room() : advance);
+        const bool right = placed.align == Align::Right && (squeezed || !tooWide);
+        painter.translate(placed.left + (right ? indent : 0), placed.top + metrics[face].ascent());
+        if (squeezed) painter.scale(placed.room() / advance, 1);
+        painter.drawText(QPointF(), text);
+        painter.restore();
     }
 }
 

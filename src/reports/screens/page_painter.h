@@ -7,8 +7,7 @@
 
 namespace torvane {
 
-// Paints a page onto whatever the painter stands on. One unit of the painter has to be one twip. A text wider than its
-// box is cut at the box.
+// Paints a page onto whatever the painter stands on. One unit of the painter has to be one twip.
 void paintPage(QPainter& painter, const std::vector<Placed>& page);
 
 }  // namespace torvane

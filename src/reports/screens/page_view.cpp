@@ -11,15 +11,10 @@ PageView::PageView(QWidget* parent) : QWidget(parent) {
     resizeToZoom();
 }
 
-void PageView::setPages(std::shared_ptr<const ReportPages> pages) {
-    pages_ = std::move(pages);
-    setPage(0);
-}
-
-void PageView::setPage(int number) {
-    placed_ = pages_->page(number);
+void PageView::setPage(std::vector<Placed> page) {
+    page_ = std::move(page);
     QString words;
-    for (const Placed& placed : placed_)
+    for (const Placed& placed : page_)
         if (!placed.text.empty()) words += qstring(placed.text) + QLatin1Char('\n');
     setAccessibleDescription(words);
     update();
@@ -42,7 +37,7 @@ void PageView::paintEvent(QPaintEvent*) {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
     painter.setRenderHint(QPainter::TextAntialiasing);
     painter.scale(static_cast<double>(width()) / pageWidth, static_cast<double>(height()) / pageHeight);
-    paintPage(painter, placed_);
+    paintPage(painter, page_);
 }
 
 }  // namespace torvane

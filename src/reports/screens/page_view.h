@@ -1,19 +1,18 @@
 #pragma once
 
 #include <QWidget>
-#include <memory>
+#include <vector>
 
 #include "reports/report_pages.h"
 
 namespace torvane {
 
-// Shows one page of a report as a sheet of paper. Only the page in view is laid out and painted.
+// Shows one page of a report as a sheet of paper.
 class PageView : public QWidget {
     Q_OBJECT
 public:
     explicit PageView(QWidget* parent = nullptr);
-    void setPages(std::shared_ptr<const ReportPages> pages);
-    void setPage(int number);  // from 0
+    void setPage(std::vector<Placed> page);
     void setZoom(int percent);
 
 protected:
@@ -21,8 +20,7 @@ protected:
 
 private:
     void resizeToZoom();
-    std::shared_ptr<const ReportPages> pages_;
-    std::vector<Placed> placed_;
+    std::vector<Placed> page_;
     int zoom_ = 100;
 };
 

@@ -9,15 +9,17 @@
 
 #include "platform/controls.h"
 #include "platform/dialogs.h"
-#include "reports/screens/page_painter.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int twipsPerInch = 1440;
 constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};
+
+std::string notWritten(const std::string& file) {
+    return "The report could not be written to " + file + ". Nothing was changed there.";
+}
 
 }  // namespace
 
@@ -34,8 +36,8 @@ void ReportWindow::Form_Load() {
     click(ui().cmdNext, [this] { showPage(page_ + 1); });
     click(ui().cmdLast, [this] { showPage(pages_->pageCount() - 1); });
     click(ui().cmdPrint, [this] { print(); });
-    click(ui().cmdPdf, [this] { exportTo("PDF", ".pdf", writePdf); });
-    click(ui().cmdHtml, [this] { exportTo("HTML", ".html", writeHtml); });
+    click(ui().cmdPdf, [this] { exportTo("PDF", {".pdf"}, writePdf); });
+    click(ui().cmdHtml, [this] { exportTo("HTML", {".html", ".htm"}, writeHtml); });
     click(ui().cmdClose, [this] { Unload(); });
     for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
     on(*this, ui().cmbZoom, &DropList::Click, [this] { ui().page->setZoom(ui().cmbZoom->ItemData()); });
@@ -52,28 +54,36 @@ void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages) {
     pages_ = std::move(pages);
     Load();
     setCaption(pages_->layout().caption);
-    ui().page->setPages(pages_);
-    showPage(0);
+    told_.clear();
     Show();
+    showPage(0);
 }
 
 void ReportWindow::showPage(int number) {
     page_ = std::clamp(number, 0, pages_->pageCount() - 1);
-    ui().page->setPage(page_);
+    std::string problem;
+    ui().page->setPage(pages_->page(page_, &problem));
     ui().scroll->verticalScrollBar()->setValue(0);
     ui().lblPage->setText(QStringLiteral("Page %1 of %2").arg(page_ + 1).arg(pages_->pageCount()));
     ui().cmdFirst->setEnabled(page_ > 0);
     ui().cmdPrevious->setEnabled(page_ > 0);
     ui().cmdNext->setEnabled(page_ + 1 < pages_->pageCount());
     ui().cmdLast->setEnabled(page_ + 1 < pages_->pageCount());
+    if (problem.empty() || problem == told_) return;
+    told_ = problem;
+    const Busy showing(standingWindow());  // the box is this window's, whoever had the report shown
+    program().say("A part of the report is left empty. " + problem, caption());
 }
 
-void ReportWindow::exportTo(const char* kind, const char* ending, Write write) {
+void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write write) {
     const std::string title = caption();
-    const auto name = program().host().askSaveName(title + ending, std::string(kind) + " (*" + ending + ")");
+    const auto name = program().host().askSaveName(title + utf8(endings.front()),
+                                                   std::string(kind) + " (*" + utf8(endings.join(" *")) + ")");
     program().check();
     if (!name) return;
-    const std::string file = name->ends_with(ending) ? *name : *name + ending;
+    const bool ended = std::ranges::any_of(
+        endings, [&](const QString& ending) { return qstring(*name).endsWith(ending, Qt::CaseInsensitive); });
+    const std::string file = ended ? *name : *name + utf8(endings.front());
     if (QFile::exists(qstring(file)) && !program().confirm("File already Exists. Overwrite it?", title)) return;
     // Comes up by itself when the export takes long; the report stays as it is meanwhile.
     const auto pages = pages_;
@@ -87,10 +97,8 @@ void ReportWindow::exportTo(const char* kind, const char* ending, Write write) {
     });
     dialog.reset();
     program().check();
-    if (result == Exported::Done)
-        program().say("The report was written to " + file, title);
-    else if (result == Exported::Failed)
-        program().say("The report could not be written to " + file + ". Nothing was changed there.", title);
+    if (result == Exported::Done) program().say("The report was written to " + file, title);
+    if (result == Exported::Failed) program().say(notWritten(file), title);
 }
 
 void ReportWindow::print() {
@@ -105,31 +113,11 @@ void ReportWindow::print() {
     dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
     const bool accepted = runOverFront(dialog) == QDialog::Accepted;
     program().check();
-    if (accepted && loaded()) printPages(printer);
-}
-
-void ReportWindow::printPages(QPrinter& printer) {
-    int from = 0;
-    int to = pages_->pageCount() - 1;
-    if (printer.printRange() == QPrinter::PageRange) {
-        from = std::max(printer.fromPage() - 1, 0);
-        to = std::min(printer.toPage() - 1, to);
-    } else if (printer.printRange() == QPrinter::CurrentPage) {
-        from = to = page_;
-    }
-    QPainter painter;
-    bool done = painter.begin(&printer);
-    for (int number = from; done && number <= to; ++number) {
-        if (number > from) done = printer.newPage();
-        if (!done) break;
-        painter.resetTransform();
-        const double scale = static_cast<double>(printer.resolution()) / twipsPerInch;
-        painter.scale(scale, scale);
-        paintPage(painter, pages_->page(number));
-    }
-    if (painter.isActive()) done = painter.end() && done;
-    if (!done || printer.printerState() == QPrinter::Error)
-        program().say("The report could not be printed. Is there a printer, and is it ready?", caption());
+    if (!accepted || !loaded() || printReport(*pages_, printer, page_) == Exported::Done) return;
+    const std::string file = utf8(printer.outputFileName());
+    program().say(
+        file.empty() ? "The report could not be printed. Is there a printer, and is it ready?" : notWritten(file),
+        caption());
 }
 
 }  // namespace torvane

@@ -1,13 +1,13 @@
 #pragma once
 
+#include <QStringList>
 #include <memory>
+#include <string>
 
 #include "platform/form.h"
 #include "reports/report_pages.h"
 #include "reports/screens/report_export.h"
 #include "ui_report_window.h"
-
-class QPrinter;
 
 namespace torvane {
 
@@ -27,11 +27,12 @@ private:
     void showPage(int number);
     void print();
     using Write = Exported (*)(const ReportPages&, const std::string&, const ExportProgress&);
-    void exportTo(const char* kind, const char* ending, Write write);
-    void printPages(QPrinter& printer);
+    // The first of the endings is given to a name that has none of them.
+    void exportTo(const char* kind, const QStringList& endings, Write write);
 
     std::shared_ptr<const ReportPages> pages_;
     int page_ = 0;
+    std::string told_;  // what is left empty, as the user has been told
 };
 
 }  // namespace torvane
