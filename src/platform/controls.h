@@ -163,12 +163,26 @@ class DateBox : public QDateEdit {
     Q_OBJECT
 public:
     explicit DateBox(QWidget* parent = nullptr);
-    Date Value() const;
+    // What has been typed so far counts.
+    Date Value();
     void setValue(const Date& date);
+    void stepBy(int steps) override;
 
 protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+    QValidator::State validate(QString& text, int& caret) const override;
+    void fixup(QString&) const override {}
+    QDateTime dateTimeFromText(const QString& text) const override;
+    QString textFromDateTime(const QDateTime& date) const override;
+
+private:
+    QDate read(const QString& text) const;
+    ShortDate style_;
 };
 
 // A button whose face is a picture that says what it does, art/<name>.svg, and beside it the word: its text, or else
