@@ -58,6 +58,24 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
              key(box, Qt::Key_V, Qt::ControlModifier);
          },
          "1,234 (ab)"},
+        {"a line break comes in as a blank",
+         [](TextBox& box) {
+             QApplication::clipboard()->setText("1\r\n2\t3\n");
+             key(box, Qt::Key_V, Qt::ControlModifier);
+             type(box, "4");
+         },
+         "1 2 3 4"},
+        {"signs that are not seen",
+         [](TextBox& box) {
+             const auto press = [&](const char* sign, Qt::KeyboardModifiers held = {}) {
+                 QKeyEvent pressed(QEvent::KeyPress, Qt::Key_unknown, held, sign);
+                 QApplication::sendEvent(&box, &pressed);
+             };
+             type(box, "10");
+             for (const char* sign : {"\u00ad", "\u200b", "\ue000", "😀", "\u0085"}) press(sign);
+             press("\u200c", Qt::ControlModifier | Qt::ShiftModifier);
+         },
+         "10"},
         {"copy and cut",
          [](TextBox& box) {
              type(box, "75");
@@ -67,16 +85,9 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
              key(box, Qt::Key_V, Qt::ControlModifier);
          },
          "7575"},
-        {"composed characters",
-         [](TextBox& box) {
-             for (const char* text : {"5", "-"}) {
-                 QInputMethodEvent composed;
-                 composed.setCommitString(text);
-                 QApplication::sendEvent(&box, &composed);
-             }
-         },
+        {"composed characters", [](TextBox& box) { compose(box, "5"), compose(box, "-"), compose(box, "\u200b"); },
          "5"},
-        {"code", [](TextBox& box) { box.setText("n/a"); }, "n/a"},
+        {"code", [](TextBox& box) { box.setText("n\na"); }, "n\na"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
