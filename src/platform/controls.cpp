@@ -282,8 +282,11 @@ bool ReportList::viewportEvent(QEvent* event) {
         constexpr int margins = 8;
         const bool cut = index.isValid() && fontMetrics().horizontalAdvance(index.data().toString()) + margins >
                                                 columnWidth(index.column());
+        // Always as rich text: a tool tip guesses from the signs in it which of the two a text is.
+        const QString whole = QStringLiteral("<div style='white-space:pre-wrap'>%1</div>");
         if (cut)
-            QToolTip::showText(help->globalPos(), index.data().toString().toHtmlEscaped(), this, visualRect(index));
+            QToolTip::showText(help->globalPos(), whole.arg(index.data().toString().toHtmlEscaped()), this,
+                               visualRect(index));
         else
             QToolTip::hideText();
         return true;

@@ -2,10 +2,13 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLocale>
 #include <QPainter>
 #include <QRadioButton>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "platform/pictures.h"
@@ -334,6 +337,20 @@ TEST_F(ControlsTest, ReportListCopiesWhatIsShown) {
     form.list->selectRow(1);
     key(*form.list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Mortar\t4");
+}
+
+TEST_F(ControlsTest, ReportListShowsACutTextAsItIs) {
+    for (const char* name :
+         {"Pipe 12\" & fittings,  galvanized steel", "<b>Brick</b> &amp; &lt; long enough to be cut"}) {
+        form.list->setCell(0, 1, name);
+        const QPoint place = form.list->visualRect(form.list->model()->index(0, 1)).center();
+        QHelpEvent help(QEvent::ToolTip, place, form.list->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(form.list->viewport(), &help);
+        QTextDocument shown;
+        shown.setHtml(QToolTip::text());
+        EXPECT_TRUE(Qt::mightBeRichText(QToolTip::text()));
+        EXPECT_EQ(utf8(shown.toPlainText()), name);
+    }
 }
 
 TEST_F(ControlsTest, ColumnsGrowWithTheType) {
