@@ -1,10 +1,11 @@
 # What building and testing need, as Debian packages. Sourced by run, test and .ci/run.
 # Installs what is missing, saying what, as root or with sudo. (Qt's speech asks for the declarative package when built.)
+# Only names of real packages: one that others provide never counts as installed.
 
-build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools libqt6svg6-dev qt6-speech-dev qt6-declarative-dev
+build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-speech-dev qt6-declarative-dev
                 qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite libgl1-mesa-dev libsqlite3-dev libicu-dev
                 fonts-liberation)
-test_packages=(libgtest-dev sqlite3 poppler-utils)
+test_packages=(libgtest-dev poppler-utils)
 check_packages=(git clang-format-14 clang-tidy-14)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 package_packages=(dpkg-dev librsvg2-bin desktop-file-utils appstream lintian)
@@ -21,7 +22,12 @@ need() {
     command -v sudo >/dev/null || { echo "Please install these packages, or sudo, as root first." >&2; return 1; }
     as_root=(sudo)
   fi
-  "${as_root[@]}" apt-get update -qq || return 1
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" \
-    >/dev/null || { echo "Installing failed." >&2; return 1; }
+  # For the lock of another installation apt waits by itself, but not for that of another update.
+  local said
+  until said=$("${as_root[@]}" apt-get update -qq 2>&1); do
+    [[ $said == *lists/lock* ]] || { echo "$said" >&2; return 1; }
+    sleep 2
+  done
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+    -o DPkg::Lock::Timeout=600 "${missing[@]}" >/dev/null || { echo "Installing failed." >&2; return 1; }
 }

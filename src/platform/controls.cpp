@@ -9,10 +9,13 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QPainter>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <QValidator>
 #include <algorithm>
 
 #include "platform/form_window.h"
@@ -36,7 +39,30 @@ double fontScale(const QWidget& control) {
 
 // --- TextBox ---------------------------------------------------------------------------------------------------------
 
-TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {}
+QString oneLine(QString text) {
+    static const QRegularExpression notOfALine(QStringLiteral("\\r\\n|[\\t\\n\\v\\f\\r\\x{85}\\x{2028}\\x{2029}]"));
+    return text.replace(notOfALine, QStringLiteral(" "));
+}
+
+class TextBox::OneLine : public QValidator {
+public:
+    explicit OneLine(TextBox& box) : QValidator(&box), box_(box) {}
+
+    State validate(QString& text, int& caret) const override {
+        if (box_.byCode_) return Acceptable;
+        const QString before = oneLine(text.left(caret));
+        text = before + oneLine(text.mid(caret));
+        caret = static_cast<int>(before.size());
+        return Acceptable;
+    }
+
+private:
+    const TextBox& box_;
+};
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
+    setValidator(new OneLine(*this));
+}
 
 std::string TextBox::Text() const {
     return utf8(text());
@@ -47,6 +73,7 @@ void TextBox::setText(std::string_view text) {
 }
 
 void TextBox::setText(const QString& text) {
+    const QScopedValueRollback byCode(byCode_, true);
     QLineEdit::setText(text);
     setCursorPosition(0);
     checkProgram(*this);
@@ -57,27 +84,31 @@ void TextBox::setKeyFilter(std::string_view allowed) {
     filtered_ = true;
 }
 
+// The signs of backspace, Delete, Enter and the like are no characters.
 bool TextBox::passes(const QString& typed) const {
-    return !filtered_ || std::all_of(typed.begin(), typed.end(),
-                                     [this](QChar sign) { return !sign.isPrint() || allowed_.contains(sign); });
+    return !filtered_ || std::all_of(typed.begin(), typed.end(), [this](QChar sign) {
+        return sign < u' ' || sign == u'\x7f' || allowed_.contains(sign);
+    });
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
-    // Control with a letter is a command; with Alt as well it is how some keyboards write a character.
+    // Control with a letter is a command; with Alt as well it is how some keyboards write a character, and with Shift
+    // how they write one that is not seen.
     const Qt::KeyboardModifiers held = event->modifiers();
     const bool command = (held & Qt::ControlModifier) && !(held & Qt::AltModifier);
-    if (command || passes(event->text()))
+    const QString typed = event->text();
+    const bool letter = typed.isEmpty() || typed.at(0).isPrint();
+    if ((command && letter) || passes(typed))
         QLineEdit::keyPressEvent(event);
     else
         event->accept();
 }
 
-// Composed characters and those of an on-screen keyboard come this way.
+// Composed characters and those of an on-screen keyboard come this way. What does not pass leaves nothing behind.
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (passes(event->commitString()))
-        QLineEdit::inputMethodEvent(event);
-    else
-        event->accept();
+    QInputMethodEvent nothing;
+    const bool pass = passes(event->commitString()) && passes(event->preeditString());
+    QLineEdit::inputMethodEvent(pass ? event : &nothing);
 }
 
 void TextBox::setResult(bool result) {
@@ -253,8 +284,11 @@ bool ReportList::viewportEvent(QEvent* event) {
         constexpr int margins = 8;
         const bool cut = index.isValid() && fontMetrics().horizontalAdvance(index.data().toString()) + margins >
                                                 columnWidth(index.column());
+        // Always as rich text: a tool tip guesses from the signs in it which of the two a text is.
+        const QString whole = QStringLiteral("<div style='white-space:pre-wrap'>%1</div>");
         if (cut)
-            QToolTip::showText(help->globalPos(), index.data().toString().toHtmlEscaped(), this, visualRect(index));
+            QToolTip::showText(help->globalPos(), whole.arg(index.data().toString().toHtmlEscaped()), this,
+                               visualRect(index));
         else
             QToolTip::hideText();
         return true;
@@ -432,9 +466,13 @@ DateBox::DateBox(QWidget* parent) : QDateEdit(parent) {
     setCalendarPopup(true);
     setFocusPolicy(Qt::StrongFocus);
     setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
+    // The stock box is a row of small boxes, which the caret leaves by itself when one is full. This one is a text.
+    setKeyboardTracking(false);
+    disconnect(lineEdit(), &QLineEdit::cursorPositionChanged, this, nullptr);
 }
 
-Date DateBox::Value() const {
+Date DateBox::Value() {
+    interpretText();
     return {date().year(), date().month(), date().day()};
 }
 
@@ -446,13 +484,23 @@ void DateBox::setValue(const Date& date) {
 bool DateBox::event(QEvent* event) {
     if (event->type() == QEvent::Polish) {
         if (const auto* inWindow = qobject_cast<const FormWindow*>(window())) {
-            // Two digits would be read back as years of the last century.
-            QString pattern = qstring(inWindow->program().host().shortDate().pattern);
-            if (!pattern.contains("yyyy")) pattern.replace("yy", "yyyy");
-            setDisplayFormat(pattern);
+            style_ = inWindow->program().host().shortDate();
+            setDisplayFormat(qstring(style_.pattern));
         }
     }
     return QDateEdit::event(event);
+}
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+    QAbstractSpinBox::keyPressEvent(event);
+}
+
+void DateBox::focusInEvent(QFocusEvent* event) {
+    QAbstractSpinBox::focusInEvent(event);
+}
+
+bool DateBox::focusNextPrevChild(bool next) {
+    return QAbstractSpinBox::focusNextPrevChild(next);
 }
 
 void DateBox::wheelEvent(QWheelEvent* event) {
@@ -460,6 +508,67 @@ void DateBox::wheelEvent(QWheelEvent* event) {
         QDateEdit::wheelEvent(event);
     else
         event->ignore();
+}
+
+void DateBox::stepBy(int steps) {
+    interpretText();
+    static const QRegularExpression part(QStringLiteral("[^\\s./,-]+"));
+    const auto parts = [this] {
+        QList<QRegularExpressionMatch> found;
+        for (auto each = part.globalMatch(text()); each.hasNext();) found.append(each.next());
+        return found;
+    };
+    const int caret = lineEdit()->hasSelectedText() ? lineEdit()->selectionStart() : lineEdit()->cursorPosition();
+    int at = 0;
+    for (const QRegularExpressionMatch& each : parts()) at += each.capturedEnd() < caret;
+    at = std::min(at, sectionCount() - 1);
+    switch (sectionAt(at)) {
+        case YearSection:
+            setDate(date().addYears(steps));
+            break;
+        case MonthSection:
+            setDate(date().addMonths(steps));
+            break;
+        default:
+            setDate(date().addDays(steps));
+            break;
+    }
+    const QRegularExpressionMatch moved = parts().value(at);
+    lineEdit()->setSelection(static_cast<int>(moved.capturedStart()), static_cast<int>(moved.capturedLength()));
+}
+
+// A date typed into the one that stood there, in front of it, behind it or within, stands in its place.
+QDate DateBox::read(const QString& text) const {
+    const auto typed = [this](QString signs) {
+        signs.removeIf([](QChar sign) { return sign.category() == QChar::Other_Format; });
+        for (QChar& sign : signs) {
+            if (sign.isSpace()) sign = QLatin1Char(' ');
+            if (sign.isDigit()) sign = QLatin1Char(static_cast<char>('0' + sign.digitValue()));
+        }
+        const auto found = readTypedDate(utf8(signs), style_);
+        const QDate day = found ? QDate(found->year, found->month, found->day) : QDate();
+        return day >= minimumDate() && day <= maximumDate() ? day : QDate();
+    };
+    if (const QDate whole = typed(text); whole.isValid()) return whole;
+    const QString stood = textFromDateTime(dateTime());
+    const qsizetype caret = lineEdit()->cursorPosition();
+    const qsizetype behind = text.size() - caret;
+    const qsizetype before = stood.size() - behind;
+    if (before < 0 || before > caret || stood != text.left(before) + text.right(behind)) return {};
+    return typed(text.mid(before, caret - before));
+}
+
+QValidator::State DateBox::validate(QString& text, int&) const {
+    return read(text).isValid() ? QValidator::Acceptable : QValidator::Intermediate;
+}
+
+QDateTime DateBox::dateTimeFromText(const QString& text) const {
+    return read(text).startOfDay(timeSpec());
+}
+
+QString DateBox::textFromDateTime(const QDateTime& date) const {
+    const QDate day = date.date();
+    return qstring(shortDateText({day.year(), day.month(), day.day()}, style_));
 }
 
 // --- PictureButton ---------------------------------------------------------------------------------------------------

@@ -29,9 +29,13 @@ constexpr int pixels(double twips) {
 // Given sizes hold for the usual type; this is how much larger the control's own type is. At least 1.
 double fontScale(const QWidget& control);
 
+// The text on one line: each line break and each tab is a blank.
+QString oneLine(QString text);
+
 // A text box. `Change` is textChanged: it fires only when the text differs. Operations that may run handlers check that
-// the program still runs. Where a key filter is set, a typed character passes only if it is among `allowed`; paste,
-// copy, Delete, backspace, arrows and Tab always work.
+// the program still runs. What the user pastes or drops comes in on one line; what code writes stays as it is until the
+// user changes it. Where a key filter is set, a typed character passes only if it is among `allowed`; paste, copy,
+// Delete, backspace, arrows and Tab always work.
 class TextBox : public QLineEdit {
     Q_OBJECT
 public:
@@ -50,9 +54,11 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
+    class OneLine;
     bool passes(const QString& typed) const;
     QString allowed_;
     bool filtered_ = false;
+    bool byCode_ = false;  // the text is being written by code
 };
 
 // A drop-down list whose entries carry a number (item data). Nothing is selected until somebody selects. `Click` fires
@@ -158,18 +164,33 @@ private:
     std::vector<Icon> icons_;
 };
 
-// The date picker: typed in the machine's short date (the year always with four digits), or picked from a calendar. The
-// wheel changes it only while it has the focus.
+// The date picker: typed as a text, picked from a calendar, or stepped by the arrow keys, which move the part that the
+// caret stands in. A typed text is read when it is done, in the order of the machine's short date; one that is no date,
+// or none from 1601 to 9999, leaves the date as it was. The wheel changes it only while it has the focus.
 class DateBox : public QDateEdit {
     Q_OBJECT
 public:
     explicit DateBox(QWidget* parent = nullptr);
-    Date Value() const;
+    // What has been typed so far counts.
+    Date Value();
     void setValue(const Date& date);
+    void stepBy(int steps) override;
 
 protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void wheelEvent(QWheelEvent* event) override;
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+    QValidator::State validate(QString& text, int& caret) const override;
+    void fixup(QString&) const override {}
+    QDateTime dateTimeFromText(const QString& text) const override;
+    QString textFromDateTime(const QDateTime& date) const override;
+
+private:
+    QDate read(const QString& text) const;
+    ShortDate style_;
 };
 
 // A button whose face is a picture that says what it does, art/<name>.svg, and beside it the word: its text, or else

@@ -9,6 +9,7 @@
 #include <QLocale>
 #include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include "platform/controls.h"
@@ -18,18 +19,6 @@
 namespace torvane {
 
 namespace {
-
-ShortDate machineShortDate() {
-    const QLocale machine = QLocale::system();
-    ShortDate style;
-    style.pattern = utf8(machine.dateFormat(QLocale::ShortFormat));
-    for (int month = 1; month <= 12; ++month) {
-        const auto index = static_cast<std::size_t>(month - 1);
-        style.monthNames[index] = utf8(machine.monthName(month, QLocale::LongFormat));
-        style.shortMonthNames[index] = utf8(machine.monthName(month, QLocale::ShortFormat));
-    }
-    return style;
-}
 
 // Takes a name with inch marks as it was typed. The toolkit's own dialog reads them as marks around several names.
 class NameDialog : public QFileDialog {
@@ -78,8 +67,26 @@ std::optional<std::string> chosenName(NameDialog& dialog, const QString& propose
 
 }  // namespace
 
+ShortDate shortDateOf(const QLocale& locale) {
+    // A year of two digits would be read back as one of another century. What stands between quotes is no year.
+    static const QRegularExpression year(QStringLiteral("y+"));
+    QStringList pieces = locale.dateFormat(QLocale::ShortFormat).split(QLatin1Char('\''));
+    for (qsizetype piece = 0; piece < pieces.size(); piece += 2) pieces[piece].replace(year, QStringLiteral("yyyy"));
+    QString pattern = pieces.join(QLatin1Char('\''));
+    pattern.removeIf([](QChar sign) { return sign.category() == QChar::Other_Format; });
+
+    ShortDate style;
+    style.pattern = utf8(pattern);
+    for (int month = 1; month <= 12; ++month) {
+        const auto index = static_cast<std::size_t>(month - 1);
+        style.monthNames[index] = utf8(locale.monthName(month, QLocale::LongFormat));
+        style.shortMonthNames[index] = utf8(locale.monthName(month, QLocale::ShortFormat));
+    }
+    return style;
+}
+
 QtHost::QtHost(std::string programDirectory)
-    : programDirectory_(std::move(programDirectory)), shortDate_(machineShortDate()) {}
+    : programDirectory_(std::move(programDirectory)), shortDate_(shortDateOf(QLocale::system())) {}
 
 Answer QtHost::box(std::string_view text, std::string_view title, Buttons buttons) {
     QMessageBox box;

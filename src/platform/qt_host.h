@@ -5,7 +5,13 @@
 
 #include "host/host.h"
 
+class QLocale;
+
 namespace torvane {
+
+// How a locale writes a short date: always with all four digits of the year, and without marks of the writing
+// direction.
+ShortDate shortDateOf(const QLocale& locale);
 
 // The host over Qt's message boxes and file dialogs and the machine's own clock and date form.
 class QtHost : public Host {

@@ -124,6 +124,21 @@ std::optional<Date> checked(const Number& year, int month, const Number& day) {
     if (day.digits > 2 || !isValid(date)) return std::nullopt;
     return date;
 }
+std::optional<Date> checked(const Number& year, const Number& month, const Number& day) {
+    return checked(year, month.digits > 2 ? 0 : month.value, day);
+}
+
+// The parts of the style's pattern in their order, such as "Mdy".
+std::string order(const ShortDate& style) {
+    std::string parts;
+    bool quoted = false;
+    for (const char c : style.pattern) {
+        if (c == '\'') quoted = !quoted;
+        const bool part = c == 'd' || c == 'M' || c == 'y';
+        if (part && !quoted && parts.find(c) == std::string::npos) parts += c;
+    }
+    return parts;
+}
 
 }  // namespace
 
@@ -177,10 +192,19 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
         return checked(numbers[1], parts->month, numbers[0]);
     }
     if (parts->month != 0 || numbers.size() != 3) return std::nullopt;
-    const auto month = [](const Number& number) { return number.digits > 2 ? 0 : number.value; };
-    if (numbers[0].canOnlyBeYear()) return checked(numbers[0], month(numbers[1]), numbers[2]);
-    if (const auto date = checked(numbers[2], month(numbers[0]), numbers[1])) return date;
-    return checked(numbers[2], month(numbers[1]), numbers[0]);
+    if (numbers[0].canOnlyBeYear()) return checked(numbers[0], numbers[1], numbers[2]);
+    if (const auto date = checked(numbers[2], numbers[0], numbers[1])) return date;
+    return checked(numbers[2], numbers[1], numbers[0]);
+}
+
+std::optional<Date> readTypedDate(std::string_view text, const ShortDate& style) {
+    const auto parts = cut(text, style);
+    const std::string typed = order(style);
+    if (parts && parts->month == 0 && parts->numbers.size() == 3 && typed.size() == 3) {
+        const auto number = [&](char part) { return parts->numbers[typed.find(part)]; };
+        if (const auto date = checked(number('y'), number('M'), number('d'))) return date;
+    }
+    return readDate(text, style);
 }
 
 }  // namespace torvane

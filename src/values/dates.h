@@ -41,4 +41,7 @@ std::string isoText(const Date& date);
 // Where numbers leave a choice the month comes first. Nothing when the text is no date.
 std::optional<Date> readDate(std::string_view text, const ShortDate& style = {});
 
+// The same for what a user types: three numbers are taken in the order of the style's pattern, where that gives a date.
+std::optional<Date> readTypedDate(std::string_view text, const ShortDate& style);
+
 }  // namespace torvane

@@ -2,13 +2,18 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QRadioButton>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "platform/pictures.h"
 #include "platform/probe.h"
+#include "platform/qt_host.h"
 #include "support/screen_test.h"
 
 namespace torvane {
@@ -22,6 +27,11 @@ protected:
         settle();
     }
     void note(const std::string& text) { log += (log.empty() ? "" : ", ") + text; }
+    static void compose(QWidget& control, const char* text) {
+        QInputMethodEvent composed;
+        composed.setCommitString(text);
+        QApplication::sendEvent(&control, &composed);
+    }
     void wheel(QWidget& control) {
         const QPointF centre = control.rect().center();
         QWheelEvent turn(centre, control.mapToGlobal(centre), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
@@ -51,6 +61,24 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
              key(box, Qt::Key_V, Qt::ControlModifier);
          },
          "1,234 (ab)"},
+        {"a line break comes in as a blank",
+         [](TextBox& box) {
+             QApplication::clipboard()->setText("1\r\n2\t3\n");
+             key(box, Qt::Key_V, Qt::ControlModifier);
+             type(box, "4");
+         },
+         "1 2 3 4"},
+        {"signs that are not seen",
+         [](TextBox& box) {
+             const auto press = [&](const char* sign, Qt::KeyboardModifiers held = {}) {
+                 QKeyEvent pressed(QEvent::KeyPress, Qt::Key_unknown, held, sign);
+                 QApplication::sendEvent(&box, &pressed);
+             };
+             type(box, "10");
+             for (const char* sign : {"\u00ad", "\u200b", "\ue000", "😀", "\u0085"}) press(sign);
+             press("\u200c", Qt::ControlModifier | Qt::ShiftModifier);
+         },
+         "10"},
         {"copy and cut",
          [](TextBox& box) {
              type(box, "75");
@@ -60,16 +88,9 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
              key(box, Qt::Key_V, Qt::ControlModifier);
          },
          "7575"},
-        {"composed characters",
-         [](TextBox& box) {
-             for (const char* text : {"5", "-"}) {
-                 QInputMethodEvent composed;
-                 composed.setCommitString(text);
-                 QApplication::sendEvent(&box, &composed);
-             }
-         },
+        {"composed characters", [](TextBox& box) { compose(box, "5"), compose(box, "-"), compose(box, "\u200b"); },
          "5"},
-        {"code", [](TextBox& box) { box.setText("n/a"); }, "n/a"},
+        {"code", [](TextBox& box) { box.setText("n\na"); }, "n\na"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -326,6 +347,20 @@ TEST_F(ControlsTest, ReportListCopiesWhatIsShown) {
     EXPECT_EQ(QApplication::clipboard()->text(), "Mortar\t4");
 }
 
+TEST_F(ControlsTest, ReportListShowsACutTextAsItIs) {
+    for (const char* name :
+         {"Pipe 12\" & fittings,  galvanized steel", "<b>Brick</b> &amp; &lt; long enough to be cut"}) {
+        form.list->setCell(0, 1, name);
+        const QPoint place = form.list->visualRect(form.list->model()->index(0, 1)).center();
+        QHelpEvent help(QEvent::ToolTip, place, form.list->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(form.list->viewport(), &help);
+        QTextDocument shown;
+        shown.setHtml(QToolTip::text());
+        EXPECT_TRUE(Qt::mightBeRichText(QToolTip::text()));
+        EXPECT_EQ(utf8(shown.toPlainText()), name);
+    }
+}
+
 TEST_F(ControlsTest, ColumnsGrowWithTheType) {
     ReportList list;
     QFont type = list.font();
@@ -377,18 +412,71 @@ TEST_F(ControlsTest, ReportListHeader) {
     EXPECT_FALSE(list.itemDelegateForColumn(2));
 }
 
-TEST_F(ControlsTest, DateBoxShowsTheMachinesFormAndKeepsTheDay) {
-    host.style.pattern = "dd.MM.yy";
-    form.Unload();
-    form.Show();
-    form.date->setValue({2031, 2, 28});
-    EXPECT_EQ(utf8(form.date->text()), "28.02.2031");
-    EXPECT_EQ(form.date->Value(), (Date{2031, 2, 28}));
-    form.first->setFocus();
-    wheel(*form.date);
-    EXPECT_EQ(form.date->Value(), (Date{2031, 2, 28}));
-    form.date->setValue({1899, 12, 30});
-    EXPECT_EQ(form.date->Value(), (Date{1899, 12, 30}));
+// From November 23, 2026, reached by Tab.
+TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
+    using Act = std::function<void(DateBox&)>;
+    const auto keys = [](std::initializer_list<Qt::Key> pressed, const char* then = "") -> Act {
+        return [pressed = std::vector(pressed), then](DateBox& box) {
+            for (const Qt::Key one : pressed) key(box, one);
+            type(box, then);
+        };
+    };
+    const auto typed = [&](const char* text) { return keys({}, text); };
+    const struct {
+        const char* locale;
+        const char* name;
+        Act act;
+        const char* expected;  // as the box shows it then
+    } rows[] = {
+        {"en_US", "slashes", typed("3/5/2026"), "3/5/2026"},
+        {"en_US", "two digits, points", typed("03.05.26"), "3/5/2026"},
+        {"en_US", "another century, dashes", typed("12-31-30"), "12/31/1930"},
+        {"en_US", "another order", typed("31/12/2025"), "12/31/2025"},
+        {"en_US", "no such day", typed("2/30/2026"), "11/23/2026"},
+        {"en_US", "before the calendar", typed("1/1/1600"), "11/23/2026"},
+        {"en_US", "part of a date", typed("3/5"), "11/23/2026"},
+        {"en_US", "in front of the old one", keys({Qt::Key_Home}, "3/5/2026"), "3/5/2026"},
+        {"en_US", "within the old one", keys({Qt::Key_End, Qt::Key_Left}, "3/5/2026"), "3/5/2026"},
+        {"en_US", "one digit of it", keys({Qt::Key_End, Qt::Key_Backspace}, "5"), "11/23/2025"},
+        {"en_US", "first part up", keys({Qt::Key_Up}), "12/23/2026"},
+        {"en_US", "last part down, typed over", keys({Qt::Key_End, Qt::Key_Down, Qt::Key_Down}, "30"), "11/23/1930"},
+        {"en_GB", "a day that this month lacks", typed("31/12/2025"), "31/12/2025"},
+        {"en_GB", "blanks", typed("5 3 26"), "05/03/2026"},
+        {"en_GB", "the day after the last", keys({}, "30/11/2026"), "30/11/2026"},
+        {"en_GB", "up over the month's end", keys({Qt::Key_Up, Qt::Key_Up, Qt::Key_PageUp}), "05/12/2026"},
+        {"de_DE", "points", typed("05.03.2026"), "05.03.2026"},
+        {"de_DE", "short", typed("5.3.26"), "05.03.2026"},
+        {"ko_KR", "points and blanks", typed("2026. 3. 5."), "2026. 3. 5."},
+        {"ko_KR", "two digits", typed("26-3-5"), "2026. 3. 5."},
+        {"ko_KR", "the month",
+         keys({Qt::Key_Home, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up}),
+         "2026. 12. 23."},
+        {"ar_EG", "slashes", typed("5/3/2026"), "5/3/2026"},
+        {"ar_EG", "the machine's own digits", [](DateBox& box) { compose(box, "٥/٣/٢٠٢٦"); }, "5/3/2026"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.locale) + ", " + row.name);
+        form.Unload();
+        host.style = shortDateOf(QLocale(row.locale));
+        form.Show();
+        form.date->setValue({2026, 11, 23});
+        key(*form.choice, Qt::Key_Tab);
+        row.act(*form.date);
+        const Date read = form.date->Value();  // also while the focus is still there
+        key(*form.date, Qt::Key_Tab);
+        EXPECT_TRUE(form.list->hasFocus());
+        EXPECT_EQ(utf8(form.date->text()), row.expected);
+        EXPECT_EQ(shortDateText(read, host.style), row.expected);
+    }
+}
+
+TEST_F(ControlsTest, DateBoxKeepsTheDay) {
+    for (const Date day : {Date{2031, 2, 28}, Date{1899, 12, 30}}) {
+        form.date->setValue(day);
+        form.first->setFocus();
+        wheel(*form.date);
+        EXPECT_EQ(form.date->Value(), day);
+    }
 }
 
 TEST_F(ControlsTest, PictureButtonIsNeverBlank) {

@@ -427,7 +427,7 @@ void scientific::setClipboard(std::string_view text) {
 }
 
 std::string scientific::clipboard() {
-    return utf8(QGuiApplication::clipboard()->text());
+    return utf8(oneLine(QGuiApplication::clipboard()->text()));
 }
 
 void scientific::textsChanged() {

@@ -111,7 +111,7 @@ void ConversionWindow::addSide(QGridLayout& grid, int index, const QString& name
     const auto number = static_cast<std::size_t>(index);
     Side& side = sides_[number];
     const int column = 2 * index;
-    side.box = new QLineEdit(this);
+    side.box = new TextBox(this);
     side.box->setObjectName("txt" + name);
     side.box->installEventFilter(this);
     auto* caption = new QLabel(label, this);
