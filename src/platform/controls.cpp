@@ -491,6 +491,8 @@ bool DateBox::event(QEvent* event) {
     return QDateEdit::event(event);
 }
 
+// Past the base, which would divide the text into its small boxes.
+// NOLINTBEGIN(bugprone-parent-virtual-call)
 void DateBox::keyPressEvent(QKeyEvent* event) {
     QAbstractSpinBox::keyPressEvent(event);
 }
@@ -502,6 +504,7 @@ void DateBox::focusInEvent(QFocusEvent* event) {
 bool DateBox::focusNextPrevChild(bool next) {
     return QAbstractSpinBox::focusNextPrevChild(next);
 }
+// NOLINTEND(bugprone-parent-virtual-call)
 
 void DateBox::wheelEvent(QWheelEvent* event) {
     if (hasFocus())

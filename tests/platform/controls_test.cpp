@@ -102,15 +102,6 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
     EXPECT_TRUE(form.second->hasFocus());
 }
 
-TEST_F(ControlsTest, ChangeComesWithTypedAndWrittenTextThatDiffers) {
-    on(form, form.first, &TextBox::textChanged, [&](const QString& text) { note(utf8(text)); });
-    form.first->setText("2");
-    form.first->setText(std::string("2"));
-    key(*form.first, Qt::Key_End);
-    type(*form.first, "5");
-    EXPECT_EQ(log, "2, 25");
-}
-
 TEST_F(ControlsTest, ResultBoxCanBeCopiedFromButNotTypedInto) {
     form.second->setResult(true);
     form.second->setText("12.5");
@@ -493,13 +484,6 @@ TEST_F(ControlsTest, PictureButtonIsNeverBlank) {
     bare.resize(button.size());
     EXPECT_NE(button.grab().toImage(), bare.grab().toImage());
     EXPECT_TRUE(torvane::picture("no such picture").isNull());
-}
-
-TEST(Twips, FifteenToThePixel) {
-    EXPECT_EQ(pixels(0), 0);
-    EXPECT_EQ(pixels(1800), 120);
-    EXPECT_EQ(pixels(1575), 105);
-    EXPECT_EQ(pixels(-250), -17);
 }
 
 }  // namespace
