@@ -31,13 +31,10 @@ public:
 
 class Catalogue {
 public:
-    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, [](int) {}) {
-        program_.setErrorBox([](const RuntimeFailure&) {});
+    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
+        program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
     }
-    void act(const std::function<void()>& handler) {
-        program_.guarded(handler);
-        if (program_.ended()) throw std::runtime_error("a screen of the catalogue met a failure");
-    }
+    void act(const std::function<void()>& handler) { program_.guarded(handler); }
 
 private:
     Program program_;

@@ -24,8 +24,6 @@ bool TorvaneApplication::notify(QObject* receiver, QEvent* event) {
         return QApplication::notify(receiver, event);
     } catch (const RuntimeFailure& failure) {
         return caught(failure);
-    } catch (const Ended&) {
-        return caught(RuntimeFailure{0, "a handler outside the event guard met the end of the program"});
     } catch (const std::exception& failure) {
         return caught(RuntimeFailure{0, failure.what()});
     }

@@ -74,7 +74,8 @@ protected:
 
     std::string header(int number) const;
     Texts lines(int number) const;
-    std::string endedWith();  // "<number> <refused text>" of the failure that ended the program, or ""
+    // "<number> <refused text>" of the failure by which this ends the program.
+    std::string endedBy(const std::function<void()>& act);
 
     DataFolder data;
     FileSystem files;

@@ -71,7 +71,6 @@ void frmOrders::CmdSelect_Click() {
     orderScreen_.AddOrDelete = "E";
     orderScreen_.Order().OrderNo = strictInt32(selectedKey());
     orderScreen_.Order().GetOrder();
-    program().check();
     Unload();
 }
 
