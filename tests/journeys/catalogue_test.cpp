@@ -43,7 +43,7 @@ protected:
     Texts categoryTable() { return data.rows("select CatId, CatName, ParentCategory from Category order by CatId"); }
 
 private:
-    Application& screens_() {
+    Screens& screens_() {
         if (!screens) start();
         return *screens;
     }

@@ -162,7 +162,7 @@ std::unique_ptr<Assistant> JourneyTest::recordingAssistant() {
 
 void JourneyTest::start(bool previousInstance, LoadAssistant loadAssistant) {
     if (!loadAssistant) loadAssistant = [this](const std::string&) { return recordingAssistant(); };
-    screens = std::make_unique<Application>(program, files, previousInstance, loadAssistant);
+    screens = std::make_unique<Screens>(program, files, previousInstance, loadAssistant);
     run([&] { screens->mainMenu.Show(); });
     settle();
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "datastore/file_copy.h"
-#include "shell/application.h"
+#include "shell/screens.h"
 #include "support/data_folder.h"
 #include "support/screen_test.h"
 
@@ -80,7 +80,7 @@ protected:
     DataFolder data;
     FileSystem files;
     Texts calls;  // of the assistant
-    std::unique_ptr<Application> screens;
+    std::unique_ptr<Screens> screens;
 };
 
 }  // namespace torvane

@@ -16,7 +16,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "platform/application.h"
+#include "platform/guarded_application.h"
 
 namespace torvane {
 
@@ -60,8 +60,8 @@ QPoint rowCentre(ReportList& list, int row) {
     return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
 }
 
-TorvaneApplication& application() {
-    return *static_cast<TorvaneApplication*>(qApp);
+GuardedApplication& application() {
+    return *static_cast<GuardedApplication*>(qApp);
 }
 
 void focusOn(QWidget& control) {
