@@ -25,8 +25,7 @@ constexpr int rounds = 15;
 class ItemList : public frmItem {
 public:
     using frmItem::frmItem;
-    using ListSkeleton::Page;
-    using ListSkeleton::PageCount;
+    using frmItem::list;
 };
 
 class Catalogue {
@@ -76,12 +75,12 @@ void pages(Catalogue& catalogue) {
         const struct {
             const char* name;
             long page;
-        } places[] = {{", middle", item.PageCount / 2}, {", last", item.PageCount}};
+        } places[] = {{", middle", item.list().PageCount / 2}, {", last", item.list().PageCount}};
         for (const auto& place : places) {
-            item.Page = static_cast<std::int16_t>(place.page);
+            item.list().Page = static_cast<std::int16_t>(place.page);
             measure(by + place.name, catalogue, [&] { item.RefreshGrid(); });
         }
-        item.Page = 1;
+        item.list().Page = 1;
     }
     for (const char* text : {"Item 1", "Category 3", "nothing like it"})
         measure(std::string("search for \"") + text + "\"", catalogue, [&] {
