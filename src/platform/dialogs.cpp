@@ -33,8 +33,10 @@ int runOverFront(QDialog& dialog) {
         dialog.move(whollyOn(before->screen()->availableGeometry(), place).topLeft());
     }
     const int result = dialog.exec();
-    // Without a window manager nobody gives the keys back to the window before.
-    if (before && before->isVisible()) before->activateWindow();
+    const auto* form = qobject_cast<const FormWindow*>(before);
+    const QPointer<QWidget> after = form && form->keysAfterBox ? form->keysAfterBox : before;
+    // Without a window manager nobody gives the keys back.
+    if (after && after->isVisible()) after->activateWindow();
     return result;
 }
 

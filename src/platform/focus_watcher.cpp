@@ -17,6 +17,8 @@ namespace torvane {
 namespace {
 
 constexpr int askAgainAfterMs = 15;
+// A click in another window is told after the window's focus.
+constexpr int clickFollowsWithinMs = 100;
 
 bool modalWindowAbove(const QWidget& window) {
     const QWidget* modal = QApplication::activeModalWidget();
@@ -51,7 +53,7 @@ struct FocusWatcher::State {
 
     void wait(const Left& one) {
         left.push_back(one);
-        timer.start(0);
+        timer.start(one.toAnotherWindow ? clickFollowsWithinMs : 0);
     }
     void focusIn(QWidget* now);
     void windowActive(FormWindow* now);
@@ -113,7 +115,6 @@ void FocusWatcher::watch(Form& form, QWidget* control, std::function<void()> los
 
 void FocusWatcher::flush() {
     const int loops = QThread::currentThread()->loopLevel();
-    state_->awaited = nullptr;
     while (!state_->left.empty() && state_->runningAt != loops) {
         const auto [control, toAnotherWindow, to] = state_->left.front();
         const State::Watched* watched = control ? state_->find(control) : nullptr;
@@ -126,14 +127,19 @@ void FocusWatcher::flush() {
         state_->left.erase(state_->left.begin());
         if (!watched) continue;
         const auto handler = watched->lostFocus;  // a handler may watch more controls
+        auto* window = qobject_cast<FormWindow*>(watched->window);
+        if (toAnotherWindow) window->keysAfterBox = state_->awaited = to;
+        const QPointer<FormWindow> asked = window;
         const int outer = std::exchange(state_->runningAt, loops);
-        asHandler(state_->program, watched->window, handler);
+        asHandler(state_->program, window, handler);
         state_->runningAt = outer;
-        // The question has come to the front with its own window; the one that took the focus goes on.
-        if (!to || !to->isVisible() || to == QApplication::activeWindow()) continue;
-        state_->awaited = to;
-        if (control) state_->lastIn[control->window()] = nullptr;
-        to->activateWindow();
+        if (!toAnotherWindow) continue;
+        if (asked) {
+            asked->keysAfterBox = nullptr;
+            state_->lastIn[asked] = nullptr;
+        }
+        // Nothing to wait for when nothing was asked.
+        if (to == QApplication::activeWindow() || !to || !to->isVisible()) state_->awaited = nullptr;
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 namespace torvane {
@@ -18,6 +19,8 @@ public:
     bool unloaded() const { return form_ == nullptr; }
     // See Form::counts; false once unloaded.
     bool counts() const;
+    // The window that gets the keys after a box of this one, in place of this one; null for most of the time.
+    QPointer<QWidget> keysAfterBox;
     // The shown window whose handler is running, the innermost one where handlers stand within handlers; null for none.
     static FormWindow* handling();
 

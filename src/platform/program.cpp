@@ -62,6 +62,8 @@ void Program::leave() {
 
 void Program::end(RuntimeFailure failure) {
     if (std::exchange(ending_, true)) return;
+    // A handler within a handler ends the program before the outer one's failure is on its way.
+    if (failedWhile_.empty() && !doing_.empty()) failedWhile_ = doing_.back();
     if (const FormWindow* window = FormWindow::handling(); window && failedWhile_.empty())
         failedWhile_ = "working in the window \"" + utf8(window->windowTitle()) + '"';
     failure.setDuring(failedWhile_);

@@ -53,18 +53,19 @@ public:
     // the box names the window whose handler failed.
     class Doing {
     public:
-        Doing(Program& program, std::string what)
-            : program_(program), what_(std::move(what)), failuresBefore_(std::uncaught_exceptions()) {}
+        Doing(Program& program, std::string what) : program_(program), failuresBefore_(std::uncaught_exceptions()) {
+            program_.doing_.push_back(std::move(what));
+        }
         ~Doing() {
             if (std::uncaught_exceptions() > failuresBefore_ && program_.failedWhile_.empty())
-                program_.failedWhile_ = what_;
+                program_.failedWhile_ = program_.doing_.back();
+            program_.doing_.pop_back();
         }
         Doing(const Doing&) = delete;
         Doing& operator=(const Doing&) = delete;
 
     private:
         Program& program_;
-        std::string what_;
         int failuresBefore_;
     };
     // Makes all handlers inert, shows the run-time error box, commits open write groups and leaves the process with
@@ -113,7 +114,8 @@ private:
     void leaveWithLastWindow();
 
     Environment environment_;
-    std::string failedWhile_;
+    std::vector<std::string> doing_;  // what is going on, the innermost last
+    std::string failedWhile_;         // the innermost that a failure has left
     std::function<void(int)> leave_;
     std::function<void(const RuntimeFailure&)> showFailure_;
     std::function<void(int)> openHelp_;

@@ -40,7 +40,7 @@ public:
     }
     void accept() override {
         if (hasInchMarks() && !QFileInfo(chosen()).isDir())
-            QDialog::accept();
+            QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): past what reads the marks
         else
             QFileDialog::accept();
     }

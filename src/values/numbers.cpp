@@ -164,36 +164,48 @@ Integer narrowToInteger(double value) {
     return static_cast<Integer>(rounded);
 }
 
-// `significant` digits at most; exponent form where the whole part would need more, and below 1E-04.
-std::string general(double value, int significant) {
-    finite(value);
-    if (value == 0) return "0";
+// The nearest number of so many significant digits: d.dddd times ten to the exponent, without zeros at its end. Not for
+// zero.
+struct Decimal {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
 
-    // d.ddddde+xx, rounded on the exact binary form
+Decimal decimalForm(double value, int significant) {
     std::array<char, 40> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific,
                                    significant - 1)
                          .ptr;
     std::string_view scientific(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    std::string text;
+    Decimal decimal;
     if (scientific.front() == '-') {
-        text = "-";
+        decimal.negative = true;
         scientific.remove_prefix(1);
     }
     const std::size_t letter = scientific.find('e');
-    const bool small = scientific[letter + 1] == '-';
-    int exponent = 0;
-    std::from_chars(scientific.data() + letter + 2, end, exponent);
-    if (small) exponent = -exponent;
+    std::from_chars(scientific.data() + letter + 2, end, decimal.exponent);
+    if (scientific[letter + 1] == '-') decimal.exponent = -decimal.exponent;
+    decimal.digits.append(1, scientific.front()).append(scientific.substr(2, letter - 2));
+    decimal.digits.erase(decimal.digits.find_last_not_of('0') + 1);
+    return decimal;
+}
 
-    std::string digits(1, scientific.front());
-    digits += scientific.substr(2, letter - 2);
-    digits.erase(digits.find_last_not_of('0') + 1);
+std::string exponentText(int exponent) {
+    const std::string digits = std::to_string(std::abs(exponent));
+    return (exponent < 0 ? "E-" : "E+") + std::string(digits.size() < 2 ? 1 : 0, '0') + digits;
+}
 
+// `significant` digits at most; exponent form where the whole part would need more, and below 1E-04.
+std::string general(double value, int significant) {
+    finite(value);
+    if (value == 0) return "0";
+    const auto [negative, digits, exponent] = decimalForm(value, significant);
+    std::string text(negative ? 1 : 0, '-');
     if (exponent >= significant || exponent < -4) {
         text += digits.front();
         if (digits.size() > 1) text.append(1, '.').append(digits, 1);
-        text.append("E").append(scientific.substr(letter + 1));
+        text += exponentText(exponent);
     } else if (exponent < 0) {
         text.append("0.").append(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
     } else {
@@ -293,9 +305,29 @@ std::string generalText(std::int64_t value) {
 }
 
 std::string fixedText(double value, int places) {
-    std::string text = fixed(finite(value), places);
-    if (text.front() == '-' && text.find_first_of("123456789") == std::string::npos) text.erase(0, 1);
-    return text;
+    finite(value);
+    // The digits as a whole number of `places` decimals: the point stands in front of the last ones.
+    std::string text = "0";
+    bool negative = false;
+    if (value != 0) {
+        const Decimal decimal = decimalForm(value, 15);
+        const int kept = decimal.exponent + 1 + places;
+        const int given = static_cast<int>(decimal.digits.size());
+        if (kept >= given) {
+            text = decimal.digits + std::string(static_cast<std::size_t>(kept - given), '0');
+        } else if (kept >= 0) {
+            const std::string dropped = decimal.digits.substr(static_cast<std::size_t>(kept));
+            std::int64_t whole = 0;
+            std::from_chars(decimal.digits.data(), decimal.digits.data() + kept, whole);
+            if (dropped > "5" || (dropped == "5" && whole % 2 != 0)) ++whole;
+            text = std::to_string(whole);
+        }
+        negative = decimal.negative && text != "0";
+    }
+    const auto decimals = static_cast<std::size_t>(places);
+    if (text.size() <= decimals) text.insert(0, decimals + 1 - text.size(), '0');
+    if (places > 0) text.insert(text.size() - decimals, 1, '.');
+    return negative ? '-' + text : text;
 }
 
 double roundHalfEven(double value, int places) {

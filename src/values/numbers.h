@@ -55,7 +55,8 @@ inline std::string generalText(std::int16_t value) {
     return generalText(static_cast<std::int64_t>(value));
 }
 
-// The value with exactly `places` decimals (the report format 0.00 is places = 2), rounded as roundHalfEven does.
+// The value with exactly `places` decimals (the report format 0.00 is places = 2), rounded half to even, decided on the
+// value's 15 significant digits: 0.015 is 0.02 and 2.675 is 2.68, as one who reads them expects.
 // Never "-0.00". Failure::Overflow for an infinite or undefined value.
 std::string fixedText(double value, int places);
 

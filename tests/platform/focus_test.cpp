@@ -148,7 +148,7 @@ TEST_F(FocusTest, NothingElseTakesTheFocusFromAControl) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         row.act();
-        waitFor([] { return false; }, 40);
+        waitFor([] { return false; }, 150);
         EXPECT_EQ(log, Log{});
     }
 }
