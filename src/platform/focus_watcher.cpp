@@ -19,6 +19,8 @@ namespace {
 constexpr int askAgainAfterMs = 15;
 // A click in another window is told after the window's focus.
 constexpr int clickFollowsWithinMs = 100;
+// How long desktops give the keys to and fro between windows when a box has gone.
+constexpr int settlesWithinMs = 500;
 
 bool modalWindowAbove(const QWidget& window) {
     const QWidget* modal = QApplication::activeModalWidget();
@@ -57,12 +59,13 @@ struct FocusWatcher::State {
     }
     void focusIn(QWidget* now);
     void windowActive(FormWindow* now);
+    void settled();
 
     Program& program;
     std::vector<Watched> watched;
     QHash<const QWidget*, QPointer<QWidget>> lastIn;  // by window: the control that had the focus last
     QPointer<FormWindow> active;                      // the window that has the keys, or had them last
-    QPointer<QWidget> awaited;                        // the window that gets the keys back after a question
+    QTimer settling;                                  // runs while a desktop may still give the keys to and fro
     std::vector<Left> left;                           // what waits, in order
     QTimer timer;
     int runningAt = -1;  // the depth of event loops in which a handler of ours runs
@@ -72,19 +75,13 @@ void FocusWatcher::State::focusIn(QWidget* now) {
     // Neither a menu, nor a list that has opened, nor a box takes the focus out of a control.
     if (!now || qobject_cast<QMenuBar*>(now)) return;
     const auto* window = qobject_cast<const FormWindow*>(now->window());
-    if (!window || window->unloaded() || (awaited && window != awaited)) return;
+    if (!window || window->unloaded() || settling.isActive()) return;
     const QPointer<QWidget> before = std::exchange(lastIn[window], now);
     if (before && before != now && find(before)) wait({before, false, nullptr});
 }
 
 void FocusWatcher::State::windowActive(FormWindow* now) {
-    if (!now || !now->counts() || runningAt >= 0) return;
-    if (awaited) {
-        // A desktop may give the keys to the window of the question first.
-        if (now == awaited) awaited = nullptr;
-        return;
-    }
-    if (now == active) return;
+    if (!now || !now->counts() || now == active || runningAt >= 0 || settling.isActive()) return;
     const QPointer<FormWindow> before = std::exchange(active, now);
     // A focus that is back before anything was told has never been away.
     const auto isBack = [&](const Left& one) {
@@ -98,8 +95,16 @@ void FocusWatcher::State::windowActive(FormWindow* now) {
     if (control && find(control)) wait({control, true, now});
 }
 
+// Takes the focus as it stands.
+void FocusWatcher::State::settled() {
+    active = qobject_cast<FormWindow*>(QApplication::activeWindow());
+    if (active) lastIn[active] = active->focusWidget();
+}
+
 FocusWatcher::FocusWatcher(Program& program) : state_(std::make_unique<State>(program)) {
     state_->timer.setSingleShot(true);
+    state_->settling.setSingleShot(true);
+    connect(&state_->settling, &QTimer::timeout, this, [this] { state_->settled(); });
     connect(&state_->timer, &QTimer::timeout, this, &FocusWatcher::flush);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { state_->focusIn(now); });
     connect(qApp, &QGuiApplication::focusWindowChanged, this,
@@ -128,18 +133,14 @@ void FocusWatcher::flush() {
         if (!watched) continue;
         const auto handler = watched->lostFocus;  // a handler may watch more controls
         auto* window = qobject_cast<FormWindow*>(watched->window);
-        if (toAnotherWindow) window->keysAfterBox = state_->awaited = to;
+        if (toAnotherWindow) window->keysAfterBox = to;
         const QPointer<FormWindow> asked = window;
         const int outer = std::exchange(state_->runningAt, loops);
         asHandler(state_->program, window, handler);
         state_->runningAt = outer;
         if (!toAnotherWindow) continue;
-        if (asked) {
-            asked->keysAfterBox = nullptr;
-            state_->lastIn[asked] = nullptr;
-        }
-        // Nothing to wait for when nothing was asked.
-        if (to == QApplication::activeWindow() || !to || !to->isVisible()) state_->awaited = nullptr;
+        if (asked) asked->keysAfterBox = nullptr;
+        if (to != QApplication::activeWindow()) state_->settling.start(settlesWithinMs);
     }
 }
 
