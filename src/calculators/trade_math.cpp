@@ -1,7 +1,6 @@
 #include "calculators/trade_math.h"
 
 #include <cmath>
-#include <string>
 
 #include "values/failure.h"
 #include "values/numbers.h"
@@ -23,19 +22,12 @@ double asin(double x) {
     return std::atan(x / std::sqrt(square));
 }
 
+double rounded(double value, int places) {
+    return roundHalfEven(finite(value), places);
+}
+
 double wholeUp(double value) {
     return std::ceil(lenientNumber(generalText(value)));
-}
-
-void writeRaised(PanelTexts& panel, std::string_view box, double value) {
-    panel.write(box, value);
-    panel.raise(box);
-}
-
-double sumOfBoxes(const PanelTexts& panel, std::string_view name, int first, int last) {
-    double sum = 0;
-    for (int number = first; number <= last; ++number) sum += panel.value(std::string(name) + std::to_string(number));
-    return sum;
 }
 
 }  // namespace torvane

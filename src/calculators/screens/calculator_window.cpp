@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
-#include <charconv>
 
 #include "calculators/screens/panel_view.h"
 #include "calculators/screens/tab_strip.h"
@@ -16,14 +15,6 @@ namespace {
 constexpr std::string_view howToTransfer =
     "You can transfer any of the totals you want by Copying the desired total here and pasting in your bid sheet. Use "
     "Windows Copy-Paste command for the same. Shortcut key for Copy is {Ctrl+C} and for Paste is {Ctrl+V}";
-
-// Help pages of panels are numbered from 100 by their frames: frmTab12 has 112.
-int helpContextOf(std::string_view frame) {
-    constexpr std::string_view before = "frmTab";
-    int number = 0;
-    std::from_chars(frame.data() + before.size(), frame.data() + frame.size(), number);
-    return 100 + number;
-}
 
 // All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
 class PanelStack : public QWidget {
@@ -77,11 +68,10 @@ void CalculatorWindow::build(QWidget& window) {
 
 void CalculatorWindow::addPanels(QWidget& stack) {
     for (const CalculatorTab& tab : group_.tabs) {
-        const Panel* panel = findPanel(tab.frame);
-        if (!panel || panels_.contains(panel->frame)) continue;
-        auto* view = new PanelView(*this, *panel, &stack);
+        if (!tab.panel || panels_.contains(tab.panel)) continue;
+        auto* view = new PanelView(*this, tab.panel(), &stack);
         view->hide();
-        panels_.emplace(panel->frame, view);
+        panels_.emplace(tab.panel, view);
     }
 }
 
@@ -127,21 +117,21 @@ void CalculatorWindow::Showframe() {
 }
 
 void CalculatorWindow::Unloadall() {
-    for (const auto& [frame, panel] : panels_) panel->hide();
+    for (const auto& [make, panel] : panels_) panel->hide();
 }
 
 void CalculatorWindow::openTab(const CalculatorTab& tab) {
-    PanelView& panel = *panels_.at(tab.frame);
+    PanelView& panel = *panels_.at(tab.panel);
     panel.setShownAs(tab.caption);
     panel.selectFirstEntries();
     panel.show();
-    setHelpContext(helpContextOf(tab.frame));
+    setHelpContext(panel.helpContext());
 }
 
 // --- Group 1 ---------------------------------------------------------------------------------------------------------
 
 frmCalculators::frmCalculators(Program& program, Form& scientific, CalculatorWindow& group2, CalculatorWindow& group3)
-    : CalculatorWindow(program, calculatorGroup1()), scientific_(scientific), group2_(group2), group3_(group3) {}
+    : CalculatorWindow(program, calculatorGroups()[0]), scientific_(scientific), group2_(group2), group3_(group3) {}
 
 void frmCalculators::Form_Load() {
     program().StartUp(*this);

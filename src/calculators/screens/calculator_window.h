@@ -38,7 +38,7 @@ private:
 
     const CalculatorGroup& group_;
     TabStrip* TabStrip1_ = nullptr;
-    std::map<std::string_view, PanelView*> panels_;  // by the name of the frame
+    std::map<MakePanel, PanelView*> panels_;
 };
 
 // Group 1: its tabs also open the scientific calculator and the conversions program, and each change of its panel, as
