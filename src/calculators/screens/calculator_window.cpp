@@ -1,5 +1,6 @@
 #include "calculators/screens/calculator_window.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -16,24 +17,6 @@ constexpr std::string_view howToTransfer =
     "You can transfer any of the totals you want by Copying the desired total here and pasting in your bid sheet. Use "
     "Windows Copy-Paste command for the same. Shortcut key for Copy is {Ctrl+C} and for Paste is {Ctrl+V}";
 
-// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
-class PanelStack : public QWidget {
-public:
-    using QWidget::QWidget;
-    QSize sizeHint() const override {
-        QSize size;
-        for (const QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-            size = size.expandedTo(panel->sizeHint());
-        return size;
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
-protected:
-    void resizeEvent(QResizeEvent*) override {
-        for (QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) panel->setGeometry(rect());
-    }
-};
-
 }  // namespace
 
 CalculatorWindow::CalculatorWindow(Program& program, const CalculatorGroup& group)
@@ -49,30 +32,39 @@ void CalculatorWindow::build(QWidget& window) {
         Which = static_cast<std::int16_t>(TabStrip1_->selectedIndex());
         Showframe();
     });
-    auto* stack = new PanelStack;
-    addPanels(*stack);
+    QWidget* panels = makePanels();
     // The window opens large enough for every panel; on a small screen it can be made smaller.
     auto* area = new QScrollArea(&window);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(stack);
+    area->setWidget(panels);
     auto* layout = new QVBoxLayout(&window);
     layout->addWidget(TabStrip1_);
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
-    area->setMinimumSize(stack->sizeHint());
+    area->setMinimumSize(panels->sizeHint());
     window.resize(layout->sizeHint());
     area->setMinimumSize(0, 0);
 }
 
-void CalculatorWindow::addPanels(QWidget& stack) {
+// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
+QWidget* CalculatorWindow::makePanels() {
+    auto* panels = new QWidget;
+    auto* cell = new QGridLayout(panels);
+    cell->setContentsMargins(0, 0, 0, 0);
     for (const CalculatorTab& tab : group_.tabs) {
         if (!tab.panel || panels_.contains(tab.panel)) continue;
-        auto* view = new PanelView(*this, tab.panel(), &stack);
+        auto* view = new PanelView(*this, tab.panel(), panels);
+        QSizePolicy policy = view->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        view->setSizePolicy(policy);
         view->hide();
+        cell->addWidget(view, 0, 0);
         panels_.emplace(tab.panel, view);
     }
+    panels->setMinimumSize(panels->sizeHint());
+    return panels;
 }
 
 QWidget* CalculatorWindow::foot(QWidget* parent) {

@@ -33,7 +33,7 @@ protected:
     virtual void openTab(const CalculatorTab& tab);
 
 private:
-    void addPanels(QWidget& stack);
+    QWidget* makePanels();
     QWidget* foot(QWidget* parent);
 
     const CalculatorGroup& group_;

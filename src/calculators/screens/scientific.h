@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "calculators/random_numbers.h"
 #include "calculators/scientific_machine.h"
 #include "platform/form.h"
 
