@@ -2,23 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
 
 #include "calculators/panel.h"
 #include "calculators/trade_math.h"
 
 namespace torvane::panels {
-
-// An entry of a list and what it stands for in a formula.
-struct EntryFactor {
-    const char* text;
-    double factor;
-};
-inline std::vector<ListEntry> entriesOf(std::span<const EntryFactor> table) {
-    std::vector<ListEntry> entries;
-    for (const EntryFactor& entry : table) entries.push_back({entry.text});
-    return entries;
-}
 
 // Feet along a slope to a foot of level run, by Pythagoras: 1 is the square of that foot for common rafters and roof
 // planes, 2 for a hip, which runs over the plan's diagonal. The pitch is over 12.
@@ -115,11 +103,11 @@ struct BoardFoot : Panel {
              "Input values as stated.");
     }
 
-    List size1 = list("cmbTab11_1", "", 1, 0, entriesOf(nominalSizes));
+    List size1 = list("cmbTab11_1", "", 1, 0, nominalSizes);
     Box length1 = input("txtTab11_1", "", 1, 2);
-    List size2 = list("cmbTab11_2", "", 2, 0, entriesOf(nominalSizes));
+    List size2 = list("cmbTab11_2", "", 2, 0, nominalSizes);
     Box length2 = input("txtTab11_2", "", 2, 2);
-    List size3 = list("cmbTab11_3", "", 3, 0, entriesOf(nominalSizes));
+    List size3 = list("cmbTab11_3", "", 3, 0, nominalSizes);
     Box length3 = input("txtTab11_3", "", 3, 2);
     Box thickness = input("txtTab11_5", "", 5, 0, "X");
     Box width = input("txtTab11_6", "", 5, 1);
@@ -139,9 +127,10 @@ struct BoardFoot : Panel {
 
 private:
     // Thickness times width, in square inches.
-    static constexpr EntryFactor nominalSizes[] = {{"Select", 0},        {"1 x 2", 2}, {"1 x 3", 3},  {"1 x 4", 4},
-                                                   {"1 x 6 / 2 x 3", 6}, {"2 x 4", 8}, {"2 x 6", 12}, {"2 x 8", 16}};
-    static double section(const List& size) { return size.selected() < 0 ? 0 : nominalSizes[size.selected()].factor; }
+    static constexpr ListEntry nominalSizes[] = {{"Select", 0, 0}, {"1 x 2", 0, 2},         {"1 x 3", 0, 3},
+                                                 {"1 x 4", 0, 4},  {"1 x 6 / 2 x 3", 0, 6}, {"2 x 4", 0, 8},
+                                                 {"2 x 6", 0, 12}, {"2 x 8", 0, 16}};
+    static double section(const List& size) { return size.selected() ? size.selected()->factor : 0; }
 };
 
 // Rafters by the foot of common run, the hip's from the plan's diagonal (NAVEDTRA 14044, roof framing). The miters are
@@ -246,36 +235,36 @@ struct Roofing : Panel {
     Roofing() : Panel("frmTab37", "Roofing Calculator", 137) { pitch.opensOnFirst = true; }
 
     Box nominal = input("txtTab37_1", "Nominal roof size (in sq. ft.)", 0, 0);
-    List pitch = list("cmbTab37", "Roof pitch", 1, 0, entriesOf(pitches));
+    List pitch = list("cmbTab37", "Roof pitch", 1, 0, pitches);
     Button compute = button("cmdTab37", "Compute", 2, 0, [this] {
-        if (pitch.selected() >= 0) actual = nominal * pitches[pitch.selected()].factor;
+        if (pitch.selected()) actual = nominal * pitch.selected()->factor;
         squares = raised(actual / 100);
     });
     Box actual = result("txtTab37_2", "Actual square feet of house: ", 3, 0, "Sq. Ft.");
     Box squares = result("txtTab37_3", "Number of squares you need: ", 4, 0);
 
 private:
-    static constexpr EntryFactor pitches[] = {{"4 in 12", 1.06}, {"5 in 12", 1.08},  {"6 in 12", 1.12},
-                                              {"7 in 12", 1.16}, {"8 in 12", 1.2},   {"9 in 12", 1.25},
-                                              {"10 in 12", 1.3}, {"11 in 12", 1.36}, {"12 in 12", 1.42}};
+    static constexpr ListEntry pitches[] = {{"4 in 12", 0, 1.06}, {"5 in 12", 0, 1.08},  {"6 in 12", 0, 1.12},
+                                            {"7 in 12", 0, 1.16}, {"8 in 12", 0, 1.2},   {"9 in 12", 0, 1.25},
+                                            {"10 in 12", 0, 1.3}, {"11 in 12", 0, 1.36}, {"12 in 12", 0, 1.42}};
 };
 
 // Neither list has a part in it.
 struct LumberCost : Panel {
     LumberCost() : Panel("frmTab38", "Lumber Calculator", 138) { dimension.opensOnFirst = unit.opensOnFirst = true; }
 
-    List dimension = list("cmbTab38_1", "Lumber Dimension", 0, 0, dimensions());
-    List unit = list("cmbTab38_2", "Unit of measurement", 1, 0, {{"Lineal foot"}, {"Board foot"}});
+    List dimension = list("cmbTab38_1", "Lumber Dimension", 0, 0, dimensions);
+    List unit = list("cmbTab38_2", "Unit of measurement", 1, 0, units);
     Box price = input("txtTab38_1", "Price per lineal foot", 2, 0);
     Box feet = input("txtTab38_2", "Number of lineal feet", 3, 0);
     Button compute = button("cmdTab38", "Compute", 4, 0, [this] { cost = price * feet; });
     Box cost = result("txtTab38_3", "Cost for lineal feet:", 5, 0);
 
 private:
-    static std::vector<ListEntry> dimensions() {
-        return {{"2 by 2"}, {"2 by 3"}, {"2 by 4"},  {"2 by 6"},  {"2 by 8"}, {"2 by 10"}, {"2 by 12"}, {"4 by 4"},
-                {"4 by 6"}, {"4 by 8"}, {"4 by 10"}, {"4 by 12"}, {"6 by 6"}, {"6 by 8"},  {"6 by 10"}, {"6 by 12"}};
-    }
+    static constexpr ListEntry dimensions[] = {
+        {"2 by 2"}, {"2 by 3"}, {"2 by 4"},  {"2 by 6"},  {"2 by 8"}, {"2 by 10"}, {"2 by 12"}, {"4 by 4"},
+        {"4 by 6"}, {"4 by 8"}, {"4 by 10"}, {"4 by 12"}, {"6 by 6"}, {"6 by 8"},  {"6 by 10"}, {"6 by 12"}};
+    static constexpr ListEntry units[] = {{"Lineal foot"}, {"Board foot"}};
 };
 
 }  // namespace torvane::panels

@@ -28,14 +28,15 @@ Box& Box::operator=(Raised result) {
     return *this;
 }
 
-int List::selected() const {
-    return panel.desk->selected(*this);
+const ListEntry* List::selected() const {
+    const int index = panel.desk->selected(*this);
+    return index < 0 ? nullptr : &entries[static_cast<std::size_t>(index)];
 }
 
 int List::itemData() const {
-    const int index = selected();
-    if (index < 0) fail(Failure::Subscript);
-    return entries[static_cast<std::size_t>(index)].itemData;
+    const ListEntry* entry = selected();
+    if (!entry) fail(Failure::Subscript);
+    return entry->itemData;
 }
 
 Option::operator bool() const {

@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,13 +35,26 @@ enum class ControlKind {
 class Frame;
 class Panel;
 
-// A cell of the grid, at `row` and `column`, is a label, a box and a unit behind it.
+struct ListEntry {
+    std::string_view text;
+    int itemData = 0;
+    double factor = 0;  // what it stands for in a formula, where that is not its item data
+};
+
+// What a control shows and does. A cell of the grid, at `row` and `column`, is a label, a box and a unit behind it.
 struct ControlFace {
     ControlKind kind;
     std::string name;   // empty for headings, plain labels and rules
     std::string label;  // before the box; caption of an option, a button or a frame; the spoken text
     int row;
     int column;
+    std::string unit = {};                    // behind the box
+    std::span<const ListEntry> entries = {};  // of a list
+    std::function<void()> compute = {};       // of a button
+    std::string prefix = {};                  // between label and box: "$"
+    std::string start = {};                   // text of a box at the start
+    bool setAtStart = false;                  // of an option
+    bool opensOnFirst = false;                // of a list: set to its first entry each time its panel is shown
 };
 
 struct Control : ControlFace {
@@ -64,47 +78,30 @@ constexpr Raised raised(double value, int parts = 1) {
 
 // A text box, as the number in it.
 struct Box : Control {
-    Box(Frame& in, ControlFace face, std::string behind) : Control(in, std::move(face)), unit(std::move(behind)) {}
+    using Control::Control;
     // The lenient reading: 0 for an empty box.
     operator double() const;
     // In the general form. Failure::Overflow beyond the range of a double, the box then unchanged.
     Box& operator=(double value);
     Box& operator=(Raised result);
-
-    const std::string unit;  // behind the box
-    std::string prefix;      // between label and box: "$"
-    std::string start;       // text at the start
-};
-
-struct ListEntry {
-    std::string text;
-    int itemData = 0;
 };
 
 struct List : Control {
-    List(Frame& in, ControlFace face, std::vector<ListEntry> all)
-        : Control(in, std::move(face)), entries(std::move(all)) {}
-    // The selected entry, from 0; -1 when none is.
-    int selected() const;
+    using Control::Control;
+    // The selected entry; null when none is.
+    const ListEntry* selected() const;
     // Its number; Failure::Subscript when none is selected.
     int itemData() const;
-
-    const std::vector<ListEntry> entries;
-    bool opensOnFirst = false;  // set to its first entry each time its panel is shown
 };
 
-// An option or a check box.
+// An option or a check box: whether it is set.
 struct Option : Control {
     using Control::Control;
     explicit operator bool() const;
-
-    bool setAtStart = false;
 };
 
 struct Button : Control {
-    Button(Frame& in, ControlFace face, std::function<void()> formulas)
-        : Control(in, std::move(face)), compute(std::move(formulas)) {}
-    const std::function<void()> compute;
+    using Control::Control;
 };
 
 // Makes the controls of a panel, or of a frame inside one. What has no member stands behind all members.
@@ -116,13 +113,13 @@ public:
 
     using Text = const std::string&;
     Box input(Text name, Text label, int row, int column, Text unit = "") {
-        return {*this, {ControlKind::Input, name, label, row, column}, unit};
+        return {*this, {ControlKind::Input, name, label, row, column, unit}};
     }
     Box result(Text name, Text label, int row, int column, Text unit = "") {
-        return {*this, {ControlKind::Result, name, label, row, column}, unit};
+        return {*this, {ControlKind::Result, name, label, row, column, unit}};
     }
-    List list(Text name, Text label, int row, int column, std::vector<ListEntry> entries) {
-        return {*this, {ControlKind::List, name, label, row, column}, std::move(entries)};
+    List list(Text name, Text label, int row, int column, std::span<const ListEntry> entries) {
+        return {*this, {ControlKind::List, name, label, row, column, "", entries}};
     }
     Option option(Text name, Text caption, int row, int column) {
         return {*this, {ControlKind::Option, name, caption, row, column}};
@@ -131,7 +128,7 @@ public:
         return {*this, {ControlKind::Check, name, caption, row, column}};
     }
     Button button(Text name, Text caption, int row, int column, std::function<void()> compute) {
-        return {*this, {ControlKind::Button, name, caption, row, column}, std::move(compute)};
+        return {*this, {ControlKind::Button, name, caption, row, column, "", {}, std::move(compute)}};
     }
     void heading(Text text, int row, int column) { add({ControlKind::Heading, "", text, row, column}); }
     void label(Text text, int row, int column) { add({ControlKind::Label, "", text, row, column}); }
@@ -158,6 +155,7 @@ public:
     virtual ~PanelDesk() = default;
     virtual std::string text(const Box& box) const = 0;
     virtual void setText(const Box& box, std::string_view text) = 0;
+    // Index of the selected entry; -1 when none is.
     virtual int selected(const List& list) const = 0;
     virtual bool isSet(const Option& option) const = 0;
 };

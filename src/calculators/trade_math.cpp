@@ -7,14 +7,6 @@
 
 namespace torvane {
 
-double radians(double degrees) {
-    return degrees * circleConstant / 180;
-}
-
-double degrees(double radians) {
-    return radians * 180 / circleConstant;
-}
-
 double asin(double x) {
     const double square = -x * x + 1;
     if (square < 0) fail(Failure::InvalidCall);

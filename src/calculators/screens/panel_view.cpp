@@ -62,18 +62,18 @@ QWidget* PanelView::make(const Control& control, QWidget* parent) {
             return new QLabel(caption, parent);
         case ControlKind::Input:
         case ControlKind::Result:
-            return makeBox(static_cast<const Box&>(control), parent);
+            return makeBox(control, parent);
         case ControlKind::List:
-            return makeList(static_cast<const List&>(control), parent);
+            return makeList(control, parent);
         case ControlKind::Option: {
             auto* option = new QRadioButton(caption, parent);
-            option->setChecked(static_cast<const Option&>(control).setAtStart);
+            option->setChecked(control.setAtStart);
             return option;
         }
         case ControlKind::Check:
             return new QCheckBox(caption, parent);
         case ControlKind::Button:
-            return makeButton(static_cast<const Button&>(control), parent);
+            return makeButton(control, parent);
         case ControlKind::Help:
             return makeHelp(control, parent);
         case ControlKind::Frame: {
@@ -90,12 +90,12 @@ QWidget* PanelView::make(const Control& control, QWidget* parent) {
     return nullptr;
 }
 
-QWidget* PanelView::makeBox(const Box& box, QWidget* parent) const {
+QWidget* PanelView::makeBox(const Control& box, QWidget* parent) const {
     auto* made = new TextBox(parent);
     made->setText(box.start);
     made->setAlignment(Qt::AlignRight);
     made->setFixedWidth(made->fontMetrics().horizontalAdvance('0') * digitsIn(box));
-    made->setAccessibleName(spokenName(box, box.unit));
+    made->setAccessibleName(spokenName(box));
     if (box.kind == ControlKind::Result) {
         made->setReadOnly(true);
         QPalette colours = made->palette();
@@ -107,7 +107,7 @@ QWidget* PanelView::makeBox(const Box& box, QWidget* parent) const {
 }
 
 // Boxes of a column stand in line: all are as wide as the widest.
-int PanelView::digitsIn(const Box& box) const {
+int PanelView::digitsIn(const Control& box) const {
     const bool wide = std::ranges::any_of(panel_->controls(), [&box](const Control* other) {
         return other->frame == box.frame && other->column == box.column &&
                (other->kind == ControlKind::Result || other->kind == ControlKind::List);
@@ -115,14 +115,14 @@ int PanelView::digitsIn(const Box& box) const {
     return wide ? digitsOfAResult : digitsTyped;
 }
 
-QWidget* PanelView::makeList(const List& list, QWidget* parent) const {
+QWidget* PanelView::makeList(const Control& list, QWidget* parent) const {
     auto* made = new DropList(parent);
     for (const ListEntry& entry : list.entries) made->AddItem(entry.text, entry.itemData);
     made->setAccessibleName(spokenName(list));
     return made;
 }
 
-QWidget* PanelView::makeButton(const Button& button, QWidget* parent) {
+QWidget* PanelView::makeButton(const Control& button, QWidget* parent) {
     auto* made = new QPushButton(qstring(button.label), parent);
     on(form_, made, &QAbstractButton::clicked, [this, &button] {
         const Program::Doing doing(form_.program(), "computing the " + std::string(shownAs_));
@@ -140,7 +140,7 @@ QWidget* PanelView::makeHelp(const Control& control, QWidget* parent) {
 }
 
 // What a screen reader says of a box: the words of its row that stand before it, the heading over it, its unit.
-QString PanelView::spokenName(const Control& control, std::string_view unit) const {
+QString PanelView::spokenName(const Control& control) const {
     std::string_view row = control.label;
     std::string_view heading;
     for (const Control* other : panel_->controls()) {
@@ -149,7 +149,7 @@ QString PanelView::spokenName(const Control& control, std::string_view unit) con
         if (other->kind == ControlKind::Heading && other->column == control.column && other->row < control.row)
             heading = other->label;
     }
-    return inOneLine({row, heading, unit});
+    return inOneLine({row, heading, control.unit});
 }
 
 // --- Placing them ----------------------------------------------------------------------------------------------------
@@ -182,14 +182,12 @@ void PanelView::place(const Control& control) {
         case ControlKind::Help:
             return put(made, boxPart);
         case ControlKind::List:
-            putWords(control.label, labelPart);
-            return put(made, boxPart);
         case ControlKind::Input:
         case ControlKind::Result:
             putWords(control.label, labelPart);
-            putWords(static_cast<const Box&>(control).prefix, prefixPart);
+            putWords(control.prefix, prefixPart);
             put(made, boxPart);
-            return putWords(static_cast<const Box&>(control).unit, unitPart);
+            putWords(control.unit, unitPart);
     }
 }
 
@@ -218,7 +216,7 @@ void PanelView::pressOnEnter() {
 
 void PanelView::selectFirstEntries() {
     for (const Control* control : panel_->controls())
-        if (control->kind == ControlKind::List && static_cast<const List*>(control)->opensOnFirst)
+        if (control->kind == ControlKind::List && control->opensOnFirst)
             static_cast<DropList*>(widgets_.at(control))->select(0);
 }
 

@@ -32,12 +32,12 @@ private:
 
     QGridLayout& gridOf(const Control* frame) const;
     QWidget* make(const Control& control, QWidget* parent);
-    QWidget* makeBox(const Box& box, QWidget* parent) const;
-    QWidget* makeList(const List& list, QWidget* parent) const;
-    QWidget* makeButton(const Button& button, QWidget* parent);
+    QWidget* makeBox(const Control& box, QWidget* parent) const;
+    QWidget* makeList(const Control& list, QWidget* parent) const;
+    QWidget* makeButton(const Control& button, QWidget* parent);
     QWidget* makeHelp(const Control& control, QWidget* parent);
-    int digitsIn(const Box& box) const;
-    QString spokenName(const Control& control, std::string_view unit = "") const;
+    int digitsIn(const Control& box) const;
+    QString spokenName(const Control& control) const;
     void place(const Control& control);
     bool sharesItsCell(const Control& control) const;
     void pressOnEnter();
