@@ -12,7 +12,6 @@ namespace torvane::panels {
 
 struct LinearTotal : Panel {
     LinearTotal() : Panel("frmTab17", "", 117) {}
-
     Box first = input("txtTab17_1", "First", 0, 0, "feet");
     Box second = input("txtTab17_2", "Second", 1, 0, "feet");
     Box third = input("txtTab17_3", "Third", 2, 0, "feet");
@@ -23,7 +22,6 @@ struct LinearTotal : Panel {
 
 struct LinearTotalBySide : Panel {
     LinearTotalBySide() : Panel("frmTab26", "", 126) {}
-
     Box front = input("txtTab26_1", "Front", 0, 0, "feet");
     Box rear = input("txtTab26_2", "Rear", 1, 0, "feet");
     Box left = input("txtTab26_3", "Left", 2, 0, "feet");
@@ -34,7 +32,6 @@ struct LinearTotalBySide : Panel {
 
 struct SurfaceByHeight : Panel {
     SurfaceByHeight() : Panel("frmTab20", "", 120) {}
-
     Box length = input("txtTab20_1", "Length", 0, 0, "feet");
     Box height = input("txtTab20_2", "Height", 1, 0, "feet");
     Button compute = button("cmdTab20", "Compute", 2, 0, [this] { total = length * height; });
@@ -43,7 +40,6 @@ struct SurfaceByHeight : Panel {
 
 struct FloorSurface : Panel {
     FloorSurface() : Panel("frmTab22", "", 122) {}
-
     Box length = input("txtTab22_1", "Length", 0, 0, "feet");
     Box width = input("txtTab22_2", "Weight", 1, 0, "feet");
     Button compute = button("cmdTab22_1", "Compute", 2, 0, [this] { total = length * width; });
@@ -129,7 +125,6 @@ private:
 
 struct ResilientTile : Panel {
     ResilientTile() : Panel("frmTab36", "Resilient Tile Calculator", 136) { heading("Totals", 0, 2); }
-
     Box width1 = input("txtTab36_1", "Area 1 (in feet)", 1, 0, "Width x ");
     Box length1 = input("txtTab36_4", "", 1, 1, "Length");
     Box width2 = input("txtTab36_2", "Area 2 (in feet)", 2, 0, "Width x ");
@@ -205,7 +200,6 @@ struct SheetVinyl : Covering {
 
 struct Wallpaper : Panel {
     Wallpaper() : Panel("frmTab34", "Wallpaper Calculator", 134) { heading("Totals", 0, 2); }
-
     Box wallHeight = input("txtTab34_1", "Wall (in feet)", 1, 0, "Height x ");
     Box perimeter = input("txtTab34_4", "", 1, 1, "Room perimeter");
     Box ceilingLength = input("txtTab34_2", "Ceiling (in feet)", 2, 0, "Length x");

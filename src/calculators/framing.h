@@ -233,7 +233,6 @@ struct SquareHouse : Panel {
 // them.
 struct Roofing : Panel {
     Roofing() : Panel("frmTab37", "Roofing Calculator", 137) { pitch.opensOnFirst = true; }
-
     Box nominal = input("txtTab37_1", "Nominal roof size (in sq. ft.)", 0, 0);
     List pitch = list("cmbTab37", "Roof pitch", 1, 0, pitches);
     Button compute = button("cmdTab37", "Compute", 2, 0, [this] {
@@ -252,7 +251,6 @@ private:
 // Neither list has a part in it.
 struct LumberCost : Panel {
     LumberCost() : Panel("frmTab38", "Lumber Calculator", 138) { dimension.opensOnFirst = unit.opensOnFirst = true; }
-
     List dimension = list("cmbTab38_1", "Lumber Dimension", 0, 0, dimensions);
     List unit = list("cmbTab38_2", "Unit of measurement", 1, 0, units);
     Box price = input("txtTab38_1", "Price per lineal foot", 2, 0);

@@ -45,7 +45,6 @@ private:
 // The depth unit stands over the depths, each result beside the input that completes it.
 struct ConcreteMaterials : Panel {
     ConcreteMaterials() : Panel("frmTab2", "Concrete Materials Calculators", 102) { inches.setAtStart = true; }
-
     Box length = input("txtTab2_2", "Length (Feet) ", 0, 0);
     Box width = input("txtTab2_1", "Width (Feet) ", 1, 0);
     Option inches = option("Tab2_Option1", "Inches", 2, 0);
@@ -88,7 +87,6 @@ struct BlockWall : Panel {
 
 struct Column : Panel {
     Column() : Panel("frmTab4", "Column Calculator", 104) {}
-
     Box height = input("txtTab4_1", "Height (Feet) ", 0, 0);
     Box diameter = input("txtTab4_2", "Diameter (Inches)", 1, 0);
     Button compute = button("cmdTab4", "Compute", 2, 0, [this] {

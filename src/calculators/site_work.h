@@ -7,7 +7,6 @@ namespace torvane::panels {
 
 struct TankTrenching : Panel {
     TankTrenching() : Panel("frmTab28", "Trenching for Tanks", 128) { label("Tank is Round?", 0, 0); }
-
     Option round = option("optTab28_1", "Yes", 0, 0);
     Option square = option("optTab28_2", "No", 1, 0);
     Box diameter = input("txtTab28_1", "Diameter if Round", 2, 0, "LF");
@@ -39,7 +38,6 @@ private:
 
 struct UtilityTrenching : Panel {
     UtilityTrenching() : Panel("frmTab29", "Utility Trenching", 129) {}
-
     Box width = input("txtTab29_1", "Trench for Utilities-1 Excavation Width", 0, 0, "IN");
     Box depth = input("txtTab29_2", "Trench for Utilities-1 Excavation Depth", 1, 0, "IN");
     Box length = input("txtTab29_3", "Trench for Utilities-1 Excavation Length", 2, 0, "LF");
@@ -66,7 +64,6 @@ private:
 
 struct ExcavationVolume : Panel {
     ExcavationVolume() : Panel("frmTab30", "Excavation Volume", 130) {}
-
     Box area = input("txtTab30_1", "Surface Area", 0, 0, "Sq. Ft.");
     Box heightA = input("txtTab30_2", "Height A:", 1, 0, "LF");
     Box heightB = input("txtTab30_3", "Height B:", 2, 0, "LF");
@@ -79,7 +76,6 @@ struct ExcavationVolume : Panel {
 
 struct SteelBeam : Panel {
     SteelBeam() : Panel("frmTab31", "Steel Beam", 131) {}
-
     Box poundsPerFoot = input("txtTab31_1", "Steel Beam Unit Weight", 0, 0, "LB/FT");
     Box length = input("txtTab31_2", "Beam Weight", 1, 0, "LF");
     Button compute = button("cmdTab31", "Compute", 2, 0, [this] {

@@ -36,16 +36,15 @@ public:
     explicit Desk(Panel& panel) : panel_(panel) {
         panel.desk = this;
         for (const Control* control : panel.controls()) {
-            if (isBox(*control)) texts_[control->name] = static_cast<const Box*>(control)->start;
-            if (control->kind == ControlKind::List) numbers_[control->name] = -1;
-            if (control->kind == ControlKind::Option)
-                numbers_[control->name] = static_cast<const Option*>(control)->setAtStart;
+            if (isBox(*control)) texts_[control->name] = control->start;
+            if (control->kind == ControlKind::List) selected_[control->name] = -1;
+            if (control->kind == ControlKind::Option) set_[control->name] = control->setAtStart;
         }
     }
     std::string text(const Box& box) const override { return texts_.at(box.name); }
     void setText(const Box& box, std::string_view text) override { texts_.at(box.name) = text; }
-    int selected(const List& list) const override { return numbers_.at(list.name); }
-    bool isSet(const Option& option) const override { return numbers_.at(option.name) == 1; }
+    int selected(const List& list) const override { return selected_.at(list.name); }
+    bool isSet(const Option& option) const override { return set_.at(option.name); }
 
     // Texts with commas between, for the numbered boxes from 1 up; or name=text, without what the names of the boxes
     // begin with. A list is given its entry from 0, an option 1.
@@ -57,10 +56,10 @@ public:
             const std::size_t equals = entry.find('=');
             const std::string name = equals == std::string::npos ? std::to_string(++number) : entry.substr(0, equals);
             const std::string text = equals == std::string::npos ? entry : entry.substr(equals + 1);
-            if (numbers_.contains(name)) {
-                if (name.find("pt") != std::string::npos)
-                    for (auto& [other, set] : numbers_) set = 0;
-                numbers_.at(name) = std::stoi(text);
+            if (selected_.contains(name)) {
+                selected_.at(name) = std::stoi(text);
+            } else if (set_.contains(name)) {
+                for (auto& [option, set] : set_) set = option == name;
             } else {
                 texts_.at((panelNumber == "5" ? "txt" : "txtTab" + panelNumber + "_") + name) = text;
             }
@@ -72,10 +71,10 @@ public:
         for (const Control* control : panel_.controls())
             if (control->kind == ControlKind::Button &&
                 (buttons.empty() || buttons.find(control->name) != std::string_view::npos))
-                static_cast<const Button*>(control)->compute();
+                control->compute();
     }
     void selectFirstEntries() {
-        for (auto& [name, number] : numbers_) number = std::max(number, 0);
+        for (auto& [list, index] : selected_) index = 0;
     }
     std::string results() const {
         std::string joined;
@@ -91,7 +90,8 @@ private:
     }
     Panel& panel_;
     std::map<std::string, std::string> texts_;
-    std::map<std::string, int> numbers_;
+    std::map<std::string, int> selected_;
+    std::map<std::string, bool> set_;
 };
 
 struct Row {

@@ -164,13 +164,6 @@ TEST_F(CalculatorsTest, BoxesComputeAndHelp) {
     EXPECT_TRUE(calls[1].starts_with("Speak You can transfer any of the totals you want"));
 }
 
-TEST_F(CalculatorsTest, AResultOutOfRangeEndsTheProgram) {
-    start();
-    choose("mnucalc4_2");
-    go(*standing("frmCalculator4"), "txtTab38_1=1e308; txtTab38_2=10; cmdTab38");
-    EXPECT_EQ(takeFailureNumber(), 6);
-}
-
 // Under every tab: no label, button or box is smaller than its text wants, and boxes of a column stand in line.
 TEST_F(CalculatorsTest, NothingIsCut) {
     const QFont usual = QApplication::font();

@@ -20,13 +20,6 @@ constexpr int digitsTyped = 10;
 constexpr int digitsOfAResult = 17;  // with its point, and the space around it
 constexpr QRgb resultColour = qRgb(255, 255, 192);
 
-QString inOneLine(std::initializer_list<std::string_view> words) {
-    QStringList parts;
-    for (const std::string_view word : words)
-        if (const QString part = qstring(word).simplified(); !part.isEmpty()) parts.append(part);
-    return parts.join(' ');
-}
-
 }  // namespace
 
 PanelView::PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent)
@@ -149,7 +142,7 @@ QString PanelView::spokenName(const Control& control) const {
         if (other->kind == ControlKind::Heading && other->column == control.column && other->row < control.row)
             heading = other->label;
     }
-    return inOneLine({row, heading, control.unit});
+    return (qstring(row) + ' ' + qstring(heading) + ' ' + qstring(control.unit)).simplified();
 }
 
 // --- Placing them ----------------------------------------------------------------------------------------------------
