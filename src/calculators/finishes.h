@@ -62,6 +62,9 @@ struct PaintCoverage : Panel {
     Box height = input("txtTab13_3", "Height of walls ", 2, 0);
     Box doors = input("txtTab13_4", "Number of Doors", 3, 0);
     Box windows = input("txtTab13_5", "Number of Windows", 4, 0);
+    static constexpr ListEntry squareFeetPerGallon[] = {{"Drywall (Flat)", 450}, {"Drywall (Gloss)", 400},
+                                                        {"Plaster", 250},        {"Siding (Paint)", 420},
+                                                        {"Siding (Stain)", 150}, {"Concrete (Paint)", 450}};
     List surface = list("cmbTab13", "Select Surface Type", 5, 0, squareFeetPerGallon);
     Box gallonPrice = input("txtTab13_6", "Enter Paint Cost", 6, 0);
     Button compute = button("cmdTab13", "Compute", 7, 0, [this] {
@@ -85,9 +88,6 @@ struct PaintCoverage : Panel {
     Box total = result("txtTab13_13", "Total Paint Cost", 6, 1);
 
 private:
-    static constexpr ListEntry squareFeetPerGallon[] = {{"Drywall (Flat)", 450}, {"Drywall (Gloss)", 400},
-                                                        {"Plaster", 250},        {"Siding (Paint)", 420},
-                                                        {"Siding (Stain)", 150}, {"Concrete (Paint)", 450}};
     // 0 while no surface is selected.
     double perGallon(double amount) const { return surface.selected() ? amount / surface.itemData() : 0; }
 };
@@ -108,6 +108,9 @@ struct CeramicTile : Panel {
 
     Box length = input("txtTab32_1", "Tile Area Length", 0, 0, "Ft.");
     Box width = input("txtTab32_2", "Tile Area Width", 1, 0, "Ft.");
+    static constexpr ListEntry sides[] = {{"3 x 3", 3},    {"4 x 4", 4},    {"6 x 6", 6},    {"8 x 8", 8},
+                                          {"10 x 10", 10}, {"12 x 12", 12}, {"14 x 14", 14}, {"16 x 16", 16},
+                                          {"18 x 18", 18}, {"24 x 24", 24}};
     List size = list("cmbTab32", "Tile Size (inches)", 2, 0, sides);
     Button compute = button("cmdTab32", "Compute", 3, 0, [this] {
         area = length * width;
@@ -116,11 +119,6 @@ struct CeramicTile : Panel {
     });
     Box area = result("txtTab32_3", "Total Tile Area", 4, 0, "Sq. Ft.");
     Box tiles = result("txtTab32_4", "Total Tiles you need", 5, 0, "Pcs.");
-
-private:
-    static constexpr ListEntry sides[] = {{"3 x 3", 3},    {"4 x 4", 4},    {"6 x 6", 6},    {"8 x 8", 8},
-                                          {"10 x 10", 10}, {"12 x 12", 12}, {"14 x 14", 14}, {"16 x 16", 16},
-                                          {"18 x 18", 18}, {"24 x 24", 24}};
 };
 
 struct ResilientTile : Panel {
@@ -131,6 +129,7 @@ struct ResilientTile : Panel {
     Box length2 = input("txtTab36_5", "", 2, 1, "Length");
     Box width3 = input("txtTab36_3", "Area 3 (in feet)", 3, 0, "Width x ");
     Box length3 = input("txtTab36_6", "", 3, 1, "Length");
+    static constexpr ListEntry sides[] = {{"12\"-by-12\"", 12}, {"9\"-by-9\"", 9}, {"6\"-by-6\"", 6}};
     List size = list("cmbTab36", "Tile Size (inches)", 4, 0, sides);
     Button compute = button("cmdTab36", "Compute", 5, 0, [this] {
         area1 = width1 * length1;
@@ -144,18 +143,15 @@ struct ResilientTile : Panel {
     Box area3 = result("txtTab36_9", "", 3, 2);
     Box total = result("txtTab36_10", "Total Area to be tiled", 6, 0, "Sq. Ft.");
     Box tiles = result("txtTab36_11", "Amount of resilient tile needed: ", 7, 0, "Pcs.");
-
-private:
-    static constexpr ListEntry sides[] = {{"12\"-by-12\"", 12}, {"9\"-by-9\"", 9}, {"6\"-by-6\"", 6}};
 };
 
 // --- Coverings -------------------------------------------------------------------------------------------------------
 
-// Three areas and a stairway; `perStair` is how often a stair counts.
+// Three areas and a stairway, of which each stair counts once or twice.
 class Covering : public Panel {
 protected:
-    Covering(Text panelNumber, Text frameCaption, int help, double perStair)
-        : Panel("frmTab" + panelNumber, frameCaption, help), number(panelNumber), countsOfAStair(perStair) {
+    Covering(Text panelNumber, Text frameCaption, int help, double timesAStair)
+        : Panel("frmTab" + panelNumber, frameCaption, help), number(panelNumber), countsOfAStair(timesAStair) {
         heading("Totals", 0, 2);
     }
 

@@ -103,6 +103,10 @@ struct BoardFoot : Panel {
              "Input values as stated.");
     }
 
+    // The factor is thickness times width, in square inches.
+    static constexpr ListEntry nominalSizes[] = {{"Select", 0, 0}, {"1 x 2", 0, 2},         {"1 x 3", 0, 3},
+                                                 {"1 x 4", 0, 4},  {"1 x 6 / 2 x 3", 0, 6}, {"2 x 4", 0, 8},
+                                                 {"2 x 6", 0, 12}, {"2 x 8", 0, 16}};
     List size1 = list("cmbTab11_1", "", 1, 0, nominalSizes);
     Box length1 = input("txtTab11_1", "", 1, 2);
     List size2 = list("cmbTab11_2", "", 2, 0, nominalSizes);
@@ -126,10 +130,6 @@ struct BoardFoot : Panel {
     Box total = result("txtTab11_11", "Total BF : ", 6, 3);
 
 private:
-    // Thickness times width, in square inches.
-    static constexpr ListEntry nominalSizes[] = {{"Select", 0, 0}, {"1 x 2", 0, 2},         {"1 x 3", 0, 3},
-                                                 {"1 x 4", 0, 4},  {"1 x 6 / 2 x 3", 0, 6}, {"2 x 4", 0, 8},
-                                                 {"2 x 6", 0, 12}, {"2 x 8", 0, 16}};
     static double section(const List& size) { return size.selected() ? size.selected()->factor : 0; }
 };
 
@@ -234,6 +234,9 @@ struct SquareHouse : Panel {
 struct Roofing : Panel {
     Roofing() : Panel("frmTab37", "Roofing Calculator", 137) { pitch.opensOnFirst = true; }
     Box nominal = input("txtTab37_1", "Nominal roof size (in sq. ft.)", 0, 0);
+    static constexpr ListEntry pitches[] = {{"4 in 12", 0, 1.06}, {"5 in 12", 0, 1.08},  {"6 in 12", 0, 1.12},
+                                            {"7 in 12", 0, 1.16}, {"8 in 12", 0, 1.2},   {"9 in 12", 0, 1.25},
+                                            {"10 in 12", 0, 1.3}, {"11 in 12", 0, 1.36}, {"12 in 12", 0, 1.42}};
     List pitch = list("cmbTab37", "Roof pitch", 1, 0, pitches);
     Button compute = button("cmdTab37", "Compute", 2, 0, [this] {
         if (pitch.selected()) actual = nominal * pitch.selected()->factor;
@@ -241,28 +244,21 @@ struct Roofing : Panel {
     });
     Box actual = result("txtTab37_2", "Actual square feet of house: ", 3, 0, "Sq. Ft.");
     Box squares = result("txtTab37_3", "Number of squares you need: ", 4, 0);
-
-private:
-    static constexpr ListEntry pitches[] = {{"4 in 12", 0, 1.06}, {"5 in 12", 0, 1.08},  {"6 in 12", 0, 1.12},
-                                            {"7 in 12", 0, 1.16}, {"8 in 12", 0, 1.2},   {"9 in 12", 0, 1.25},
-                                            {"10 in 12", 0, 1.3}, {"11 in 12", 0, 1.36}, {"12 in 12", 0, 1.42}};
 };
 
 // Neither list has a part in it.
 struct LumberCost : Panel {
     LumberCost() : Panel("frmTab38", "Lumber Calculator", 138) { dimension.opensOnFirst = unit.opensOnFirst = true; }
+    static constexpr ListEntry dimensions[] = {
+        {"2 by 2"}, {"2 by 3"}, {"2 by 4"},  {"2 by 6"},  {"2 by 8"}, {"2 by 10"}, {"2 by 12"}, {"4 by 4"},
+        {"4 by 6"}, {"4 by 8"}, {"4 by 10"}, {"4 by 12"}, {"6 by 6"}, {"6 by 8"},  {"6 by 10"}, {"6 by 12"}};
     List dimension = list("cmbTab38_1", "Lumber Dimension", 0, 0, dimensions);
+    static constexpr ListEntry units[] = {{"Lineal foot"}, {"Board foot"}};
     List unit = list("cmbTab38_2", "Unit of measurement", 1, 0, units);
     Box price = input("txtTab38_1", "Price per lineal foot", 2, 0);
     Box feet = input("txtTab38_2", "Number of lineal feet", 3, 0);
     Button compute = button("cmdTab38", "Compute", 4, 0, [this] { cost = price * feet; });
     Box cost = result("txtTab38_3", "Cost for lineal feet:", 5, 0);
-
-private:
-    static constexpr ListEntry dimensions[] = {
-        {"2 by 2"}, {"2 by 3"}, {"2 by 4"},  {"2 by 6"},  {"2 by 8"}, {"2 by 10"}, {"2 by 12"}, {"4 by 4"},
-        {"4 by 6"}, {"4 by 8"}, {"4 by 10"}, {"4 by 12"}, {"6 by 6"}, {"6 by 8"},  {"6 by 10"}, {"6 by 12"}};
-    static constexpr ListEntry units[] = {{"Lineal foot"}, {"Board foot"}};
 };
 
 }  // namespace torvane::panels

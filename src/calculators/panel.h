@@ -104,7 +104,8 @@ struct Button : Control {
     using Control::Control;
 };
 
-// Makes the controls of a panel, or of a frame inside one. What has no member stands behind all members.
+// Makes the controls of a panel, or of a frame inside one. Those that a formula never asks for need no member: they
+// stand behind the members.
 class Frame {
 public:
     Frame(Panel& panel, const Control* inner) : panel_(panel), inner_(inner) {}
@@ -160,6 +161,7 @@ public:
     virtual bool isSet(const Option& option) const = 0;
 };
 
+// Derived structs are made where they stay: their controls know them by address.
 class Panel : public Frame {
 public:
     Panel(Text frameName, Text frameCaption, int help)
@@ -171,7 +173,7 @@ public:
     const std::string frame;    // frmTab1 and so on
     const std::string caption;  // of the frame; may be empty
     const int helpContext;
-    PanelDesk* desk = nullptr;  // set before a formula runs
+    PanelDesk* desk = nullptr;  // to be set before a formula runs
 
 private:
     friend struct Control;

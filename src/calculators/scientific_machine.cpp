@@ -45,6 +45,19 @@ double quotient(double dividend, double divisor) {
     return finite(dividend / divisor);
 }
 
+double arithmetic(Operator operation, double a, double b) {
+    switch (operation) {
+        case plus:
+            return finite(a + b);
+        case minus:
+            return finite(a - b);
+        case times:
+            return finite(a * b);
+        default:
+            return quotient(a, b);
+    }
+}
+
 double remainderOf(double dividend, double divisor) {
     const std::int64_t whole = narrowToInt32(dividend);
     const std::int64_t by = narrowToInt32(divisor);
@@ -100,13 +113,10 @@ void ScientificMachine::Command2(int index) {
 double ScientificMachine::carriedOut(double y) {
     switch (pendingOp) {
         case plus:
-            return finite(y + accumulator);
         case minus:
-            return finite(accumulator - y);
         case divide:
-            return quotient(accumulator, y);
         case times:
-            return finite(y * accumulator);
+            return arithmetic(static_cast<Operator>(pendingOp), accumulator, y);
         case combinations:
         case permutations:
             return combined(y);
@@ -238,28 +248,16 @@ void ScientificMachine::Command9(int index) {
 // --- Memory and saved list -------------------------------------------------------------------------------------------
 
 void ScientificMachine::Command7(int index) {
+    constexpr Operator operations[] = {plus, minus, times, divide};
     const double y = value();
-    switch (index) {
-        case 0:
-            memoryValue = finite(y + memoryValue);
-            break;
-        case 1:
-            memoryValue = finite(memoryValue - y);
-            break;
-        case 2:
-            memoryValue = finite(y * memoryValue);
-            break;
-        case 3:
-            if (y == 0) return say("ILLEGAL. DIVIDE 0 ERROR ");
-            memoryValue = quotient(memoryValue, y);
-            break;
-        case 4:
-            show(memoryValue);
-            accumulator = value();
-            break;
-        default:
-            memoryValue = 0;
-            break;
+    if (index == 3 && y == 0) return say("ILLEGAL. DIVIDE 0 ERROR ");
+    if (index < 4) {
+        memoryValue = arithmetic(operations[index], memoryValue, y);
+    } else if (index == 4) {
+        show(memoryValue);
+        accumulator = value();
+    } else {
+        memoryValue = 0;
     }
 }
 

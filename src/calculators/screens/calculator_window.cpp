@@ -139,19 +139,10 @@ void frmCalculators::Unloadall() {
 }
 
 void frmCalculators::openTab(const CalculatorTab& tab) {
-    switch (tab.opens) {
-        case TabOpens::Panel:
-            CalculatorWindow::openTab(tab);
-            break;
-        case TabOpens::Conversions: {
-            const Program::Doing doing(program(), "starting the conversions program");
-            program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
-            break;
-        }
-        case TabOpens::Scientific:
-            scientific_.Show(*this);
-            break;
-    }
+    if (tab.opens == TabOpens::Panel) return CalculatorWindow::openTab(tab);
+    if (tab.opens == TabOpens::Scientific) return scientific_.Show(*this);
+    const Program::Doing doing(program(), "starting the conversions program");
+    program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
 }
 
 }  // namespace torvane
