@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
-#include <ranges>
 
 #include "platform/controls.h"
 
@@ -195,7 +194,7 @@ bool PanelView::sharesItsCell(const Control& control) const {
 void PanelView::pressOnEnter() {
     const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
     const auto& controls = panel_->controls();
-    const auto last = std::ranges::find_if(controls | std::views::reverse, isButton);
+    const auto last = std::find_if(controls.rbegin(), controls.rend(), isButton);
     for (auto control = controls.begin(); control != controls.end(); ++control) {
         auto* box = qobject_cast<TextBox*>(widgets_.at(*control));
         if (!box) continue;
