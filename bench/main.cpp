@@ -6,7 +6,7 @@
 #include <string>
 
 #include "benches.h"
-#include "platform/application.h"
+#include "platform/guarded_application.h"
 #include "sample.h"
 #include "shell/pictures_init.h"
 
@@ -15,7 +15,7 @@
 int main(int argc, char** argv) {
     using namespace torvane;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const TorvaneApplication application(argc, argv);
+    const GuardedApplication application(argc, argv);
     initPictures();
 
     std::string folder = (std::filesystem::temp_directory_path() / "torvane-bench-XXXXXX").string();

@@ -25,19 +25,15 @@ constexpr int rounds = 15;
 class ItemList : public frmItem {
 public:
     using frmItem::frmItem;
-    using ListSkeleton::Page;
-    using ListSkeleton::PageCount;
+    using frmItem::list;
 };
 
 class Catalogue {
 public:
-    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, [](int) {}) {
-        program_.setErrorBox([](const RuntimeFailure&) {});
+    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
+        program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
     }
-    void act(const std::function<void()>& handler) {
-        program_.guarded(handler);
-        if (program_.ended()) throw std::runtime_error("a screen of the catalogue met a failure");
-    }
+    void act(const std::function<void()>& handler) { program_.guarded(handler); }
 
 private:
     Program program_;
@@ -79,12 +75,12 @@ void pages(Catalogue& catalogue) {
         const struct {
             const char* name;
             long page;
-        } places[] = {{", middle", item.PageCount / 2}, {", last", item.PageCount}};
+        } places[] = {{", middle", item.list().PageCount / 2}, {", last", item.list().PageCount}};
         for (const auto& place : places) {
-            item.Page = static_cast<std::int16_t>(place.page);
+            item.list().Page = static_cast<std::int16_t>(place.page);
             measure(by + place.name, catalogue, [&] { item.RefreshGrid(); });
         }
-        item.Page = 1;
+        item.list().Page = 1;
     }
     for (const char* text : {"Item 1", "Category 3", "nothing like it"})
         measure(std::string("search for \"") + text + "\"", catalogue, [&] {

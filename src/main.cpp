@@ -4,18 +4,18 @@
 #include "assistant/animated_assistant.h"
 #include "assistant/speech.h"
 #include "datastore/store.h"
-#include "platform/application.h"
 #include "platform/controls.h"
+#include "platform/guarded_application.h"
 #include "platform/pictures.h"
 #include "platform/qt_host.h"
-#include "shell/application.h"
 #include "shell/folder_lock.h"
 #include "shell/pictures_init.h"
 #include "shell/program_folder.h"
+#include "shell/screens.h"
 
 int main(int argc, char** argv) {
     using namespace torvane;
-    TorvaneApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Torvane Construction Estimator"));
     initPictures();
     QApplication::setWindowIcon(picture(QStringLiteral("program")));
@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     program.onLastWindowGone([] { QCoreApplication::exit(0); });
 
     const auto engines = [&folder] { return machineEngines(folder + "/Speak.exe"); };
-    Application screens(program, files, lock.previousInstance(), [&engines](const std::string& characterFile) {
+    Screens screens(program, files, lock.previousInstance(), [&engines](const std::string& characterFile) {
         return std::make_unique<AnimatedAssistant>(characterFile, std::make_unique<EngineVoice>(engines));
     });
     program.guarded([&screens] { screens.mainMenu.Show(); });

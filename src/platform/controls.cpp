@@ -76,7 +76,6 @@ void TextBox::setText(const QString& text) {
     const QScopedValueRollback byCode(byCode_, true);
     QLineEdit::setText(text);
     setCursorPosition(0);
-    checkProgram(*this);
 }
 
 void TextBox::setKeyFilter(std::string_view allowed) {
@@ -168,13 +167,11 @@ void DropList::Clear() {
 
 void DropList::AddItem(std::string_view text, int itemData) {
     entries_->add({std::string(text), itemData});
-    checkProgram(*this);
 }
 
 void DropList::fill(std::vector<Entry> entries) {
     entries_->replace(std::move(entries));
     setCurrentIndex(-1);
-    checkProgram(*this);
 }
 
 int DropList::ListCount() const {
@@ -189,7 +186,6 @@ void DropList::select(int index) {
     if (index < -1 || index >= ListCount()) fail(Failure::InvalidCall);
     setCurrentIndex(index);
     if (index >= 0) emit Click();
-    checkProgram(*this);
 }
 
 void DropList::selectItemData(int itemData) {
@@ -319,7 +315,6 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
 
 void ReportList::ClearRows() {
     clear();
-    checkProgram(*this);
 }
 
 void ReportList::AddRow(const std::vector<std::string>& texts) {
@@ -333,13 +328,11 @@ void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
     const bool first = RowCount() == 0;
     addTopLevelItems(items);
     if (first && !items.isEmpty()) makeCurrent(*items.constFirst());
-    checkProgram(*this);
 }
 
 void ReportList::RemoveRow(int row) {
     item(row);
     delete takeTopLevelItem(row);
-    checkProgram(*this);
 }
 
 int ReportList::RowCount() const {
@@ -353,7 +346,6 @@ int ReportList::SelectedRow() const {
 
 void ReportList::selectRow(int row) {
     makeCurrent(item(row));
-    checkProgram(*this);
 }
 
 // The current cell must be one that is shown: from a hidden one the arrow keys move on, but select nothing.
@@ -478,7 +470,6 @@ Date DateBox::Value() {
 
 void DateBox::setValue(const Date& date) {
     setDate(QDate(date.year, date.month, date.day));
-    checkProgram(*this);
 }
 
 bool DateBox::event(QEvent* event) {

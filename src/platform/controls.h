@@ -32,10 +32,9 @@ double fontScale(const QWidget& control);
 // The text on one line: each line break and each tab is a blank.
 QString oneLine(QString text);
 
-// A text box. `Change` is textChanged: it fires only when the text differs. Operations that may run handlers check that
-// the program still runs. What the user pastes or drops comes in on one line; what code writes stays as it is until the
-// user changes it. Where a key filter is set, a typed character passes only if it is among `allowed`; paste, copy,
-// Delete, backspace, arrows and Tab always work.
+// A text box. `Change` is textChanged: it fires only when the text differs. What the user pastes or drops comes in on
+// one line; what code writes stays as it is until the user changes it. Where a key filter is set, a typed character
+// passes only if it is among `allowed`; paste, copy, Delete, backspace, arrows and Tab always work.
 class TextBox : public QLineEdit {
     Q_OBJECT
 public:

@@ -28,7 +28,7 @@ FormWindow::FormWindow(Form& form) : QWidget(nullptr, Qt::Window), program_(form
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     asHandler(program_, this, [this] { form_->Unload(); });
-    event->setAccepted(unloaded() || program_.ended());
+    event->setAccepted(unloaded());
 }
 
 // Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.
@@ -81,10 +81,6 @@ QRect whollyOn(const QRect& screen, QRect window) {
     return window;
 }
 
-void checkProgram(const QWidget& control) {
-    if (const auto* window = qobject_cast<const FormWindow*>(control.window())) window->program().check();
-}
-
 // --- Busy ------------------------------------------------------------------------------------------------------------
 
 Busy::Busy(QWidget* window) : window_(window), given_(window != nullptr) {
@@ -121,7 +117,6 @@ Form::~Form() {
 }
 
 void Form::Load() {
-    program_.check();
     if (window_) return;
     auto* window = new FormWindow(*this);
     const Busy busy(window);
@@ -135,7 +130,6 @@ void Form::Load() {
         if (window_ == window) drop();
         throw;
     }
-    program_.check();
 }
 
 void Form::present(QWidget* front) {
@@ -152,13 +146,11 @@ void Form::present(QWidget* front) {
 void Form::Show() {
     Load();
     if (window_) present(QApplication::activeModalWidget());
-    program_.check();
 }
 
 void Form::Show(const Form& owner) {
     Load();
     if (window_) present(owner.standingWindow());
-    program_.check();
 }
 
 void Form::ShowModal() {
@@ -172,29 +164,20 @@ void Form::ShowModal() {
 
     QEventLoop loop;
     modalLoops_.push_back(&loop);
-    program_.modalLoops_.push_back(&loop);
     loop.exec(QEventLoop::DialogExec);
-    std::erase(program_.modalLoops_, &loop);
     std::erase(modalLoops_, &loop);
 
     // Without a window manager nobody gives the keys back to the window before.
     if (before && before->isVisible()) before->activateWindow();
-    program_.check();
 }
 
 void Form::Unload() {
     if (!window_ || unloading_) return;
     const Busy busy(window_);
     unloading_ = true;
-    try {
-        Form_Unload();
-    } catch (...) {
-        unloading_ = false;
-        throw;
-    }
+    Form_Unload();
     unloading_ = false;
     drop();
-    program_.check();
 }
 
 // The window goes, without a word to the screen.

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <tuple>
@@ -170,6 +172,12 @@ void connectHandler(Screen& form, Sender* sender, void (Base::*signal)(Arguments
 template <class Screen, class Sender, class Signal, class Handler>
 void on(Screen& form, Sender* sender, Signal signal, Handler handler) {
     detail::connectHandler(form, sender, signal, std::move(handler));
+}
+
+// The same for the clicks of many buttons; each handler is a member of the screen.
+template <class Screen>
+void onClicks(Screen& form, std::initializer_list<std::pair<QAbstractButton*, void (Screen::*)()>> handlers) {
+    for (const auto& [button, handler] : handlers) on(form, button, &QAbstractButton::clicked, handler);
 }
 
 }  // namespace torvane

@@ -45,7 +45,4 @@ void standOver(QWidget& window, QWidget* front);
 // The place of a window moved so that the screen shows all of it, or at least its upper left corner.
 QRect whollyOn(const QRect& screen, QRect window);
 
-// Throws Ended when the program that the control's window belongs to has ended. A control in no screen's window passes.
-void checkProgram(const QWidget& control);
-
 }  // namespace torvane

@@ -1,7 +1,6 @@
 #include "platform/program.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QScreen>
 #include <QThread>
 #include <QWidget>
@@ -30,9 +29,9 @@ QMargins frameOf(const QWidget& window) {
 
 }  // namespace
 
-Program::Program(Environment environment, std::function<void(int)> end)
+Program::Program(Environment environment, std::function<void(int)> leave)
     : environment_(environment),
-      end_(std::move(end)),
+      leave_(std::move(leave)),
       showFailure_(showErrorBox),
       watcher_(std::make_unique<FocusWatcher>(*this)) {}
 
@@ -47,12 +46,11 @@ Program::~Program() {
 }
 
 bool Program::enter() {
-    if (ended_) return false;
+    if (ending_) return false;
     // A handler that runs inside another one, because code wrote a box, is part of it; nothing comes between them. One
     // in an inner event loop is an act of its own.
     const int loops = QThread::currentThread()->loopLevel();
     if (handlers_.empty() || loops > handlers_.back()) watcher_->flush();
-    if (ended_) return false;
     handlers_.push_back(loops);
     return true;
 }
@@ -63,8 +61,7 @@ void Program::leave() {
 }
 
 void Program::end(RuntimeFailure failure) {
-    if (ended_) return;
-    ended_ = true;
+    if (std::exchange(ending_, true)) return;
     if (const FormWindow* window = FormWindow::handling(); window && failedWhile_.empty())
         failedWhile_ = "working in the window \"" + utf8(window->windowTitle()) + '"';
     failure.setDuring(failedWhile_);
@@ -74,21 +71,15 @@ void Program::end(RuntimeFailure failure) {
         // There is nothing left to say it with; the rest of the end must come.
     }
     environment_.store.commitOpenGroups();
-    if (end_) end_(1);
-    for (QEventLoop* loop : modalLoops_) loop->quit();
+    leave_(1);
 }
 
 void Program::say(std::string_view text, std::string_view title) {
-    check();
     host().box(text, title, Buttons::Ok);
-    check();
 }
 
 bool Program::confirm(std::string_view text, std::string_view title) {
-    check();
-    const Answer answer = host().box(text, title, Buttons::YesNo);
-    check();
-    return answer == Answer::Yes;
+    return host().box(text, title, Buttons::YesNo) == Answer::Yes;
 }
 
 Assistant& Program::Merlin() const {

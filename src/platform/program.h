@@ -15,7 +15,6 @@
 #include "platform/assistant.h"
 #include "values/failure.h"
 
-class QEventLoop;
 class QWidget;
 
 namespace torvane {
@@ -23,16 +22,11 @@ namespace torvane {
 class Form;
 class FocusWatcher;
 
-// Thrown by an operation that finds the program ended, so that the handlers still on the stack come to a stop. Every
-// guard swallows it; no handler catches it.
-struct Ended {};
-
 // The program as every screen sees it. One object, made in main() and in each test.
 class Program {
 public:
-    // `end` is called when a failure has ended the program, after the run-time error box was shown and open write
-    // groups were committed; main() leaves the process there, with the status given. In tests it returns.
-    Program(Environment environment, std::function<void(int status)> end);
+    // `leave` leaves the process with a status; it never returns.
+    Program(Environment environment, std::function<void(int status)> leave);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
@@ -41,15 +35,14 @@ public:
     Host& host() const { return environment_.host; }
 
     // --- The event guard ---------------------------------------------------------------------------------------------
-    // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Does nothing
-    // once the program has ended. A LostFocus that is still waiting comes before the handler.
+    // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Runs nothing
+    // while the program ends. A LostFocus that is still waiting comes before the handler.
     template <class Handler>
     void guarded(Handler&& handler) {
         if (!enter()) return;
         const Leaving leaving{*this};
         try {
             handler();
-        } catch (const Ended&) {
         } catch (const RuntimeFailure& failure) {
             end(failure);
         } catch (const std::exception& failure) {
@@ -74,18 +67,13 @@ public:
         std::string what_;
         int failuresBefore_;
     };
-    // Throws Ended once the program has ended: the last line of every operation of ours that may have run handlers.
-    void check() const {
-        if (ended_) throw Ended{};
-    }
-    bool ended() const { return ended_; }
-    // Makes all handlers inert, shows the run-time error box, commits open write groups and calls `end`; when that
-    // returns, every modal window is left. Nothing when the program has ended.
+    // Makes all handlers inert, shows the run-time error box, commits open write groups and leaves the process with
+    // status 1. Returns only when the box stands already, for another failure.
     void end(RuntimeFailure failure);
     // What shows the failure, in place of the run-time error box.
     void setErrorBox(std::function<void(const RuntimeFailure&)> show) { showFailure_ = std::move(show); }
 
-    // --- Boxes (Host, with the check behind it) ----------------------------------------------------------------------
+    // --- Boxes -------------------------------------------------------------------------------------------------------
     void say(std::string_view text, std::string_view title);      // OK
     bool confirm(std::string_view text, std::string_view title);  // Yes/No; true on Yes
 
@@ -126,7 +114,7 @@ private:
 
     Environment environment_;
     std::string failedWhile_;
-    std::function<void(int)> end_;
+    std::function<void(int)> leave_;
     std::function<void(const RuntimeFailure&)> showFailure_;
     std::function<void(int)> openHelp_;
     std::function<void()> lastWindowGone_;
@@ -136,11 +124,10 @@ private:
     QRect mainGeometry_;
     QMargins mainFrame_;
     std::vector<int> handlers_;  // the depth of event loops in which each running handler was entered
-    std::vector<QEventLoop*> modalLoops_;
     int shownWindows_ = 0;
     bool lastWindowWent_ = false;
     bool mainWindowHasGone_ = false;
-    bool ended_ = false;
+    bool ending_ = false;
 };
 
 // Leaves the process at once with this status: output is flushed, no destructor runs. What main() gives as `end`.

@@ -9,23 +9,9 @@
 
 #include <algorithm>
 
-#include "calculators/screens/calculator_window.h"
-#include "estimates/screens/frm_blank.h"
-#include "estimates/screens/frm_order.h"
-#include "estimates/screens/frm_order_no.h"
-#include "estimates/screens/frm_orders.h"
-#include "help/frm_help.h"
-#include "masters/screens/frm_category.h"
-#include "masters/screens/frm_customer.h"
-#include "masters/screens/frm_item.h"
-#include "masters/screens/frm_master.h"
 #include "platform/controls.h"
 #include "platform/help_contexts.h"
 #include "platform/pictures.h"
-#include "reports/screens/data_reports.h"
-#include "reports/screens/frm_rpt_orders.h"
-#include "shell/backup.h"
-#include "shell/frm_about.h"
 #include "shell/menu_tree.h"
 
 namespace torvane {
@@ -85,11 +71,10 @@ void artwork(QWidget& area, const char* name, const char* says, const Twips& pla
 
 }  // namespace
 
-frmMainMenu::frmMainMenu(Program& program, Screens screens, FileSystem& files, bool previousInstance,
+frmMainMenu::frmMainMenu(Program& program, std::vector<MenuAction> actions, bool previousInstance,
                          std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : Form(program, "frmMainMenu"),
-      screens_(screens),
-      files_(files),
+      actions_(std::move(actions)),
       previousInstance_(previousInstance),
       loadAssistant_(std::move(loadAssistant)) {}
 
@@ -191,7 +176,8 @@ void frmMainMenu::setWorkingMenusVisible(bool visible) {
 // --- Start -----------------------------------------------------------------------------------------------------------
 
 void frmMainMenu::Form_Load() {
-    connectEntries();
+    for (const MenuAction& action : actions_)
+        on(*this, entries_.value(qstring(action.entry)), &QAction::triggered, action.act);
     setWorkingMenusVisible(false);
     if (previousInstance_) {
         // The assistant is not there yet, so this is where a second copy ends.
@@ -213,7 +199,6 @@ void frmMainMenu::Form_Load() {
     merlin.Speak("Welcome to Torvane Construction Estimator");
     setWorkingMenusVisible(true);
     merlin.Hide();
-    screens_.help.setHelpFile(program().host().programDirectory() + "/LARKFENVERSION2.HLP");
     setHelpContext(HelpContext::mainWindow);
 }
 
@@ -226,72 +211,6 @@ void frmMainMenu::ActivateMerlin() {
 void frmMainMenu::Form_Unload() {
     program().setMerlin(nullptr);
     assistant_.reset();
-}
-
-// --- Menu entries ----------------------------------------------------------------------------------------------------
-
-void frmMainMenu::onEntry(std::string_view name, std::function<void()> handler) {
-    on(*this, entries_.value(qstring(name)), &QAction::triggered, std::move(handler));
-}
-
-void frmMainMenu::connectEntries() {
-    onEntry("mnuExport", [this] { takeBackup(program().environment(), files_); });
-    onEntry("mnuImport", [this] { restoreBackup(program().environment(), files_); });
-    onEntry("mnuClose", [this] { Unload(); });
-    onEntry("mnuExit", [this] { Unload(); });
-
-    const auto openList = [this](auto& list, std::string_view entry, const char* which) {
-        onEntry(entry, [&list, which] {
-            list.Which = which;
-            list.Show();
-        });
-    };
-    openList(screens_.category, "SubMnuAddCat", "A");
-    openList(screens_.category, "SubMnuEditCat", "E");
-    openList(screens_.category, "SubMnuDelCat", "D");
-    openList(screens_.item, "SubMnuAddItem", "A");
-    openList(screens_.item, "SubMnuEditItem", "E");
-    openList(screens_.item, "SubMnuDelItem", "D");
-    openList(screens_.customer, "SubMnuAddCust", "A");
-    openList(screens_.customer, "SubMnuEditCust", "E");
-    openList(screens_.customer, "SubMnuDelCust", "D");
-    const auto openNames = [this](std::string_view entry, const char* table) {
-        onEntry(entry, [this, table] {
-            screens_.master.MastertableName = table;
-            screens_.master.Show();
-        });
-    };
-    openNames("mnuRooms", "Rooms");
-    openNames("mnuUnits", "Units");
-
-    onEntry("mnuNewEstimate", [this] {
-        screens_.order.AddOrDelete = "A";
-        screens_.order.Show();
-    });
-    onEntry("mnuEditEstimate", [this] { screens_.orders.Show(); });
-    onEntry("mnuDelEstimate", [this] {
-        screens_.order.AddOrDelete = "D";
-        screens_.orderNo.setCaption("Delete Order");
-        screens_.orderNo.Show();
-    });
-    onEntry("mnuBlank", [this] { screens_.blank.Show(); });
-
-    for (const CalculatorEntry& calculator : calculatorEntries())
-        onEntry(calculator.entry, [this, &calculator] { openCalculator(calculator); });
-    onEntry("mnusalesrpt", [this] { screens_.reportPrompt.Show(); });
-    onEntry("mnucustrpt", [this] { screens_.reports.showCustomers(); });
-    onEntry("mnuHelpContents", [this] { screens_.help.showContents(); });
-    onEntry("mnuHelpSearch", [this] { screens_.help.showSearch(); });
-    onEntry("mnuHelpAbout", [this] { screens_.about.Show(); });
-}
-
-void frmMainMenu::openCalculator(const CalculatorEntry& calculator) {
-    CalculatorWindow& window = *screens_.calculators[calculator.group - 1];
-    // With the conversions the empty window comes first, so that it stands behind the program that is started.
-    if (calculator.showsFirst) window.Show();
-    window.Which = calculator.Which;
-    window.Showframe();
-    if (!calculator.showsFirst) window.Show();
 }
 
 }  // namespace torvane

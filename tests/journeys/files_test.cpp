@@ -154,11 +154,11 @@ TEST_P(RestoredTest, IsWhatTheNextQueryMeets) {
 
     restore(file("x.bak"), {imported});
     EXPECT_TRUE(bytes(data.database()) == backup);
-    EXPECT_FALSE(program.ended());
     EXPECT_EQ(rows(window).size(), 2U) << "what has been read stays";
-    go(window, "CmdAll");
-    EXPECT_EQ(endedWith().substr(0, row.ended.size()), row.ended);
-    EXPECT_EQ(program.ended(), !row.ended.empty());
+    if (row.ended.empty())
+        go(window, "CmdAll");
+    else
+        EXPECT_EQ(endedBy([&] { go(window, "CmdAll"); }).substr(0, row.ended.size()), row.ended);
     EXPECT_EQ(filesThere(), (Texts{"Larkfen.mdb", "x.bak"}));
     EXPECT_TRUE(bytes(file("x.bak")) == backup);
     if (row.ended.empty()) {

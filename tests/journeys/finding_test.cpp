@@ -160,16 +160,12 @@ TEST_F(FindingTest, ACancelledDeletionLeavesItsModeBehind) {
 }
 
 TEST_F(FindingTest, LettersInTheNumberEndTheProgram) {
-    go(numberPrompt(), "TxtGetOrderNo=3a");
-    go(screens->orderNo.window(), "cmdOk");
-    EXPECT_EQ(takeFailureNumber(), 13);
+    EXPECT_EQ(endOf([&] { go(numberPrompt(), "TxtGetOrderNo=3a; cmdOk"); }).number(), 13);
 }
 
 TEST_F(FindingTest, AnApostropheInTheSearchEndsTheProgram) {
     QWidget& list = search();
-    go(list, "txtName=O'Hara");
-    go(list, "cmdSearch");
-    EXPECT_NE(endedWith().find("like '%O'Hara%'"), std::string::npos);
+    EXPECT_NE(endedBy([&] { go(list, "txtName=O'Hara; cmdSearch"); }).find("like '%O'Hara%'"), std::string::npos);
 }
 
 TEST_F(FindingTest, SharedNotes) {

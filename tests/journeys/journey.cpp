@@ -162,7 +162,7 @@ std::unique_ptr<Assistant> JourneyTest::recordingAssistant() {
 
 void JourneyTest::start(bool previousInstance, LoadAssistant loadAssistant) {
     if (!loadAssistant) loadAssistant = [this](const std::string&) { return recordingAssistant(); };
-    screens = std::make_unique<Application>(program, files, previousInstance, loadAssistant);
+    screens = std::make_unique<Screens>(program, files, previousInstance, loadAssistant);
     run([&] { screens->mainMenu.Show(); });
     settle();
 }
@@ -222,11 +222,9 @@ Texts JourneyTest::lines(int number) const {
         std::to_string(number) + " order by rowid");
 }
 
-std::string JourneyTest::endedWith() {
-    const auto failure = takeFailure();
-    if (!failure) return "";
-    EXPECT_EQ(endStatus, std::vector<int>{1});
-    return std::to_string(failure->number()) + " " + failure->refused();
+std::string JourneyTest::endedBy(const std::function<void()>& act) {
+    const RuntimeFailure failure = endOf(act);
+    return std::to_string(failure.number()) + " " + failure.refused();
 }
 
 }  // namespace torvane

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "datastore/file_copy.h"
-#include "shell/application.h"
+#include "shell/screens.h"
 #include "support/data_folder.h"
 #include "support/screen_test.h"
 
@@ -74,12 +74,13 @@ protected:
 
     std::string header(int number) const;
     Texts lines(int number) const;
-    std::string endedWith();  // "<number> <refused text>" of the failure that ended the program, or ""
+    // "<number> <refused text>" of the failure by which this ends the program.
+    std::string endedBy(const std::function<void()>& act);
 
     DataFolder data;
     FileSystem files;
     Texts calls;  // of the assistant
-    std::unique_ptr<Application> screens;
+    std::unique_ptr<Screens> screens;
 };
 
 }  // namespace torvane

@@ -26,10 +26,10 @@
 #include <utility>
 
 #include "assistant/animated_assistant.h"
-#include "platform/application.h"
 #include "platform/controls.h"
-#include "shell/application.h"
+#include "platform/guarded_application.h"
 #include "shell/pictures_init.h"
+#include "shell/screens.h"
 #include "support/data_folder.h"
 
 namespace torvane {
@@ -267,7 +267,7 @@ private:
 };
 
 int run(int argc, char** argv, unsigned seed, int steps, const std::string& folder) {
-    TorvaneApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     initPictures();
     Dice dice(seed);
     MonkeyHost host(folder, dice);
@@ -283,8 +283,8 @@ int run(int argc, char** argv, unsigned seed, int steps, const std::string& fold
         monkey.leave(pastTheGuard);
     });
     program.onLastWindowGone([&monkey] { monkey.leave(lastWindowGone); });
-    Application screens(program, files, false,
-                        [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
+    Screens screens(program, files, false,
+                    [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });
     return QApplication::exec();
 }

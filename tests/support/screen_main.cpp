@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <iostream>
 
-#include "platform/application.h"
+#include "platform/guarded_application.h"
 
 namespace {
 
@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
     for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) qunsetenv(folder);
-    torvane::TorvaneApplication application(argc, argv);
+    torvane::GuardedApplication application(argc, argv);
     const int failed = RUN_ALL_TESTS();
     if (!QFile::exists(home.filePath(QStringLiteral(".config")))) return failed;
     std::cerr << "a file of settings was left" << std::endl;

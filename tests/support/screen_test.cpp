@@ -1,5 +1,7 @@
 #include "support/screen_test.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
 #include <QAccessible>
 #include <QAction>
 #include <QDialog>
@@ -7,11 +9,14 @@
 #include <QHeaderView>
 #include <QPointer>
 #include <QTest>
+#include <QThreadPool>
 #include <QWindow>
+
+#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
-#include "platform/application.h"
+#include "platform/guarded_application.h"
 
 namespace torvane {
 
@@ -19,6 +24,7 @@ namespace {
 
 constexpr int patienceMs = 20000;
 constexpr int pollMs = 5;
+constexpr int failedStatus = 3;
 
 std::string nameOf(const QObject& object) {
     return object.objectName().isEmpty() ? object.metaObject()->className() : utf8(object.objectName());
@@ -54,8 +60,8 @@ QPoint rowCentre(ReportList& list, int row) {
     return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
 }
 
-TorvaneApplication& application() {
-    return *static_cast<TorvaneApplication*>(qApp);
+GuardedApplication& application() {
+    return *static_cast<GuardedApplication*>(qApp);
 }
 
 void focusOn(QWidget& control) {
@@ -183,20 +189,17 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds) {
 }
 
 ScreenTest::ScreenTest()
-    : host(utf8(directory.path())),
-      program(Environment{host, store}, [this](int status) { endStatus.push_back(status); }) {
-    program.setErrorBox([this](const RuntimeFailure& failure) { failure_ = failure; });
+    : host(utf8(directory.path())), program(Environment{host, store}, [this](int status) { leave(status); }) {
+    program.setErrorBox([this](const RuntimeFailure& failure) {
+        failure_ = failure;
+        whileFailureShows();
+    });
     application().setLastNet([this](const RuntimeFailure& failure) {
-        ADD_FAILURE() << "got past the event guard: " << failure.number() << " " << failure.text();
-        program.end(failure);
+        stop("got past the event guard: " + std::to_string(failure.number()) + " " + failure.text());
     });
     watchdog_.callOnTimeout([this] {
         const QWidget* top = QApplication::activeModalWidget();
-        ADD_FAILURE() << "the test hangs" << (top ? " in " + nameOf(*top) : "");
-        if (stopped_) std::_Exit(1);  // it could not even be stopped; what was printed tells which one
-        stopped_ = true;
-        unblock();
-        watchdog_.start(patienceMs / 4);
+        stop("the test hangs" + (top ? " in " + nameOf(*top) : std::string()));
     });
     watchdog_.start(patienceMs);
 }
@@ -205,12 +208,59 @@ ScreenTest::~ScreenTest() {
     application().setLastNet({});
 }
 
-// Leaves every modal window, and lets no handler run any more.
-void ScreenTest::unblock() {
-    program.end(RuntimeFailure{0, "the test was stopped"});
-    if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->reject();
+void ScreenTest::stop(const std::string& why) {
+    ADD_FAILURE() << why;
+    std::fflush(nullptr);
+    std::_Exit(failedStatus);
+}
+
+// The program's end. Only the process of endOf has one to tell of.
+void ScreenTest::leave(int status) {
+    const std::string texts[] = {std::to_string(failure_.number()), failure_.text(), failure_.refused(),
+                                 failure_.during()};
+    if (report_ < 0) stop("the program ended: " + texts[0] + " " + texts[1] + " " + texts[2]);
+    for (const std::string& text : texts)
+        if (::write(report_, text.c_str(), text.size() + 1) < 0) stop("the end can't be told");
+    host.verify();
+    std::fflush(nullptr);
+    std::_Exit(HasFailure() ? failedStatus : status);
+}
+
+RuntimeFailure ScreenTest::endOf(const std::function<void()>& act) {
+    int ends[2];
+    EXPECT_EQ(::pipe(ends), 0);
+    std::fflush(nullptr);
+    QThreadPool::globalInstance()->waitForDone();  // threads that paint would not be there in the child
+    const pid_t child = ::fork();
+    if (child == 0) {
+        report_ = ends[1];
+        ::alarm(patienceMs / 1000);
+        try {
+            act();
+            settle();
+        } catch (const std::exception& failure) {
+            stop(failure.what());
+        }
+        leave(0);
+    }
+    ::close(ends[1]);
+    std::vector<std::string> texts(1);
+    char sign = 0;
+    while (::read(ends[0], &sign, 1) == 1) {
+        if (sign == 0)
+            texts.emplace_back();
+        else
+            texts.back() += sign;
+    }
+    ::close(ends[0]);
+    int status = 0;
+    EXPECT_EQ(::waitpid(child, &status, 0), child);
+    texts.resize(4);
+    RuntimeFailure failure(texts[0].empty() ? wentOn : std::stoi(texts[0]), texts[1], texts[2]);
+    failure.setDuring(texts[3]);
+    EXPECT_TRUE(WIFEXITED(status)) << "it crashed";
+    EXPECT_EQ(WEXITSTATUS(status), failure.number() == wentOn ? 0 : 1);
+    return failure;
 }
 
 void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
@@ -227,28 +277,14 @@ void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
         try {
             run(*top);
         } catch (const std::exception& failure) {
-            ADD_FAILURE() << "while " << nameOf(*top) << " stood: " << failure.what();
-            unblock();
+            stop("while " + nameOf(*top) + " stood: " + failure.what());
         }
     });
     poll->start(pollMs);
 }
 
-std::optional<RuntimeFailure> ScreenTest::takeFailure() {
-    return std::exchange(failure_, std::nullopt);
-}
-
-std::optional<int> ScreenTest::takeFailureNumber() {
-    const auto failure = takeFailure();
-    return failure ? std::optional(failure->number()) : std::nullopt;
-}
-
 void ScreenTest::TearDown() {
     settle();
-    if (failure_) {
-        ADD_FAILURE() << "the program ended: " << failure_->number() << " " << failure_->text() << " "
-                      << failure_->refused();
-    }
     if (!waiting_.isEmpty()) ADD_FAILURE() << "a modal window that was waited for has not come";
     host.verify();
 }

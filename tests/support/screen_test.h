@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -67,9 +66,9 @@ void settle();
 // Runs events until the condition holds; false when it does not in time.
 bool waitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 
-// A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if the
-// program has ended with a failure that was not taken, an expected box has not come, a modal window that was waited for
-// has not come, an exception has got past the event guard, or the test hangs in a modal window.
+// A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if an
+// expected box has not come, or a modal window that was waited for. It fails at once, and nothing runs after it, if the
+// program ends, an exception gets past the event guard, or a modal window is never left.
 class ScreenTest : public ::testing::Test {
 protected:
     ScreenTest();
@@ -83,22 +82,24 @@ protected:
     // one has come. To act on one that opens from there, call it again inside.
     void whenModal(std::function<void(QWidget& top)> act);
 
-    // The failure that has ended the program, if one has; it counts as expected then.
-    std::optional<RuntimeFailure> takeFailure();
-    // Its number alone, or nothing.
-    std::optional<int> takeFailureNumber();
+    // What ends the program when this is done, in a process of its own that begins with all that there is now; what it
+    // writes to the disk is all that is left of it. A failure with the number `wentOn` when nothing does.
+    RuntimeFailure endOf(const std::function<void()>& act);
+    static constexpr int wentOn = -1;
+    // Runs there while the failure is shown.
+    std::function<void()> whileFailureShows = [] {};
 
     QTemporaryDir directory;
     TestHost host;
     Store store;
-    std::vector<int> endStatus;  // what the process would have left with; one entry once the program has ended
     Program program;
 
 private:
-    void unblock();
-    std::optional<RuntimeFailure> failure_;
+    [[noreturn]] void leave(int status);
+    [[noreturn]] void stop(const std::string& why);
+    RuntimeFailure failure_{wentOn, ""};
+    int report_ = -1;  // in the process of endOf: where it tells the failure
     QTimer watchdog_;
-    bool stopped_ = false;
     QList<QTimer*> waiting_;
 };
 

@@ -22,11 +22,11 @@
 #include <string>
 
 #include "assistant/animated_assistant.h"
-#include "platform/application.h"
 #include "platform/controls.h"
+#include "platform/guarded_application.h"
 #include "platform/qt_host.h"
-#include "shell/application.h"
 #include "shell/pictures_init.h"
+#include "shell/screens.h"
 
 namespace torvane {
 namespace {
@@ -56,7 +56,7 @@ QPalette darkColours() {
 
 class Tour {
 public:
-    Tour(Application& screens, QString folder) : screens_(screens), folder_(std::move(folder)) {}
+    Tour(Screens& screens, QString folder) : screens_(screens), folder_(std::move(folder)) {}
 
     void walk() {
         mainWindow();
@@ -460,7 +460,7 @@ private:
         click(screens_.help.window(), "cmdClose");
     }
 
-    Application& screens_;
+    Screens& screens_;
     QString folder_;
     std::string orderNo_;
     int number_ = 0;
@@ -471,7 +471,7 @@ private:
 
 int main(int argc, char** argv) {
     using namespace torvane;
-    TorvaneApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QStringList words = QCoreApplication::arguments();
     if (words.removeAll(QStringLiteral("--dark")) > 0) QApplication::setPalette(darkColours());
     if (words.removeAll(QStringLiteral("--large")) > 0) {
@@ -486,8 +486,8 @@ int main(int argc, char** argv) {
     FileSystem files;
     Program program({host, store}, leaveProcess);
     application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });
-    Application screens(program, files, false,
-                        [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
+    Screens screens(program, files, false,
+                    [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });
     QTimer::singleShot(0, &application, [&] {
         program.guarded([&] { Tour(screens, words.at(2)).walk(); });

@@ -350,7 +350,6 @@ void frmOrder::askMasterPrice(const TextBox& box, PricePart part, std::string_vi
     const Program::Doing doing(program(), "writing the price to the catalogue");
     ClsItem master(program().environment());
     (master.*update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
-    program().check();
 }
 
 void frmOrder::readItem(ClsItem& item) {

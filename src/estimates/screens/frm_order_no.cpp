@@ -27,7 +27,6 @@ void FrmOrderNo::cmdOk_Click() {
     const Program::Doing doing(program(), "looking for the estimate");
     orderScreen_.Order().OrderNo = strictInt32(ui().TxtGetOrderNo->Text());
     orderScreen_.Order().GetOrder();
-    program().check();
 }
 
 }  // namespace torvane

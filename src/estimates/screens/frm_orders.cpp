@@ -15,45 +15,40 @@ ClsOrder& frmOrders::Order() {
     return *order_;
 }
 
-ListSkeleton::Controls frmOrders::controls() {
-    return {ui().ListView1, ui().txtName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
-}
-
-std::vector<ListSkeleton::Column> frmOrders::columns() const {
-    return {{{"Estimate No", 1200}, "OrderNo"},
-            {{"Date", 1200}, "OrderDate"},
-            {{"Customer", 1200}, "CustName"},
-            {{"Amount", 960, true}, "Total"}};
+PagedList::Parts frmOrders::listParts() {
+    const auto read = [this](auto&&... page) { return Order().GetSearchOrders(page...); };
+    return {
+        .controls = [this]() -> PagedList::Controls {
+            return {ui().ListView1, ui().txtName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+        },
+        .columns = {{{"Estimate No", 1200}, "OrderNo"},
+                    {{"Date", 1200}, "OrderDate"},
+                    {{"Customer", 1200}, "CustName"},
+                    {{"Amount", 960, true}, "Total"}},
+        .data = [this]() -> const DataClass& { return Order(); },
+        .readAll = read,
+        .readSearched = read,
+        .rowTexts =
+            [this](const RowArray& rows, int row) {
+                return rowTexts(rows, row, {0, 1, 2, 4}, program().host().shortDate());
+            },
+        .notFound = "Estimate Not Found",
+        .keepsSelection = false,
+    };
 }
 
 void frmOrders::Form_Load() {
     order_.reset();  // the list's own object is new at each load
-    const auto click = [this](QAbstractButton* button, auto handler) {
-        on(*this, button, &QAbstractButton::clicked, handler);
-    };
-    click(ui().cmdSearch, [this] { cmdSearch_Click(); });
-    click(ui().CmdAll, [this] { CmdAll_Click(); });
-    click(ui().CmdPrev, [this] { CmdPrev_Click(); });
-    click(ui().CmdNext, [this] { CmdNext_Click(); });
-    click(ui().CmdSelect, [this] { CmdSelect_Click(); });
-    click(ui().cmdExit, [this] { Unload(); });
-    on(*this, ui().ListView1, &ReportList::DblClick, [this] { CmdSelect_Click(); });
-    on(*this, ui().ListView1, &ReportList::ColumnClick, [this](int column) { sortBy(column); });
+    onClicks<frmOrders>(*this, {{ui().cmdSearch, &frmOrders::cmdSearch_Click},
+                                {ui().CmdAll, &frmOrders::CmdAll_Click},
+                                {ui().CmdSelect, &frmOrders::CmdSelect_Click},
+                                {ui().cmdExit, &frmOrders::cmdExit_Click}});
+    on(*this, ui().ListView1, &ReportList::DblClick, &frmOrders::CmdSelect_Click);
     program().StartUp(*this);
     Order().SearchFld = "Orderno";
-    loadList("Orderno", 0);
+    list_.load("Orderno", 0);
     setCaption("Search Estimate");
     ui().txtName->setFocus();
-}
-
-std::optional<RowArray> frmOrders::readAllRows() {
-    return Order().GetSearchOrders(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::vector<std::string> frmOrders::rowTexts(const RowArray& rows, int row) {
-    const ShortDate& dates = program().host().shortDate();
-    return {textOrEmpty(rows(0, row)), textOrEmpty(rows(1, row), dates), textOrEmpty(rows(2, row)),
-            textOrEmpty(rows(4, row))};
 }
 
 void frmOrders::cmdSearch_Click() {
@@ -62,16 +57,15 @@ void frmOrders::cmdSearch_Click() {
         Order().SearchFld = "OrderNo";
     else if (ui().OptName->isChecked())
         Order().SearchFld = "CustName";
-    startSearch();
+    list_.startSearch();
 }
 
 void frmOrders::CmdSelect_Click() {
     if (ui().ListView1->RowCount() == 0) return;
     const Program::Doing doing(program(), "opening the estimate");
     orderScreen_.AddOrDelete = "E";
-    orderScreen_.Order().OrderNo = strictInt32(selectedKey());
+    orderScreen_.Order().OrderNo = strictInt32(list_.selectedKey());
     orderScreen_.Order().GetOrder();
-    program().check();
     Unload();
 }
 

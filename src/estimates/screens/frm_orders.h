@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "estimates/cls_order.h"
-#include "masters/screens/list_skeleton.h"
 #include "platform/form.h"
+#include "platform/paged_list.h"
 #include "ui_frm_orders.h"
 
 namespace torvane {
@@ -12,7 +12,7 @@ namespace torvane {
 class frmOrder;
 
 // The list of estimates: finds one by number or customer name and opens it for editing.
-class frmOrders : public FormOf<Ui::frmOrders>, public ListSkeleton {
+class frmOrders : public FormOf<Ui::frmOrders> {
 public:
     frmOrders(Program& program, frmOrder& order);
 
@@ -20,25 +20,19 @@ protected:
     void Form_Load() override;
 
 private:
-    Form& form() override { return *this; }
-    Controls controls() override;
-    std::vector<Column> columns() const override;
-    std::vector<Mode> modes() override { return {}; }
-    std::optional<RowArray> readAllRows() override;
-    std::optional<RowArray> readSearchedRows() override { return readAllRows(); }
-    std::vector<std::string> rowTexts(const RowArray& rows, int row) override;
-    std::int16_t pageSize() override { return Order().PageSize; }
-    std::int16_t recordCount() override { return Order().RecordCount; }
-    bool keepsSelection() const override { return false; }
-    std::string_view notFound() const override { return "Estimate Not Found"; }
+    PagedList::Parts listParts();
 
     // The list's own record, not the one of the estimate screen.
     ClsOrder& Order();
     void cmdSearch_Click();
+    void CmdAll_Click() { list_.showAll(); }
     void CmdSelect_Click();
+    void cmdExit_Click() { Unload(); }
 
     frmOrder& orderScreen_;
     std::unique_ptr<ClsOrder> order_;
+    const std::string mode_;  // there is but one
+    PagedList list_{*this, mode_, listParts()};
 };
 
 }  // namespace torvane

@@ -15,7 +15,20 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
     cmbParent.select(0);
 }
 
-CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), list_(list) {
+CatMast::CatMast(Program& program, frmCategory& list)
+    : FormOf(program, "CatMast"),
+      list_(list),
+      buttons_(*this, {
+                          .controls = [this]() -> EntryButtons::Controls {
+                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel};
+                          },
+                          .copyToRecord = [this] { copyToRecord(); },
+                          .validate = [this] { return Cat().Validate(); },
+                          .save = [this] { Cat().Save(); },
+                          .saved = "Category Saved",
+                          .ClearClass = [this] { ClearClass(); },
+                          .refreshList = [this] { list_.RefreshGrid(); },
+                      }) {
     setHelpContext(HelpContext::categoryForm);
 }
 
@@ -25,9 +38,7 @@ clsCategory& CatMast::Cat() {
 }
 
 void CatMast::Form_Load() {
-    on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
-    on(*this, ui().CmdSave, &QAbstractButton::clicked, [this] { CmdSave_Click(); });
-    on(*this, ui().CmdCancel, &QAbstractButton::clicked, [this] { CmdCancel_Click(); });
+    buttons_.connect();
     program().StartUp(*this);
     FillCatg(*ui().cmbParent, Cat());
     FillData();
@@ -47,10 +58,6 @@ void CatMast::ClearClass() {
     Cat().Catid = 0;
     Cat().Catname.clear();
     Cat().ParentCategory = 0;
-}
-
-void CatMast::refreshList() {
-    list_.RefreshGrid();
 }
 
 }  // namespace torvane

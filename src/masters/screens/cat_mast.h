@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "masters/cls_category.h"
-#include "masters/screens/entry_skeleton.h"
+#include "platform/entry_buttons.h"
 #include "platform/form.h"
 #include "ui_cat_mast.h"
 
@@ -15,7 +15,7 @@ class frmCategory;
 void FillCatg(DropList& cmbParent, clsCategory& categories);
 
 // Entry form of one category, shown modally over the category list, for editing alone.
-class CatMast : public FormOf<Ui::CatMast>, private EntrySkeleton {
+class CatMast : public FormOf<Ui::CatMast> {
 public:
     CatMast(Program& program, frmCategory& list);
 
@@ -27,20 +27,13 @@ protected:
     void Form_Unload() override { cat_.reset(); }
 
 private:
-    Form& form() override { return *this; }
-    QAbstractButton& applyButton() override { return *ui().CmdSave; }
-    QAbstractButton& okButton() override { return *ui().cmdOk; }
-    void copyToRecord() override;
-    bool validateRecord() override { return Cat().Validate(); }
-    void saveRecord() override { Cat().Save(); }
-    void ClearClass() override;
-    std::string_view savedText() const override { return "Category Saved"; }
-    void refreshList() override;
-
+    void copyToRecord();
+    void ClearClass();
     void FillData();
 
     frmCategory& list_;
     std::unique_ptr<clsCategory> cat_;
+    EntryButtons buttons_;
 };
 
 }  // namespace torvane

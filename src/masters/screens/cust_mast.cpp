@@ -7,7 +7,20 @@
 
 namespace torvane {
 
-CustMast::CustMast(Program& program, frmCustomer& list) : FormOf(program, "CustMast"), list_(list) {
+CustMast::CustMast(Program& program, frmCustomer& list)
+    : FormOf(program, "CustMast"),
+      list_(list),
+      buttons_(*this, {
+                          .controls = [this]() -> EntryButtons::Controls {
+                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
+                          },
+                          .copyToRecord = [this] { copyToRecord(); },
+                          .validate = [this] { return Cust().Validate(); },
+                          .save = [this] { Cust().Save(); },
+                          .saved = "Customer Saved",
+                          .ClearClass = [this] { ClearClass(); },
+                          .refreshList = [this] { list_.RefreshGrid(); },
+                      }) {
     setHelpContext(HelpContext::customerForm);
 }
 
@@ -17,13 +30,10 @@ ClsCustomer& CustMast::Cust() {
 }
 
 void CustMast::Form_Load() {
-    on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
-    on(*this, ui().CmdSave, &QAbstractButton::clicked, [this] { CmdSave_Click(); });
-    on(*this, ui().CmdCancel, &QAbstractButton::clicked, [this] { CmdCancel_Click(); });
-    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, [this] { cmdMainHelp_Click(); });
+    buttons_.connect();
     program().StartUp(*this);
     FillData();
-    openByMode(list_.Which, {ui().TxtCname}, {ui().Frame1, ui().Frame2});
+    buttons_.openByMode(list_.Which, {ui().TxtCname}, {ui().Frame1, ui().Frame2});
 }
 
 void CustMast::Form_Unload() {
@@ -74,10 +84,6 @@ void CustMast::ClearClass() {
          {&Cust().CustName, &Cust().BStreet1, &Cust().BStreet2, &Cust().BCity, &Cust().BZip, &Cust().BCountry,
           &Cust().BPhone, &Cust().BFax, &Cust().BMobile, &Cust().BEmail, &Cust().BUrl, &Cust().BCCNo})
         text->clear();
-}
-
-void CustMast::refreshList() {
-    list_.RefreshGrid();
 }
 
 }  // namespace torvane

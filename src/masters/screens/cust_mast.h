@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "masters/cls_customer.h"
-#include "masters/screens/entry_skeleton.h"
+#include "platform/entry_buttons.h"
 #include "platform/form.h"
 #include "ui_cust_mast.h"
 
@@ -12,7 +12,7 @@ namespace torvane {
 class frmCustomer;
 
 // Entry form of one customer, shown modally over the customer list.
-class CustMast : public FormOf<Ui::CustMast>, private EntrySkeleton {
+class CustMast : public FormOf<Ui::CustMast> {
 public:
     CustMast(Program& program, frmCustomer& list);
 
@@ -24,21 +24,14 @@ protected:
     void Form_Unload() override;
 
 private:
-    Form& form() override { return *this; }
-    QAbstractButton& applyButton() override { return *ui().CmdSave; }
-    QAbstractButton& okButton() override { return *ui().cmdOk; }
-    void copyToRecord() override;
-    bool validateRecord() override { return Cust().Validate(); }
-    void saveRecord() override { Cust().Save(); }
-    void ClearClass() override;
-    std::string_view savedText() const override { return "Customer Saved"; }
-    void refreshList() override;
-
+    void copyToRecord();
+    void ClearClass();
     void FillData();
     void FillState();
 
     frmCustomer& list_;
     std::unique_ptr<ClsCustomer> cust_;
+    EntryButtons buttons_;
 };
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "masters/screens/category_pick.h"
+#include "masters/screens/record_buttons.h"
 #include "platform/help_contexts.h"
 #include "values/numbers.h"
 
@@ -35,44 +36,53 @@ clsCategory& frmCategory::Cat() {
     return *cat_;
 }
 
-ListSkeleton::Controls frmCategory::controls() {
-    return {ui().ListView1, ui().txtCatName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
-}
-
-std::vector<ListSkeleton::Column> frmCategory::columns() const {
-    return {{{"Category ID", 0}, ""},
-            {{"Category Name", 2400}, "CatName"},
-            {{"No. Of Items", 1200, true}, "totitm"},
-            // By the parent's key, not by its name, which is what the column shows.
-            {{"Parent Category", 3600}, "ParentCategory"}};
-}
-
-std::vector<ListSkeleton::Mode> frmCategory::modes() {
-    return {{"A", "Add Category", ui().cmdAdd},
-            {"D", "Delete Category", ui().cmdDel},
-            {"E", "Edit Category", ui().CmdEdit},
-            {"S", "Select Category", ui().CmdSelect}};
+PagedList::Parts frmCategory::listParts() {
+    return {
+        .controls = [this]() -> PagedList::Controls {
+            return {ui().ListView1, ui().txtCatName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+        },
+        .columns = {{{"Category ID", 0}, ""},
+                    {{"Category Name", 2400}, "CatName"},
+                    {{"No. Of Items", 1200, true}, "totitm"},
+                    // By the parent's key, not by its name, which is what the column shows.
+                    {{"Parent Category", 3600}, "ParentCategory"}},
+        .modes = [this]() -> std::vector<PagedList::Mode> {
+            return {{"A", "Add Category", ui().cmdAdd},
+                    {"D", "Delete Category", ui().cmdDel},
+                    {"E", "Edit Category", ui().CmdEdit},
+                    {"S", "Select Category", ui().CmdSelect}};
+        },
+        .data = [this]() -> const DataClass& { return Cat(); },
+        .readAll = [this](auto&&... page) { return Cat().GetAllCategories(page...); },
+        .readSearched = [this](auto&&... page) { return Cat().GetSearchCategories(page...); },
+        .rowTexts = [this](const RowArray& rows, int row) { return rowTexts(rows, row); },
+        .notFound = "Category Not Found",
+        .offerToAdd = "Category Not Found : Would You Like To Add ? ",
+        .searchedByName = [] { return true; },
+        .add = [this] { cmdAdd_Click(); },
+    };
 }
 
 void frmCategory::Form_Load() {
     cat_.reset();  // the list's own object is new at each load
-    connectList(ui());
-    on(*this, ui().cmdHelp2, &QAbstractButton::clicked, [this] { cmdHelp2_Click(); });
+    onClicks<frmCategory>(*this, {{ui().cmdSearch, &frmCategory::cmdSearch_Click},
+                                  {ui().CmdAll, &frmCategory::CmdAll_Click},
+                                  {ui().cmdAdd, &frmCategory::cmdAdd_Click},
+                                  {ui().CmdEdit, &frmCategory::CmdEdit_Click},
+                                  {ui().cmdDel, &frmCategory::cmdDel_Click},
+                                  {ui().CmdSelect, &frmCategory::CmdSelect_Click},
+                                  {ui().cmdMainHelp, &frmCategory::cmdMainHelp_Click},
+                                  {ui().cmdHelp2, &frmCategory::cmdHelp2_Click},
+                                  {ui().cmdExit, &frmCategory::cmdExit_Click}});
+    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
     // No event opens it in this window.
-    addRelatedMenu({{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
+    addRelatedMenu(*this, list_,
+                   {{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
                     {"mnuRelSup", "View Related Suppliers", "Suppliers associated with "}});
     ui().lblExplain->setText(qstring(guidance(Which)));
     program().StartUp(*this);
-    loadList("CatName");
+    list_.load("CatName");
     FillCatg(*ui().cmbParent, Cat());
-}
-
-std::optional<RowArray> frmCategory::readAllRows() {
-    return Cat().GetAllCategories(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::optional<RowArray> frmCategory::readSearchedRows() {
-    return Cat().GetSearchCategories(Page, PageCount, FldName, AscOrDesc);
 }
 
 std::vector<std::string> frmCategory::rowTexts(const RowArray& rows, int row) {
@@ -109,7 +119,7 @@ void frmCategory::saveNew() {
     } else {
         program().say("Please enter Valid Data", "Inventory");
     }
-    refill();
+    list_.refill();
     ClearClass();
 }
 
@@ -130,28 +140,25 @@ void frmCategory::cmdAdd_Click() {
 
 void frmCategory::cmdSearch_Click() {
     Cat().Catname = ui().txtCatName->Text();
-    Page = 1;
-    SearchItem();
-    ui().txtCatName->setFocus();
-    ui().txtCatName->selectAll();
+    list_.startSearch();
 }
 
-void frmCategory::showEntryForm(std::int16_t key, std::string_view flag) {
+void frmCategory::showEntryForm(std::int16_t key) {
     catMast_.Cat().Catid = key;
     catMast_.Cat().GetCatg();
-    catMast_.Cat().AddEditDel = flag;
+    catMast_.Cat().AddEditDel = "E";
     catMast_.ShowModal();
 }
 
 void frmCategory::CmdEdit_Click() {
-    if (!hasRows()) return;
-    showEntryForm(selectedKey16(), "E");
-    refill();
+    if (!list_.hasRows()) return;
+    showEntryForm(list_.selectedKey16());
+    list_.refill();
 }
 
 void frmCategory::ListView1_DblClick() {
-    if (!hasRows()) return;
-    Cat().Catid = selectedKey16();
+    if (!list_.hasRows()) return;
+    Cat().Catid = list_.selectedKey16();
     Cat().GetCatg();
     Cat().AddEditDel = "E";
     ui().txtCatName->setText(Cat().Catname);
@@ -165,15 +172,10 @@ void frmCategory::ListView1_DblClick() {
     RefreshGrid();
 }
 
-void frmCategory::deleteRecord(std::int16_t key) {
-    Cat().Catid = key;
-    Cat().Delete();
-}
-
 void frmCategory::cmdDel_Click() {
-    if (!hasRows()) return;
-    const std::int16_t key = selectedKey16();
-    const std::string name = selectedName();
+    if (!list_.hasRows()) return;
+    const std::int16_t key = list_.selectedKey16();
+    const std::string name = list_.selectedName();
     Cat().Catid = key;
     if (Cat().GetTotalItems() > 0) {
         program().say(
@@ -181,18 +183,18 @@ void frmCategory::cmdDel_Click() {
             "Inventory");
     } else if (program().confirm("Are you sure you want to Delete ' " + name + " '", "Inventory")) {
         Cat().AddEditDel = "D";
-        deleteRecord(key);
+        Cat().Catid = key;
+        Cat().Delete();
     }
-    RefreshGrid();
-    ui().txtCatName->setText("");
-    enableSearch();
+    list_.RefreshGrid();
+    list_.clearSearch();
 }
 
 void frmCategory::CmdSelect_Click() {
     const Program::Doing doing(program(), "taking the selected category");
-    const std::int16_t key = selectedKey16();
+    const std::int16_t key = list_.selectedKey16();
     if (!pick_) fail(Failure::ObjectNotSet);
-    pick_->takeCategory(key, selectedName());
+    pick_->takeCategory(key, list_.selectedName());
     Unload();
 }
 

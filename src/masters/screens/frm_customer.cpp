@@ -19,46 +19,54 @@ ClsCustomer& frmCustomer::Cust() {
     return *cust_;
 }
 
-ListSkeleton::Controls frmCustomer::controls() {
-    return {ui().ListView1, ui().txtCustName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
-}
-
-std::vector<ListSkeleton::Column> frmCustomer::columns() const {
-    return {{{"Customer ID", 0}, ""},
-            {{"Customer Name", 1800}, "CustName"},
-            {{"City", 1200}, "BCity"},
-            {{"Phone", 1200}, "BPhone"},
-            {{"E-Mail Id", 2400}, "BEmail"}};
-}
-
-std::vector<ListSkeleton::Mode> frmCustomer::modes() {
-    return {{"A", "Add Customer", ui().cmdAdd},
-            {"C", "Copy Customer", ui().cmdCopy},
-            {"D", "Delete Customer", ui().cmdDel},
-            {"E", "Edit Customer", ui().CmdEdit},
-            {"S", "Select Customer", ui().CmdSelect}};
+PagedList::Parts frmCustomer::listParts() {
+    return {
+        .controls = [this]() -> PagedList::Controls {
+            return {ui().ListView1, ui().txtCustName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+        },
+        .columns = {{{"Customer ID", 0}, ""},
+                    {{"Customer Name", 1800}, "CustName"},
+                    {{"City", 1200}, "BCity"},
+                    {{"Phone", 1200}, "BPhone"},
+                    {{"E-Mail Id", 2400}, "BEmail"}},
+        .modes = [this]() -> std::vector<PagedList::Mode> {
+            return {{"A", "Add Customer", ui().cmdAdd},
+                    {"C", "Copy Customer", ui().cmdCopy},
+                    {"D", "Delete Customer", ui().cmdDel},
+                    {"E", "Edit Customer", ui().CmdEdit},
+                    {"S", "Select Customer", ui().CmdSelect}};
+        },
+        .data = [this]() -> const DataClass& { return Cust(); },
+        .readAll = [this](auto&&... page) { return Cust().GetAllCustomers(page...); },
+        .readSearched = [this](auto&&... page) { return Cust().GetSearchCustomers(page...); },
+        .rowTexts =
+            [](const RowArray& rows, int row) {
+                return rowTexts(rows, row, {0, 1, 2, 3, 4});
+            },
+        .notFound = "Customer Not Found",
+        .offerToAdd = "Customer Not Found : Would You Like To Add ? ",
+        .searchedByName = [this] { return ui().OptName->isChecked(); },
+        .add = [this] { cmdAdd_Click(); },
+    };
 }
 
 void frmCustomer::Form_Load() {
     cust_.reset();  // the list's own object is new at each load
-    connectList(ui());
+    onClicks<frmCustomer>(*this, {{ui().cmdSearch, &frmCustomer::cmdSearch_Click},
+                                  {ui().CmdAll, &frmCustomer::CmdAll_Click},
+                                  {ui().cmdAdd, &frmCustomer::cmdAdd_Click},
+                                  {ui().cmdCopy, &frmCustomer::cmdCopy_Click},
+                                  {ui().CmdEdit, &frmCustomer::CmdEdit_Click},
+                                  {ui().cmdDel, &frmCustomer::cmdDel_Click},
+                                  {ui().CmdSelect, &frmCustomer::CmdSelect_Click},
+                                  {ui().cmdMainHelp, &frmCustomer::cmdMainHelp_Click},
+                                  {ui().cmdExit, &frmCustomer::cmdExit_Click}});
+    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
     // There to be looked at: no event opens it in this window.
-    addRelatedMenu({{"mnuRelManf", "View Related Manufacturers", ""}, {"mnuRelCatg", "View Related Categories", ""}});
+    addRelatedMenu(*this, list_,
+                   {{"mnuRelManf", "View Related Manufacturers", ""}, {"mnuRelCatg", "View Related Categories", ""}});
     program().StartUp(*this);
-    loadList("CustName");
-}
-
-std::optional<RowArray> frmCustomer::readAllRows() {
-    return Cust().GetAllCustomers(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::optional<RowArray> frmCustomer::readSearchedRows() {
-    return Cust().GetSearchCustomers(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::vector<std::string> frmCustomer::rowTexts(const RowArray& rows, int row) {
-    return {textOrEmpty(rows(0, row)), textOrEmpty(rows(1, row)), textOrEmpty(rows(2, row)), textOrEmpty(rows(3, row)),
-            textOrEmpty(rows(4, row))};
+    list_.load("CustName");
 }
 
 void frmCustomer::cmdSearch_Click() {
@@ -72,7 +80,7 @@ void frmCustomer::cmdSearch_Click() {
                                       [](const auto& candidate) { return candidate.first->isChecked(); });
     if (option == std::end(options)) fail(Failure::ObjectNotSet);
     Cust().SearchFld = option->second;
-    startSearch();
+    list_.startSearch();
 }
 
 void frmCustomer::cmdAdd_Click() {
@@ -97,15 +105,15 @@ void frmCustomer::deleteRecord(std::int16_t key) {
 }
 
 void frmCustomer::ListView1_DblClick() {
-    if (Which != "S" || !hasRows()) return MasterList::ListView1_DblClick();
+    if (Which != "S" || !list_.hasRows()) return record_.doubleClick();
     CmdSelect_Click();
     Unload();
 }
 
 void frmCustomer::CmdSelect_Click() {
     const Program::Doing doing(program(), "taking the selected customer");
-    const std::int32_t key = strictInt32(selectedKey());
-    pick_.takeCustomer(key, selectedName());
+    const std::int32_t key = strictInt32(list_.selectedKey());
+    pick_.takeCustomer(key, list_.selectedName());
     Unload();
 }
 

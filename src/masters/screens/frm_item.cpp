@@ -18,53 +18,60 @@ ClsItem& frmItem::Item() {
     return *item_;
 }
 
-ListSkeleton::Controls frmItem::controls() {
-    return {ui().ListView1, ui().txtName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
-}
-
-std::vector<ListSkeleton::Column> frmItem::columns() const {
-    return {{{"ID", 0}, ""},
-            {{"Item #", 1800}, "Itemcode"},
-            {{"Item Name", 2400}, "ItemName"},
-            {{"Category", 1800}, "CatName"},
-            {{"Material", 1200, true}, "Material"},
-            {{"Quantity", 1200, true}, "Qty"},
-            // Not the unit's name, which is what the column shows.
-            {{"Unit", 1200}, "TU"}};
-}
-
-std::vector<ListSkeleton::Mode> frmItem::modes() {
-    return {{"A", "Add Item", ui().cmdAdd},
-            {"C", "Copy Item", ui().cmdCopy},
-            {"D", "Delete Item", ui().cmdDel},
-            {"E", "Edit Item", ui().CmdEdit},
-            {"S", "Select Item", ui().CmdSelect}};
+PagedList::Parts frmItem::listParts() {
+    return {
+        .controls = [this]() -> PagedList::Controls {
+            return {ui().ListView1, ui().txtName, ui().CmdPrev, ui().CmdNext, ui().LblRecords};
+        },
+        .columns = {{{"ID", 0}, ""},
+                    {{"Item #", 1800}, "Itemcode"},
+                    {{"Item Name", 2400}, "ItemName"},
+                    {{"Category", 1800}, "CatName"},
+                    {{"Material", 1200, true}, "Material"},
+                    {{"Quantity", 1200, true}, "Qty"},
+                    // Not the unit's name, which is what the column shows.
+                    {{"Unit", 1200}, "TU"}},
+        .modes = [this]() -> std::vector<PagedList::Mode> {
+            return {{"A", "Add Item", ui().cmdAdd},
+                    {"C", "Copy Item", ui().cmdCopy},
+                    {"D", "Delete Item", ui().cmdDel},
+                    {"E", "Edit Item", ui().CmdEdit},
+                    {"S", "Select Item", ui().CmdSelect}};
+        },
+        .data = [this]() -> const DataClass& { return Item(); },
+        .readAll = [this](auto&&... page) { return Item().GetAllItemsN(page...); },
+        .readSearched = [this](auto&&... page) { return Item().GetSearchItems(page...); },
+        .rowTexts =
+            [](const RowArray& rows, int row) {
+                return rowTexts(rows, row, {0, 5, 1, 2, 3, 4, 6});
+            },
+        .notFound = "Item Not Found",
+        .offerToAdd = "Item Not Found : Would You Like To Add ? ",
+        .searchedByName = [this] { return ui().OptName->isChecked(); },
+        .add = [this] { cmdAdd_Click(); },
+    };
 }
 
 void frmItem::Form_Load() {
     item_.reset();  // the list's own object is new at each load
-    connectList(ui());
-    QMenu& mnuRel = addRelatedMenu({{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
+    onClicks<frmItem>(*this, {{ui().cmdSearch, &frmItem::cmdSearch_Click},
+                              {ui().CmdAll, &frmItem::CmdAll_Click},
+                              {ui().cmdAdd, &frmItem::cmdAdd_Click},
+                              {ui().cmdCopy, &frmItem::cmdCopy_Click},
+                              {ui().CmdEdit, &frmItem::CmdEdit_Click},
+                              {ui().cmdDel, &frmItem::cmdDel_Click},
+                              {ui().CmdSelect, &frmItem::CmdSelect_Click},
+                              {ui().cmdMainHelp, &frmItem::cmdMainHelp_Click},
+                              {ui().cmdExit, &frmItem::cmdExit_Click}});
+    on(*this, ui().ListView1, &ReportList::DblClick, [this] { record_.doubleClick(); });
+    QMenu& mnuRel = addRelatedMenu(*this, list_,
+                                   {{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
                                     {"mnuRelCatg", "View Related Categories", "Categories associated with "}});
     on(*this, ui().ListView1, &ReportList::RightClick, [this, &mnuRel](const QPoint& pointer) {
         if (Which == "E") mnuRel.popup(pointer);
     });
     program().StartUp(*this);
-    loadList("ItemCode");
-}
-
-std::optional<RowArray> frmItem::readAllRows() {
-    return Item().GetAllItemsN(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::optional<RowArray> frmItem::readSearchedRows() {
-    return Item().GetSearchItems(Page, PageCount, FldName, AscOrDesc);
-}
-
-std::vector<std::string> frmItem::rowTexts(const RowArray& rows, int row) {
-    std::vector<std::string> texts;
-    for (const int column : {0, 5, 1, 2, 3, 4, 6}) texts.push_back(textOrEmpty(rows(column, row)));
-    return texts;
+    list_.load("ItemCode");
 }
 
 void frmItem::cmdSearch_Click() {
@@ -76,7 +83,7 @@ void frmItem::cmdSearch_Click() {
         Item().SearchFld = field;
         break;
     }
-    startSearch();
+    list_.startSearch();
 }
 
 void frmItem::cmdAdd_Click() {

@@ -11,7 +11,20 @@
 namespace torvane {
 
 ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
-    : FormOf(program, "ItemMast"), list_(list), categories_(categories) {
+    : FormOf(program, "ItemMast"),
+      list_(list),
+      categories_(categories),
+      buttons_(*this, {
+                          .controls = [this]() -> EntryButtons::Controls {
+                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
+                          },
+                          .copyToRecord = [this] { copyToRecord(); },
+                          .validate = [this] { return Item().Validate(); },
+                          .save = [this] { Item().Save(); },
+                          .saved = " Item Saved",
+                          .ClearClass = [this] { ClearClass(); },
+                          .refreshList = [this] { list_.RefreshGrid(); },
+                      }) {
     setHelpContext(HelpContext::itemForm);
     categories_.setPick(*this);
 }
@@ -34,15 +47,12 @@ void ItemMast::Form_Load() {
     on(*this, ui().CmbCat, &DropList::Click, [this] { Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData()); });
     on(*this, ui().cmdAddCat, &QAbstractButton::clicked, [this] { cmdAddCat_Click(); });
     on(*this, ui().CmdSelCat, &QAbstractButton::clicked, [this] { openCategories("S"); });
-    on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
-    on(*this, ui().CmdSave, &QAbstractButton::clicked, [this] { CmdSave_Click(); });
-    on(*this, ui().CmdCancel, &QAbstractButton::clicked, [this] { CmdCancel_Click(); });
-    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, [this] { cmdMainHelp_Click(); });
+    buttons_.connect();
     program().StartUp(*this);
     FillCatg();
     FillUnits();
     FillData();
-    openByMode(list_.Which, {ui().txtCode, ui().TxtName}, {ui().Frame1});
+    buttons_.openByMode(list_.Which, {ui().txtCode, ui().TxtName}, {ui().Frame1});
 }
 
 void ItemMast::Form_Unload() {
@@ -126,10 +136,6 @@ void ItemMast::ClearClass() {
     Item().UnitId = 0;
     Item().Material = Item().Labor = Item().SubLabor = Item().Equipment = Item().qty = 0;
     for (std::string* text : {&Item().Itemcode, &Item().Itemname, &Item().TU}) text->clear();
-}
-
-void ItemMast::refreshList() {
-    list_.RefreshGrid();
 }
 
 }  // namespace torvane

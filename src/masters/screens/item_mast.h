@@ -6,7 +6,7 @@
 #include "masters/cls_item.h"
 #include "masters/cls_master.h"
 #include "masters/screens/category_pick.h"
-#include "masters/screens/entry_skeleton.h"
+#include "platform/entry_buttons.h"
 #include "platform/form.h"
 #include "ui_item_mast.h"
 
@@ -16,7 +16,7 @@ class frmCategory;
 class frmItem;
 
 // Entry form of one item, shown modally over the item list.
-class ItemMast : public FormOf<Ui::ItemMast>, public CategoryPick, private EntrySkeleton {
+class ItemMast : public FormOf<Ui::ItemMast>, public CategoryPick {
 public:
     ItemMast(Program& program, frmItem& list, frmCategory& categories);
 
@@ -31,16 +31,8 @@ protected:
     void Form_Unload() override;
 
 private:
-    Form& form() override { return *this; }
-    QAbstractButton& applyButton() override { return *ui().CmdSave; }
-    QAbstractButton& okButton() override { return *ui().cmdOk; }
-    void copyToRecord() override;
-    bool validateRecord() override { return Item().Validate(); }
-    void saveRecord() override { Item().Save(); }
-    void ClearClass() override;
-    std::string_view savedText() const override { return " Item Saved"; }
-    void refreshList() override;
-
+    void copyToRecord();
+    void ClearClass();
     void FillCatg();
     void FillUnits();
     void FillData();
@@ -53,6 +45,7 @@ private:
     std::unique_ptr<clsCategory> category_;
     std::unique_ptr<clsMaster> units_;
     bool categoriesFilled_ = false;
+    EntryButtons buttons_;
 };
 
 }  // namespace torvane

@@ -79,7 +79,6 @@ void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write 
     const std::string title = caption();
     const auto name = program().host().askSaveName(title + utf8(endings.front()),
                                                    std::string(kind) + " (*" + utf8(endings.join(" *")) + ")");
-    program().check();
     if (!name) return;
     const bool ended = std::ranges::any_of(
         endings, [&](const QString& ending) { return qstring(*name).endsWith(ending, Qt::CaseInsensitive); });
@@ -96,7 +95,6 @@ void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write 
         return !dialog.wasCanceled();
     });
     dialog.reset();
-    program().check();
     if (result == Exported::Done) program().say("The report was written to " + file, title);
     if (result == Exported::Failed) program().say(notWritten(file), title);
 }
@@ -112,7 +110,6 @@ void ReportWindow::print() {
     dialog.setFromTo(1, pages_->pageCount());
     dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
     const bool accepted = runOverFront(dialog) == QDialog::Accepted;
-    program().check();
     if (!accepted || !loaded() || printReport(*pages_, printer, page_) == Exported::Done) return;
     const std::string file = utf8(printer.outputFileName());
     program().say(

@@ -9,11 +9,11 @@ namespace torvane {
 
 // The application object. Its notify() is the last net under the event guard: an exception that gets here has passed a
 // handler that was not connected with `on`. It goes no further, since it would end the process in the midst of Qt.
-class TorvaneApplication : public QApplication {
+class GuardedApplication : public QApplication {
     Q_OBJECT
 public:
     // Sets the style, that the process does not end by itself with its last window, and that no dialog keeps settings.
-    TorvaneApplication(int& argc, char** argv);
+    GuardedApplication(int& argc, char** argv);
     // What to do with what was caught; main() ends the program with it.
     void setLastNet(std::function<void(const RuntimeFailure&)> caught) { caught_ = std::move(caught); }
     bool notify(QObject* receiver, QEvent* event) override;

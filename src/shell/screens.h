@@ -26,9 +26,9 @@
 namespace torvane {
 
 // The one instance of each screen, put together. main() makes one, and so does each test of whole journeys.
-struct Application {
-    Application(Program& program, FileSystem& files, bool previousInstance,
-                std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
+struct Screens {
+    Screens(Program& program, FileSystem& files, bool previousInstance,
+            std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
     frmHelp help;
     frmAbout about;

@@ -1,4 +1,4 @@
-#include "platform/application.h"
+#include "platform/guarded_application.h"
 
 #include <QSettings>
 
@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-TorvaneApplication::TorvaneApplication(int& argc, char** argv) : QApplication(argc, argv) {
+GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
     // The toolkit's dialogs keep what they were last asked in a file of the user's, and read folders from it that may
     // not answer. Below what is no folder there is no such file.
@@ -15,7 +15,7 @@ TorvaneApplication::TorvaneApplication(int& argc, char** argv) : QApplication(ar
     applyStyle(*this);
 }
 
-bool TorvaneApplication::notify(QObject* receiver, QEvent* event) {
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
     const auto caught = [this](const RuntimeFailure& failure) {
         if (caught_) caught_(failure);
         return false;
@@ -24,8 +24,6 @@ bool TorvaneApplication::notify(QObject* receiver, QEvent* event) {
         return QApplication::notify(receiver, event);
     } catch (const RuntimeFailure& failure) {
         return caught(failure);
-    } catch (const Ended&) {
-        return caught(RuntimeFailure{0, "a handler outside the event guard met the end of the program"});
     } catch (const std::exception& failure) {
         return caught(RuntimeFailure{0, failure.what()});
     }

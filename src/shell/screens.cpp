@@ -1,9 +1,9 @@
-#include "shell/application.h"
+#include "shell/screens.h"
 
 namespace torvane {
 
-Application::Application(Program& program, FileSystem& files, bool previousInstance,
-                         std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
+Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
+                 std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : help(program),
       about(program),
       reports(program),
@@ -22,21 +22,8 @@ Application::Application(Program& program, FileSystem& files, bool previousInsta
       category(program),
       item(program, category),
       master(program),
-      mainMenu(program,
-               Screens{order,
-                       orders,
-                       orderNo,
-                       blank,
-                       customer,
-                       category,
-                       item,
-                       master,
-                       reportPrompt,
-                       reports,
-                       help,
-                       about,
-                       {&calculators1, &calculators2, &calculators3, &calculators4}},
-               files, previousInstance, std::move(loadAssistant)) {
+      mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {
+    help.setHelpFile(program.host().programDirectory() + "/LARKFENVERSION2.HLP");
     program.setHelp([this](int context) { help.showPage(context); });
     scientific.setAbout([this] { about.Show(); });
     order.setCustomerList(customer);

@@ -1,0 +1,64 @@
+#include "platform/entry_buttons.h"
+
+#include <QAbstractButton>
+
+#include "platform/form.h"
+
+namespace torvane {
+
+EntryButtons::EntryButtons(Form& form, Parts parts) : form_(form), parts_(std::move(parts)) {}
+
+void EntryButtons::connect() {
+    const Controls controls = parts_.controls();
+    on(form_, controls.cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
+    on(form_, controls.CmdSave, &QAbstractButton::clicked, [this] { CmdSave_Click(); });
+    on(form_, controls.CmdCancel, &QAbstractButton::clicked, [this] { CmdCancel_Click(); });
+    if (!controls.cmdMainHelp) return;
+    on(form_, controls.cmdMainHelp, &QAbstractButton::clicked, [this] {
+        form_.program().speakHelp(
+            "Once you enter all the data, press 'Ok' button to save the record and close. 'Cancel' button closes the "
+            "window without saving. 'Apply' button saves your data but does not close the window.");
+    });
+}
+
+void EntryButtons::openByMode(const std::string& which, std::initializer_list<QWidget*> names,
+                              std::initializer_list<QWidget*> frames) {
+    const bool viewing = which == "DE" || which == "D" || which == "AE";
+    const bool editing = which == "EE" || which == "E";
+    const bool adding = which == "C" || which == "A";
+    if (viewing) {
+        parts_.controls().CmdSave->setVisible(false);
+        parts_.controls().cmdOk->setVisible(false);
+    }
+    if (viewing || editing)
+        for (QWidget* widget : names) widget->setEnabled(editing);
+    if (viewing || editing || adding)
+        for (QWidget* widget : frames) widget->setEnabled(!viewing);
+}
+
+void EntryButtons::CmdSave_Click() {
+    const Program::Doing doing(form_.program(), "saving the record");
+    parts_.copyToRecord();
+    if (!parts_.validate()) {
+        form_.program().say("Please enter Valid Data", "Inventory");
+        return;
+    }
+    parts_.save();
+    form_.program().say(parts_.saved, "Inventory");
+    parts_.ClearClass();
+    // Nothing enables Apply again while the form lives.
+    parts_.controls().CmdSave->setEnabled(false);
+}
+
+void EntryButtons::cmdOk_Click() {
+    if (parts_.controls().CmdSave->isEnabled()) CmdSave_Click();
+    parts_.refreshList();
+    form_.Unload();
+}
+
+void EntryButtons::CmdCancel_Click() {
+    parts_.ClearClass();
+    form_.Unload();
+}
+
+}  // namespace torvane

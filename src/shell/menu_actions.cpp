@@ -1,0 +1,83 @@
+#include "shell/menu_actions.h"
+
+#include "shell/backup.h"
+#include "shell/menu_tree.h"
+#include "shell/screens.h"
+
+namespace torvane {
+
+namespace {
+
+// A list in a mode: "A" add, "E" edit, "D" delete.
+template <class List>
+std::function<void()> open(List& list, const char* which) {
+    return [&list, which] {
+        list.Which = which;
+        list.Show();
+    };
+}
+
+std::function<void()> openNames(frmMaster& master, const char* table) {
+    return [&master, table] {
+        master.MastertableName = table;
+        master.Show();
+    };
+}
+
+void openCalculator(CalculatorWindow& window, const CalculatorEntry& calculator) {
+    // With the conversions the empty window comes first, so that it stands behind the program that is started.
+    if (calculator.showsFirst) window.Show();
+    window.Which = calculator.Which;
+    window.Showframe();
+    if (!calculator.showsFirst) window.Show();
+}
+
+}  // namespace
+
+std::vector<MenuAction> menuActions(Screens& screens, FileSystem& files) {
+    const auto leave = [&screens] { screens.mainMenu.Unload(); };
+    std::vector<MenuAction> actions{
+        {"mnuExport", [&screens, &files] { takeBackup(screens.mainMenu.program().environment(), files); }},
+        {"mnuImport", [&screens, &files] { restoreBackup(screens.mainMenu.program().environment(), files); }},
+        {"mnuClose", leave},
+        {"mnuExit", leave},
+        {"SubMnuAddCat", open(screens.category, "A")},
+        {"SubMnuEditCat", open(screens.category, "E")},
+        {"SubMnuDelCat", open(screens.category, "D")},
+        {"SubMnuAddItem", open(screens.item, "A")},
+        {"SubMnuEditItem", open(screens.item, "E")},
+        {"SubMnuDelItem", open(screens.item, "D")},
+        {"SubMnuAddCust", open(screens.customer, "A")},
+        {"SubMnuEditCust", open(screens.customer, "E")},
+        {"SubMnuDelCust", open(screens.customer, "D")},
+        {"mnuRooms", openNames(screens.master, "Rooms")},
+        {"mnuUnits", openNames(screens.master, "Units")},
+        {"mnuNewEstimate",
+         [&screens] {
+             screens.order.AddOrDelete = "A";
+             screens.order.Show();
+         }},
+        {"mnuEditEstimate", [&screens] { screens.orders.Show(); }},
+        {"mnuDelEstimate",
+         [&screens] {
+             screens.order.AddOrDelete = "D";
+             screens.orderNo.setCaption("Delete Order");
+             screens.orderNo.Show();
+         }},
+        {"mnuBlank", [&screens] { screens.blank.Show(); }},
+        {"mnusalesrpt", [&screens] { screens.reportPrompt.Show(); }},
+        {"mnucustrpt", [&screens] { screens.reports.showCustomers(); }},
+        {"mnuHelpContents", [&screens] { screens.help.showContents(); }},
+        {"mnuHelpSearch", [&screens] { screens.help.showSearch(); }},
+        {"mnuHelpAbout", [&screens] { screens.about.Show(); }},
+    };
+    for (const CalculatorEntry& calculator : calculatorEntries()) {
+        CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
+                                            &screens.calculators4};
+        CalculatorWindow& window = *groups[calculator.group - 1];
+        actions.push_back({calculator.entry, [&window, &calculator] { openCalculator(window, calculator); }});
+    }
+    return actions;
+}
+
+}  // namespace torvane
