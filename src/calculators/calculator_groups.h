@@ -9,10 +9,10 @@ namespace torvane {
 
 enum class TabOpens { Panel, Conversions, Scientific };
 
-// A tab of a calculator window. Several tabs may show the same panel.
+// A tab of a calculator window. Tabs with the same panel show one and the same, with what stands in it.
 struct CalculatorTab {
     std::string_view caption;
-    std::string_view frame;  // of the panel; empty where the tab shows none
+    MakePanel panel;  // null where the tab shows none
     TabOpens opens = TabOpens::Panel;
     std::string_view toolTip = {};
 };
@@ -24,12 +24,6 @@ struct CalculatorGroup {
     std::span<const CalculatorTab> tabs;
     int helpContext = 0;
 };
-const CalculatorGroup& calculatorGroup1();
-const CalculatorGroup& calculatorGroup2();
-const CalculatorGroup& calculatorGroup3();
-const CalculatorGroup& calculatorGroup4();
-
-// The panel with this frame; null when there is none.
-const Panel* findPanel(std::string_view frame);
+std::span<const CalculatorGroup, 4> calculatorGroups();
 
 }  // namespace torvane

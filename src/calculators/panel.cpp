@@ -2,26 +2,49 @@
 
 #include <cmath>
 
+#include "values/failure.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-double PanelTexts::value(std::string_view box) const {
-    return lenientNumber(text(box));
+Control::Control(Frame& in, ControlFace face) : ControlFace(std::move(face)), panel(in.panel_), frame(in.inner_) {
+    panel.controls_.push_back(this);
 }
 
-void PanelTexts::write(std::string_view box, double value) {
-    setText(box, generalText(finite(value)));
+Box::operator double() const {
+    return lenientNumber(panel.desk->text(*this));
 }
 
-void PanelTexts::writeRounded(std::string_view box, double value, int places) {
-    setText(box, generalText(roundHalfEven(finite(value), places)));
+Box& Box::operator=(double value) {
+    panel.desk->setText(*this, generalText(finite(value)));
+    return *this;
 }
 
-void PanelTexts::raise(std::string_view box, int parts) {
-    const double x = value(box);
-    const double whole = std::floor(x);
-    if (whole < x) write(box, whole + std::ceil((x - whole) * parts) / parts);
+Box& Box::operator=(Raised result) {
+    *this = result.value;
+    const double written = *this;
+    const double whole = std::floor(written);
+    if (whole < written) *this = whole + std::ceil((written - whole) * result.parts) / result.parts;
+    return *this;
+}
+
+const ListEntry* List::selected() const {
+    const int index = panel.desk->selected(*this);
+    return index < 0 ? nullptr : &entries[static_cast<std::size_t>(index)];
+}
+
+int List::itemData() const {
+    const ListEntry* entry = selected();
+    if (!entry) fail(Failure::Subscript);
+    return entry->itemData;
+}
+
+Option::operator bool() const {
+    return panel.desk->isSet(*this);
+}
+
+void Frame::add(ControlFace face) {
+    panel_.withoutMember_.emplace_back(*this, std::move(face));
 }
 
 }  // namespace torvane

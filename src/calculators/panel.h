@@ -1,85 +1,187 @@
 #pragma once
 
+#include <deque>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace torvane {
 
-// A calculator panel is data: a table of controls and the functions behind its buttons. The window draws any panel from
-// its table and knows none by name.
+// A calculator panel is a struct. Its boxes, lists, options and buttons are members in the order of Tab, each with its
+// name, its label and its place, and the formulas stand behind the buttons. They take boxes as numbers:
+//
+//     squares = raised(area / 100);
+//
+// A number is read from the text in its box, so a later step calculates with what an earlier one wrote, rounded as it
+// is shown. The window draws any panel and knows none by name.
 
-// What a formula reads and writes: the texts and choices of a panel's controls, by name. Later steps read what earlier
-// steps wrote, as text.
-class PanelTexts {
-public:
-    virtual ~PanelTexts() = default;
-    virtual std::string text(std::string_view box) const = 0;
-    virtual void setText(std::string_view box, std::string_view text) = 0;
-    // Entry selected in a list, from 0; -1 when none is.
-    virtual int listIndex(std::string_view list) const = 0;
-    // Number of the selected entry; Failure::Subscript when none is.
-    virtual int itemData(std::string_view list) const = 0;
-    // Whether an option or a check box is set.
-    virtual bool isSet(std::string_view option) const = 0;
-
-    // The lenient reading of a box: 0 for an empty one.
-    double value(std::string_view box) const;
-    // General form; a result beyond the range of a double is Failure::Overflow.
-    void write(std::string_view box, double value);
-    // Rounded half to even first.
-    void writeRounded(std::string_view box, double value, int places);
-    // Raises the box to the next whole number, or to the next 1/parts, by the text that stands in it: no tolerance.
-    void raise(std::string_view box, int parts = 1);
-};
-
-enum class PanelKind {
+enum class ControlKind {
     Heading,  // a text over the boxes of its column
     Label,    // a text without a box; in the cell of an option it stands before the option
     Input,
-    // cell
     Result,  // read-only, in the colour of results
     List,
     Option,  // exclusive among the options of its panel
     Check,
-    Button,  // computes; Enter in a box presses the next button of the table
-    Help,    // speaks `label`
-    Frame,   // a captioned frame; the rows that name it in `frame` stand inside, on a grid of its own
+    Button,  // computes; Enter in a box presses the next button of the panel
+    Help,    // speaks its label
+    Frame,   // a captioned frame inside the panel, with a grid of its own
     Rule,    // a line across the panel
 };
 
-struct PanelEntry {
+class Frame;
+class Panel;
+
+struct ListEntry {
     std::string_view text;
     int itemData = 0;
+    double factor = 0;  // what it stands for in a formula, where that is not its item data
 };
 
-// One control. A cell of the panel's grid, at `row` and `column`, is a label, a box and a unit behind it. The order of
-// the table is the order of Tab.
-struct PanelControl {
-    PanelKind kind = PanelKind::Label;
-    std::string_view name;   // of the control; empty for headings, plain labels and rules
-    std::string_view label;  // before the box; caption of an option, a check box, a button or a frame; the spoken text
-    int row = 0;
-    int column = 0;
-    std::string_view unit = {};                // behind the box
-    std::string_view prefix = {};              // between label and box: "$"
-    std::string_view start = {};               // text at the start; "set" for an option that is set, "first" for a
-                                               // list that is set to its first entry each time its panel is shown
-    std::span<const PanelEntry> entries = {};  // of a list
-    std::string_view frame = {};               // the inner frame in which it stands; empty: the panel itself
-    void (*compute)(PanelTexts&) = nullptr;    // of a button
+// What a control shows and does. A cell of the grid, at `row` and `column`, is a label, a box and a unit behind it.
+struct ControlFace {
+    ControlKind kind;
+    std::string name;   // empty for headings, plain labels and rules
+    std::string label;  // before the box; caption of an option, a button or a frame; the spoken text
+    int row;
+    int column;
+    std::string unit = {};                    // behind the box
+    std::span<const ListEntry> entries = {};  // of a list
+    std::function<void()> compute = {};       // of a button
+    std::string prefix = {};                  // between label and box: "$"
+    std::string start = {};                   // text of a box at the start
+    bool setAtStart = false;                  // of an option
+    bool opensOnFirst = false;                // of a list: set to its first entry each time its panel is shown
 };
 
-struct Panel {
-    std::string_view frame;    // frmTab1 and so on
-    std::string_view caption;  // of the frame; may be empty
-    std::span<const PanelControl> controls;
+struct Control : ControlFace {
+    Control(Frame& in, ControlFace face);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Panel& panel;
+    const Control* const frame;  // the inner frame in which it stands; null: the panel itself
 };
 
-// Every panel, by trade.
-std::span<const Panel> masonryPanels();
-std::span<const Panel> framingPanels();
-std::span<const Panel> finishesPanels();
-std::span<const Panel> siteWorkPanels();
+// To be written, and then raised by the text in the box, without a tolerance: to the next whole number, or to the next
+// 1/parts.
+struct Raised {
+    double value;
+    int parts;
+};
+constexpr Raised raised(double value, int parts = 1) {
+    return {value, parts};
+}
+
+// A text box, as the number in it.
+struct Box : Control {
+    using Control::Control;
+    // The lenient reading: 0 for an empty box.
+    operator double() const;
+    // In the general form. Failure::Overflow beyond the range of a double, the box then unchanged.
+    Box& operator=(double value);
+    Box& operator=(Raised result);
+};
+
+struct List : Control {
+    using Control::Control;
+    // The selected entry; null when none is.
+    const ListEntry* selected() const;
+    // Its number; Failure::Subscript when none is selected.
+    int itemData() const;
+};
+
+// An option or a check box: whether it is set.
+struct Option : Control {
+    using Control::Control;
+    explicit operator bool() const;
+};
+
+struct Button : Control {
+    using Control::Control;
+};
+
+// Makes the controls of a panel, or of a frame inside one. Those that a formula never asks for need no member: they
+// stand behind the members.
+class Frame {
+public:
+    Frame(Panel& panel, const Control* inner) : panel_(panel), inner_(inner) {}
+    Frame(const Frame&) = delete;
+    Frame& operator=(const Frame&) = delete;
+
+    using Text = const std::string&;
+    Box input(Text name, Text label, int row, int column, Text unit = "") {
+        return {*this, {ControlKind::Input, name, label, row, column, unit}};
+    }
+    Box result(Text name, Text label, int row, int column, Text unit = "") {
+        return {*this, {ControlKind::Result, name, label, row, column, unit}};
+    }
+    List list(Text name, Text label, int row, int column, std::span<const ListEntry> entries) {
+        return {*this, {ControlKind::List, name, label, row, column, "", entries}};
+    }
+    Option option(Text name, Text caption, int row, int column) {
+        return {*this, {ControlKind::Option, name, caption, row, column}};
+    }
+    Option check(Text name, Text caption, int row, int column) {
+        return {*this, {ControlKind::Check, name, caption, row, column}};
+    }
+    Button button(Text name, Text caption, int row, int column, std::function<void()> compute) {
+        return {*this, {ControlKind::Button, name, caption, row, column, "", {}, std::move(compute)}};
+    }
+    void heading(Text text, int row, int column) { add({ControlKind::Heading, "", text, row, column}); }
+    void label(Text text, int row, int column) { add({ControlKind::Label, "", text, row, column}); }
+    void rule(int row) { add({ControlKind::Rule, "", "", row, 0}); }
+    void help(Text name, int row, int column, Text spoken) { add({ControlKind::Help, name, spoken, row, column}); }
+
+private:
+    friend struct Control;
+    void add(ControlFace face);
+
+    Panel& panel_;
+    const Control* inner_;
+};
+
+// A frame inside a panel.
+struct InnerFrame : Control, Frame {
+    InnerFrame(Frame& in, Text frameName, Text caption, int atRow, int atColumn)
+        : Control(in, {ControlKind::Frame, frameName, caption, atRow, atColumn}), Frame(panel, this) {}
+};
+
+// What stands in the controls of a panel at the moment.
+class PanelDesk {
+public:
+    virtual ~PanelDesk() = default;
+    virtual std::string text(const Box& box) const = 0;
+    virtual void setText(const Box& box, std::string_view text) = 0;
+    // Index of the selected entry; -1 when none is.
+    virtual int selected(const List& list) const = 0;
+    virtual bool isSet(const Option& option) const = 0;
+};
+
+// Derived structs are made where they stay: their controls know them by address.
+class Panel : public Frame {
+public:
+    Panel(Text frameName, Text frameCaption, int help)
+        : Frame(*this, nullptr), frame(frameName), caption(frameCaption), helpContext(help) {}
+    virtual ~Panel() = default;
+    // In the order of Tab.
+    const std::vector<const Control*>& controls() const { return controls_; }
+
+    const std::string frame;    // frmTab1 and so on
+    const std::string caption;  // of the frame; may be empty
+    const int helpContext;
+    PanelDesk* desk = nullptr;  // to be set before a formula runs
+
+private:
+    friend struct Control;
+    friend class Frame;
+    std::vector<const Control*> controls_;
+    std::deque<Control> withoutMember_;
+};
+
+using MakePanel = std::unique_ptr<Panel> (*)();
 
 }  // namespace torvane

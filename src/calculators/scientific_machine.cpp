@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "values/failure.h"
+#include "values/letters.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -25,11 +26,14 @@ constexpr double cubeLimit = 1290;
 constexpr double exponentLimit = 700;
 constexpr std::int32_t largestFactorial = 12;
 
-std::string withSignInFront(std::string text) {
-    const bool negative = text.front() == '-';
-    const std::size_t first = negative ? 1 : 0;
-    if (text.compare(first, 2, "0.") == 0) text.erase(first, 1);
-    return negative ? text : " " + text;
+// The signed form of a number: a blank in front, or the minus sign, and no zero before the point; else as generalText
+// (15 significant digits, 7 for a float). 0.5 is " .5", -0.5 is "-.5", 0 is " 0".
+template <class Number>
+std::string signedText(Number value) {
+    std::string text = generalText(value);
+    if (text.front() != '-') text.insert(0, 1, ' ');
+    if (text.compare(1, 2, "0.") == 0) text.erase(1, 1);
+    return text;
 }
 
 std::int32_t truncated(double value) {
@@ -41,6 +45,19 @@ double quotient(double dividend, double divisor) {
     return finite(dividend / divisor);
 }
 
+double arithmetic(Operator operation, double a, double b) {
+    switch (operation) {
+        case plus:
+            return finite(a + b);
+        case minus:
+            return finite(a - b);
+        case times:
+            return finite(a * b);
+        default:
+            return quotient(a, b);
+    }
+}
+
 double remainderOf(double dividend, double divisor) {
     const std::int64_t whole = narrowToInt32(dividend);
     const std::int64_t by = narrowToInt32(divisor);
@@ -49,24 +66,6 @@ double remainderOf(double dividend, double divisor) {
 }
 
 }  // namespace
-
-std::string signedText(double value) {
-    return withSignInFront(generalText(value));
-}
-
-std::string signedText(float value) {
-    return withSignInFront(generalText(value));
-}
-
-// A linear congruential generator modulo 2^24, the step of a float below 1: a - 1 divisible by 4 and c odd give the
-// full period.
-float RandomNumbers::next() {
-    constexpr std::uint32_t factor = 0x6A4C35;
-    constexpr std::uint32_t step = 0x3D0B71;
-    constexpr std::uint32_t mask = 0xFFFFFF;
-    state_ = (state_ * factor + step) & mask;
-    return static_cast<float>(state_) / static_cast<float>(mask + 1);
-}
 
 void ScientificMachine::Form_Load() {
     desk_.clearClipboard();
@@ -101,7 +100,7 @@ void ScientificMachine::Command2(int index) {
     const double y = value();
     if (y == 0) return;
     if (index == equals || !opPressed) {
-        carryOut(y);
+        accumulator = carriedOut(y);
         show(accumulator);
         entering = false;
     }
@@ -111,51 +110,45 @@ void ScientificMachine::Command2(int index) {
 }
 
 // `y` is never 0.
-void ScientificMachine::carryOut(double y) {
+double ScientificMachine::carriedOut(double y) {
     switch (pendingOp) {
         case plus:
-            accumulator = finite(y + accumulator);
-            break;
         case minus:
-            accumulator = finite(accumulator - y);
-            break;
         case divide:
-            accumulator = quotient(accumulator, y);
-            break;
         case times:
-            accumulator = finite(y * accumulator);
-            break;
+            return arithmetic(static_cast<Operator>(pendingOp), accumulator, y);
         case combinations:
-            combine(y, false);
-            break;
-        case remainder:
-            accumulator = remainderOf(accumulator, y);
-            break;
         case permutations:
-            combine(y, true);
-            break;
+            return combined(y);
+        case remainder:
+            return remainderOf(accumulator, y);
         case toThePower:
-            raise(y);
-            break;
+            return raised(y);
         default:  // equals
-            break;
+            return accumulator;
     }
 }
 
-void ScientificMachine::combine(double y, bool order) {
+double ScientificMachine::combined(double y) {
     std::int32_t r = truncated(y);
     std::int32_t n = truncated(lenientNumber(generalText(accumulator)));
-    if (n < r || n < 1 || r < 0) return say("ILLEGAL  ENTRIES  of  N ,R ");
+    if (n < r || n < 1 || r < 0) {
+        say("ILLEGAL  ENTRIES  of  N ,R ");
+        return accumulator;
+    }
     std::int32_t d = n - r;
     double divisor = fact(d);
-    if (!order) divisor *= fact(r);
-    accumulator = quotient(fact(n), divisor);
+    if (pendingOp == combinations) divisor *= fact(r);
+    return quotient(fact(n), divisor);
 }
 
-void ScientificMachine::raise(double y) {
-    if (accumulator == 0) return say("ILLEGAL.  INVALIED ENTRIES");
+double ScientificMachine::raised(double y) {
+    if (accumulator == 0) {
+        say("ILLEGAL.  INVALIED ENTRIES");
+        return accumulator;
+    }
     std::int32_t n = truncated(y);
-    accumulator = power(accumulator, n);
+    return power(accumulator, n);
 }
 
 void ScientificMachine::clearEntry() {
@@ -164,29 +157,19 @@ void ScientificMachine::clearEntry() {
     opPressed = entering = pointEntered = false;
 }
 
-void ScientificMachine::Command3() {
-    setText1(" 0");
-}
-
 void ScientificMachine::Command4() {
     clearEntry();
     memoryValue = 0;
     savedCount = 0;
     desk_.clearClipboard();
-    setText1(" 0");
+    Command3();
 }
 
 void ScientificMachine::Command11() {
-    std::string rest = Text1;
-    // A character may be typed that takes several bytes.
-    constexpr unsigned continuationMask = 0xC0;
-    constexpr unsigned continuation = 0x80;
-    while (!rest.empty()) {
-        const auto last = static_cast<unsigned char>(rest.back());
-        rest.pop_back();
-        if ((last & continuationMask) != continuation) break;
-    }
-    setText1(rest);
+    std::size_t end = Text1.size();
+    // A character may be typed that takes several bytes: all but its first begin with the bits 10.
+    while (end > 1 && (static_cast<unsigned char>(Text1[end - 1]) & 0xC0U) == 0x80U) --end;
+    setText1(Text1.substr(0, end == 0 ? 0 : end - 1));
 }
 
 // --- Functions of the number on display ------------------------------------------------------------------------------
@@ -203,8 +186,8 @@ void ScientificMachine::Command5(int index) {
             return show(quotient(std::sin(x * angleFactor), std::cos(x * angleFactor)));
         case 5:
             return show(std::atan(x) / angleFactor);
-        default:  // the arc sine and the arc cosine
-            break;
+        default:  // nothing behind the arc sine and the arc cosine
+            return;
     }
 }
 
@@ -250,10 +233,6 @@ void ScientificMachine::logarithm(std::string_view refusal, double divisor) {
     show(std::log(value()) / divisor);
 }
 
-void ScientificMachine::Command14() {
-    show(value() * -1);
-}
-
 void ScientificMachine::Option2(int index) {
     constexpr double factors[] = {pi / halfTurnInDegrees, 1, pi / halfTurnInGrads};
     angleFactor = factors[index];
@@ -269,28 +248,16 @@ void ScientificMachine::Command9(int index) {
 // --- Memory and saved list -------------------------------------------------------------------------------------------
 
 void ScientificMachine::Command7(int index) {
+    constexpr Operator operations[] = {plus, minus, times, divide};
     const double y = value();
-    switch (index) {
-        case 0:
-            memoryValue = finite(y + memoryValue);
-            break;
-        case 1:
-            memoryValue = finite(memoryValue - y);
-            break;
-        case 2:
-            memoryValue = finite(y * memoryValue);
-            break;
-        case 3:
-            if (y == 0) return say("ILLEGAL. DIVIDE 0 ERROR ");
-            memoryValue = quotient(memoryValue, y);
-            break;
-        case 4:
-            show(memoryValue);
-            accumulator = value();
-            break;
-        default:
-            memoryValue = 0;
-            break;
+    if (index == 3 && y == 0) return say("ILLEGAL. DIVIDE 0 ERROR ");
+    if (index < 4) {
+        memoryValue = arithmetic(operations[index], memoryValue, y);
+    } else if (index == 4) {
+        show(memoryValue);
+        accumulator = value();
+    } else {
+        memoryValue = 0;
     }
 }
 
@@ -356,40 +323,33 @@ std::int32_t ScientificMachine::fact(std::int32_t& n) {
 // --- Keys ------------------------------------------------------------------------------------------------------------
 
 bool ScientificMachine::KeyPress(char character) {
-    constexpr std::string_view digits = "0123456789.";
-    constexpr std::string_view operators = "+-/*=";
-    const auto passOn = [&](std::size_t index, void (ScientificMachine::*handler)(int)) {
-        desk_.beep();
-        keyIndex = static_cast<std::int16_t>(index);
-        (this->*handler)(keyIndex);
+    constexpr std::string_view keys = "0123456789.+-/*=";
+    constexpr std::size_t digits = 11;  // with the point; then come operators
+    const std::size_t at = keys.find(character);
+    const char letter = lower(character);
+    if (at == std::string_view::npos && letter != 'c' && letter != 'd') return false;
+    desk_.beep();
+    if (at != std::string_view::npos) {
+        keyIndex = static_cast<std::int16_t>(at % digits);
+        at < digits ? Command1(keyIndex) : Command2(keyIndex);
         return true;
-    };
-    if (const auto index = digits.find(character); index != std::string_view::npos)
-        return passOn(index, &ScientificMachine::Command1);
-    if (const auto index = operators.find(character); index != std::string_view::npos)
-        return passOn(index, &ScientificMachine::Command2);
-    switch (character) {
-        case 'C':
-        case 'c':
-            desk_.beep();
-            desk_.beep();
-            clearEntry();
-            setText1(" 0");
-            return true;
-        case 'D':
-        case 'd':
-            desk_.beep();
-            setText1(" 0");
-            return true;
-        default:
-            return false;
     }
+    if (letter == 'c') {
+        desk_.beep();
+        clearEntry();
+    }
+    Command3();
+    return true;
 }
 
 // --- Texts -----------------------------------------------------------------------------------------------------------
 
 double ScientificMachine::value() const {
     return lenientNumber(Text1);
+}
+
+void ScientificMachine::show(double result) {
+    setText1(signedText(result));
 }
 
 void ScientificMachine::setText1(std::string text) {

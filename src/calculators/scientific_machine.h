@@ -7,21 +7,6 @@
 
 namespace torvane {
 
-// The signed form of a number: a blank in front, or the minus sign, and no zero before the point; else as generalText
-// (15 significant digits, 7 for a float). 0.5 is " .5", -0.5 is "-.5", 0 is " 0". Failure::Overflow for an infinite or
-// undefined value.
-std::string signedText(double value);
-std::string signedText(float value);
-
-// Pseudo-random numbers, the same sequence from each new one.
-class RandomNumbers {
-public:
-    float next();  // from 0 up to, and without, 1
-
-private:
-    std::uint32_t state_ = 0x2B7E5D;
-};
-
 // What the scientific calculator asks of the window around it. Texts are UTF-8.
 class CalculatorDesk {
 public:
@@ -37,7 +22,7 @@ public:
 };
 
 // The scientific calculator without its window: a text machine with one pending operator. The number on display is the
-// text of Text1, read leniently by every operation and written back in the signed form. Handlers bear the names of the
+// text of Text1, read leniently by every operation and written back in a signed form. Handlers bear the names of the
 // button arrays, the argument is the index of the button. What the rules test is said in a box, and the display stays;
 // Failure::Overflow comes from any result beyond the range of a double, and from a whole number that needs more than 32
 // bits. A failure leaves what was written before it.
@@ -48,19 +33,19 @@ public:
     // Clears the clipboard and selects degrees, with their coarse factor.
     void Form_Load();
 
-    void Command1(int index);   // digits, point, "00"
-    void Command2(int index);   // operators and "="; %: Failure::DivisionByZero, as ncr and npr
-    void Command3();            // "C"
-    void Command4();            // "AC"; clears the clipboard, too
-    void Command5(int index);   // trigonometry; nothing for 3 and 4
-    void Command6(int index);   // functions of the rounded number; root of one below 0: Failure::InvalidCall
-    void Command7(int index);   // memory
-    void Command8(int index);   // saved list; push on a full one: Failure::Subscript
-    void Command9(int index);   // constants
-    void Command10(int index);  // logarithms, exponential
-    void Command11();           // "Back"
-    void Command14();           // change of sign
-    void Option2(int index);    // degrees, radians, grads
+    void Command1(int index);             // digits, point, "00"
+    void Command2(int index);             // operators and "="; %: Failure::DivisionByZero, as ncr and npr
+    void Command3() { setText1(" 0"); }   // "C"
+    void Command4();                      // "AC"; clears the clipboard, too
+    void Command5(int index);             // trigonometry; nothing for 3 and 4
+    void Command6(int index);             // functions of the rounded number; root of one below 0: Failure::InvalidCall
+    void Command7(int index);             // memory
+    void Command8(int index);             // saved list; push on a full one: Failure::Subscript
+    void Command9(int index);             // constants
+    void Command10(int index);            // logarithms, exponential
+    void Command11();                     // "Back"
+    void Command14() { show(-value()); }  // change of sign
+    void Option2(int index);              // degrees, radians, grads
 
     // A character key, before the control with the focus gets it. True when it was one of the calculator's.
     bool KeyPress(char character);
@@ -99,13 +84,14 @@ public:
 
 private:
     double value() const;  // of Text1
-    void show(double result) { setText1(signedText(result)); }
+    void show(double result);
     void say(std::string_view message) { desk_.say(message); }
     void setLabel1(std::string text);
     void clearEntry();  // what "AC" and the key C have in common
-    void carryOut(double y);
-    void combine(double y, bool order);
-    void raise(double y);
+    // What the pending operator makes of the accumulator.
+    double carriedOut(double y);
+    double combined(double y);
+    double raised(double y);
     void logarithm(std::string_view refusal, double divisor);
 
     CalculatorDesk& desk_;

@@ -175,20 +175,20 @@ std::optional<long double> read(std::string_view text, const Unit& unit) {
     return std::nullopt;
 }
 
-std::string write(long double amount, const Unit& unit, const Wish& wish) {
+std::string write(long double amount, const Unit& unit, const ResultForm& form) {
     const auto value = static_cast<double>(amount / unit.factor + unit.zero);
     switch (unit.notation) {
         case Temperature:
             // Beside the zero of a scale the last digits of the text are noise.
             return writeNumber(roundHalfEven(value, 10));
         case FeetInches:
-            return writeFeetInches(value, wish.denominator);
+            return writeFeetInches(value, form.denominator);
         case Angle:
             return writeNumber(static_cast<double>(std::atan(amount) / unit.factor));
         case Ratio:
             return writeRatio(value);
         case Lumber:
-            return writePiece(value, readPiece(wish.standing).value_or(Piece{}));
+            return writePiece(value, readPiece(form.replaced).value_or(Piece{}));
         case Number:
             break;
     }
@@ -201,9 +201,9 @@ std::span<const Category> categories() {
     return all;
 }
 
-std::string converted(std::string_view text, const Unit& from, const Unit& to, const Wish& wish) {
+std::string converted(std::string_view text, const Unit& from, const Unit& to, const ResultForm& form) {
     const auto amount = read(text, from);
-    return amount ? write(*amount, to, wish) : std::string();
+    return amount ? write(*amount, to, form) : std::string();
 }
 
 }  // namespace torvane

@@ -35,14 +35,14 @@ struct Category {
 
 std::span<const Category> categories();
 
-// What is asked besides the units of one category.
-struct Wish {
+// How a result is to be written.
+struct ResultForm {
     int denominator = 16;            // of the fractions of an inch
-    std::string_view standing = {};  // the text that the result is to take the place of: its size of lumber is kept
+    std::string_view replaced = {};  // the text whose place the result takes: its size of lumber stays
 };
 
 // The text of the same amount in another unit of the category; empty when the text can't be understood, or when the
 // other unit has no such amount (a ratio for no slope, an angle of 90 degrees, numbers beyond the range of a double).
-std::string converted(std::string_view text, const Unit& from, const Unit& to, const Wish& wish = {});
+std::string converted(std::string_view text, const Unit& from, const Unit& to, const ResultForm& form = {});
 
 }  // namespace torvane

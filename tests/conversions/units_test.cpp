@@ -90,7 +90,7 @@ TEST(Conversions, Units) {
     };
     for (const Row& row : rows) check(row);
     const Unit& piece = unit("Board feet", "Inches x inches x feet");
-    EXPECT_EQ(converted("20", unit("Board feet", "Board feet"), piece, {.standing = "2 x 6 x 14"}), "2 x 6 x 20");
+    EXPECT_EQ(converted("20", unit("Board feet", "Board feet"), piece, {.replaced = "2 x 6 x 14"}), "2 x 6 x 20");
 }
 
 TEST(Conversions, FeetAndInches) {

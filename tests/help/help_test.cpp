@@ -86,14 +86,13 @@ TEST_F(HelpTest, TheContentsHoldEachPageOnce) {
 }
 
 TEST_F(HelpTest, EachCalculatorHasAPageThatNamesIt) {
-    for (const CalculatorGroup* group :
-         {&calculatorGroup1(), &calculatorGroup2(), &calculatorGroup3(), &calculatorGroup4()}) {
-        EXPECT_NE(book->pageOf(group->helpContext), book->contentsPage()) << group->helpContext;
-        const QString groupPage = QString::fromUtf8(book->data(book->pageOf(group->helpContext)));
-        for (const CalculatorTab& tab : group->tabs) {
+    for (const CalculatorGroup& group : calculatorGroups()) {
+        EXPECT_NE(book->pageOf(group.helpContext), book->contentsPage()) << group.helpContext;
+        const QString groupPage = QString::fromUtf8(book->data(book->pageOf(group.helpContext)));
+        for (const CalculatorTab& tab : group.tabs) {
             EXPECT_TRUE(groupPage.contains(qstring(tab.caption))) << tab.caption;
-            if (tab.opens != TabOpens::Panel) continue;
-            const QUrl page = book->pageOf(100 + qstring(tab.frame.substr(6)).toInt());
+            if (!tab.panel) continue;
+            const QUrl page = book->pageOf(tab.panel()->helpContext);
             EXPECT_NE(page, book->contentsPage()) << tab.caption;
             EXPECT_TRUE(QString::fromUtf8(book->data(page)).contains(qstring(tab.caption), Qt::CaseInsensitive))
                 << tab.caption;

@@ -1,9 +1,9 @@
 #include "calculators/screens/calculator_window.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
 #include <QVBoxLayout>
-#include <charconv>
 
 #include "calculators/screens/panel_view.h"
 #include "calculators/screens/tab_strip.h"
@@ -16,32 +16,6 @@ namespace {
 constexpr std::string_view howToTransfer =
     "You can transfer any of the totals you want by Copying the desired total here and pasting in your bid sheet. Use "
     "Windows Copy-Paste command for the same. Shortcut key for Copy is {Ctrl+C} and for Paste is {Ctrl+V}";
-
-// Help pages of panels are numbered from 100 by their frames: frmTab12 has 112.
-int helpContextOf(std::string_view frame) {
-    constexpr std::string_view before = "frmTab";
-    int number = 0;
-    std::from_chars(frame.data() + before.size(), frame.data() + frame.size(), number);
-    return 100 + number;
-}
-
-// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
-class PanelStack : public QWidget {
-public:
-    using QWidget::QWidget;
-    QSize sizeHint() const override {
-        QSize size;
-        for (const QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-            size = size.expandedTo(panel->sizeHint());
-        return size;
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
-protected:
-    void resizeEvent(QResizeEvent*) override {
-        for (QWidget* panel : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) panel->setGeometry(rect());
-    }
-};
 
 }  // namespace
 
@@ -58,31 +32,39 @@ void CalculatorWindow::build(QWidget& window) {
         Which = static_cast<std::int16_t>(TabStrip1_->selectedIndex());
         Showframe();
     });
-    auto* stack = new PanelStack;
-    addPanels(*stack);
+    QWidget* panels = makePanels();
     // The window opens large enough for every panel; on a small screen it can be made smaller.
     auto* area = new QScrollArea(&window);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(stack);
+    area->setWidget(panels);
     auto* layout = new QVBoxLayout(&window);
     layout->addWidget(TabStrip1_);
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
-    area->setMinimumSize(stack->sizeHint());
+    area->setMinimumSize(panels->sizeHint());
     window.resize(layout->sizeHint());
     area->setMinimumSize(0, 0);
 }
 
-void CalculatorWindow::addPanels(QWidget& stack) {
+// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
+QWidget* CalculatorWindow::makePanels() {
+    auto* panels = new QWidget;
+    auto* cell = new QGridLayout(panels);
+    cell->setContentsMargins(0, 0, 0, 0);
     for (const CalculatorTab& tab : group_.tabs) {
-        const Panel* panel = findPanel(tab.frame);
-        if (!panel || panels_.contains(panel->frame)) continue;
-        auto* view = new PanelView(*this, *panel, &stack);
+        if (!tab.panel || panels_.contains(tab.panel)) continue;
+        auto* view = new PanelView(*this, tab.panel(), panels);
+        QSizePolicy policy = view->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        view->setSizePolicy(policy);
         view->hide();
-        panels_.emplace(panel->frame, view);
+        cell->addWidget(view, 0, 0);
+        panels_.emplace(tab.panel, view);
     }
+    panels->setMinimumSize(panels->sizeHint());
+    return panels;
 }
 
 QWidget* CalculatorWindow::foot(QWidget* parent) {
@@ -127,21 +109,21 @@ void CalculatorWindow::Showframe() {
 }
 
 void CalculatorWindow::Unloadall() {
-    for (const auto& [frame, panel] : panels_) panel->hide();
+    for (const auto& [make, panel] : panels_) panel->hide();
 }
 
 void CalculatorWindow::openTab(const CalculatorTab& tab) {
-    PanelView& panel = *panels_.at(tab.frame);
+    PanelView& panel = *panels_.at(tab.panel);
     panel.setShownAs(tab.caption);
     panel.selectFirstEntries();
     panel.show();
-    setHelpContext(helpContextOf(tab.frame));
+    setHelpContext(panel.helpContext());
 }
 
 // --- Group 1 ---------------------------------------------------------------------------------------------------------
 
 frmCalculators::frmCalculators(Program& program, Form& scientific, CalculatorWindow& group2, CalculatorWindow& group3)
-    : CalculatorWindow(program, calculatorGroup1()), scientific_(scientific), group2_(group2), group3_(group3) {}
+    : CalculatorWindow(program, calculatorGroups()[0]), scientific_(scientific), group2_(group2), group3_(group3) {}
 
 void frmCalculators::Form_Load() {
     program().StartUp(*this);
@@ -157,19 +139,10 @@ void frmCalculators::Unloadall() {
 }
 
 void frmCalculators::openTab(const CalculatorTab& tab) {
-    switch (tab.opens) {
-        case TabOpens::Panel:
-            CalculatorWindow::openTab(tab);
-            break;
-        case TabOpens::Conversions: {
-            const Program::Doing doing(program(), "starting the conversions program");
-            program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
-            break;
-        }
-        case TabOpens::Scientific:
-            scientific_.Show(*this);
-            break;
-    }
+    if (tab.opens == TabOpens::Panel) return CalculatorWindow::openTab(tab);
+    if (tab.opens == TabOpens::Scientific) return scientific_.Show(*this);
+    const Program::Doing doing(program(), "starting the conversions program");
+    program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
 }
 
 }  // namespace torvane

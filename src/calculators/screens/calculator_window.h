@@ -33,12 +33,12 @@ protected:
     virtual void openTab(const CalculatorTab& tab);
 
 private:
-    void addPanels(QWidget& stack);
+    QWidget* makePanels();
     QWidget* foot(QWidget* parent);
 
     const CalculatorGroup& group_;
     TabStrip* TabStrip1_ = nullptr;
-    std::map<std::string_view, PanelView*> panels_;  // by the name of the frame
+    std::map<MakePanel, PanelView*> panels_;
 };
 
 // Group 1: its tabs also open the scientific calculator and the conversions program, and each change of its panel, as

@@ -7,53 +7,31 @@
 #include <algorithm>
 
 #include "platform/controls.h"
-#include "values/failure.h"
 
 namespace torvane {
 
 namespace {
 
-// A cell of the table's grid takes five columns of the layout.
+// A cell of the panel's grid takes five columns of the layout.
 enum Part { labelPart, prefixPart, boxPart, unitPart, gapPart, partsInACell };
 
 constexpr int digitsTyped = 10;
 constexpr int digitsOfAResult = 17;  // with its point, and the space around it
 constexpr QRgb resultColour = qRgb(255, 255, 192);
 
-bool standsAlone(PanelKind kind) {
-    return kind == PanelKind::Button || kind == PanelKind::Help || kind == PanelKind::Option ||
-           kind == PanelKind::Check || kind == PanelKind::Heading;
-}
-
-QLabel* labelOf(const QString& text, QWidget& control) {
-    auto* label = new QLabel(text, control.parentWidget());
-    label->setBuddy(&control);
-    return label;
-}
-
-QString joined(std::initializer_list<std::string_view> words) {
-    QStringList parts;
-    for (const std::string_view word : words)
-        if (const QString part = qstring(word).simplified(); !part.isEmpty()) parts.append(part);
-    return parts.join(' ');
-}
-
 }  // namespace
 
-template <class Control>
-Control& PanelView::control(std::string_view name) const {
-    auto* found = findChild<Control*>(qstring(name));
-    if (!found) fail(Failure::ObjectNotSet, name);
-    return *found;
-}
-
-PanelView::PanelView(Form& form, const Panel& panel, QWidget* parent) : QGroupBox(parent), form_(form), panel_(panel) {
-    setObjectName(qstring(panel.frame));
-    setTitle(qstring(panel.caption));
+PanelView::PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent)
+    : QGroupBox(parent), form_(form), panel_(std::move(panel)) {
+    panel_->desk = this;
+    setObjectName(qstring(panel_->frame));
+    setTitle(qstring(panel_->caption));
     new QGridLayout(this);
-    for (const PanelControl& control : panel.controls) {
-        made_.push_back(add(control));
-        place(control, *made_.back());
+    for (const Control* control : panel_->controls()) {
+        QWidget* made = make(*control, gridOf(control->frame).parentWidget());
+        made->setObjectName(qstring(control->name));
+        widgets_.emplace(control, made);
+        place(*control);
     }
     pressOnEnter();
     for (QGridLayout* grid : findChildren<QGridLayout*>()) {
@@ -62,196 +40,192 @@ PanelView::PanelView(Form& form, const Panel& panel, QWidget* parent) : QGroupBo
     }
 }
 
-// --- Building --------------------------------------------------------------------------------------------------------
+// --- Making widgets --------------------------------------------------------------------------------------------------
 
-QGridLayout& PanelView::gridOf(std::string_view frame) {
-    const QWidget& in = frame.empty() ? *this : control<QGroupBox>(frame);
-    return *static_cast<QGridLayout*>(in.layout());
+QGridLayout& PanelView::gridOf(const Control* frame) const {
+    return *static_cast<QGridLayout*>(frame ? widgets_.at(frame)->layout() : layout());
 }
 
-QWidget* PanelView::add(const PanelControl& control) {
-    QWidget* const parent = gridOf(control.frame).parentWidget();
+QWidget* PanelView::make(const Control& control, QWidget* parent) {
     const QString caption = qstring(control.label);
-    QWidget* made = nullptr;
     switch (control.kind) {
-        case PanelKind::Heading:
-        case PanelKind::Label:
-            made = new QLabel(caption, parent);
-            break;
-        case PanelKind::Input:
-        case PanelKind::Result:
-            made = addBox(control, parent);
-            break;
-        case PanelKind::List:
-            made = addList(control, parent);
-            break;
-        case PanelKind::Option: {
+        case ControlKind::Heading:
+        case ControlKind::Label:
+            return new QLabel(caption, parent);
+        case ControlKind::Input:
+        case ControlKind::Result:
+            return makeBox(control, parent);
+        case ControlKind::List:
+            return makeList(control, parent);
+        case ControlKind::Option: {
             auto* option = new QRadioButton(caption, parent);
-            option->setChecked(control.start == "set");
-            made = option;
-            break;
+            option->setChecked(control.setAtStart);
+            return option;
         }
-        case PanelKind::Check:
-            made = new QCheckBox(caption, parent);
-            break;
-        case PanelKind::Button:
-            made = addButton(control, parent);
-            break;
-        case PanelKind::Help:
-            made = addHelp(control, parent);
-            break;
-        case PanelKind::Frame:
-            made = new QGroupBox(caption, parent);
-            new QGridLayout(made);
-            break;
-        case PanelKind::Rule: {
+        case ControlKind::Check:
+            return new QCheckBox(caption, parent);
+        case ControlKind::Button:
+            return makeButton(control, parent);
+        case ControlKind::Help:
+            return makeHelp(control, parent);
+        case ControlKind::Frame: {
+            auto* frame = new QGroupBox(caption, parent);
+            new QGridLayout(frame);
+            return frame;
+        }
+        case ControlKind::Rule: {
             auto* rule = new QFrame(parent);
             rule->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-            made = rule;
-            break;
+            return rule;
         }
     }
-    made->setObjectName(qstring(control.name));
+    return nullptr;
+}
+
+QWidget* PanelView::makeBox(const Control& box, QWidget* parent) const {
+    auto* made = new TextBox(parent);
+    made->setText(box.start);
+    made->setAlignment(Qt::AlignRight);
+    made->setFixedWidth(made->fontMetrics().horizontalAdvance('0') * digitsIn(box));
+    made->setAccessibleName(spokenName(box));
+    if (box.kind == ControlKind::Result) {
+        made->setReadOnly(true);
+        QPalette colours = made->palette();
+        colours.setColor(QPalette::Base, QColor(resultColour));
+        colours.setColor(QPalette::Text, Qt::black);
+        made->setPalette(colours);
+    }
     return made;
 }
 
-TextBox* PanelView::addBox(const PanelControl& control, QWidget* parent) {
-    auto* box = new TextBox(parent);
-    box->setText(control.start);
-    box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance('0') * digitsIn(control));
-    box->setAccessibleName(spokenName(control));
-    if (control.kind == PanelKind::Result) {
-        box->setReadOnly(true);
-        QPalette colours = box->palette();
-        colours.setColor(QPalette::Base, QColor(resultColour));
-        colours.setColor(QPalette::Text, Qt::black);
-        box->setPalette(colours);
-    }
-    return box;
-}
-
 // Boxes of a column stand in line: all are as wide as the widest.
-int PanelView::digitsIn(const PanelControl& control) const {
-    const bool wide = std::ranges::any_of(panel_.controls, [&control](const PanelControl& other) {
-        return other.frame == control.frame && other.column == control.column &&
-               (other.kind == PanelKind::Result || other.kind == PanelKind::List);
+int PanelView::digitsIn(const Control& box) const {
+    const bool wide = std::ranges::any_of(panel_->controls(), [&box](const Control* other) {
+        return other->frame == box.frame && other->column == box.column &&
+               (other->kind == ControlKind::Result || other->kind == ControlKind::List);
     });
     return wide ? digitsOfAResult : digitsTyped;
 }
 
-QWidget* PanelView::addList(const PanelControl& control, QWidget* parent) {
-    auto* list = new DropList(parent);
-    for (const PanelEntry& entry : control.entries) list->AddItem(entry.text, entry.itemData);
-    list->setAccessibleName(spokenName(control));
-    return list;
+QWidget* PanelView::makeList(const Control& list, QWidget* parent) const {
+    auto* made = new DropList(parent);
+    for (const ListEntry& entry : list.entries) made->AddItem(entry.text, entry.itemData);
+    made->setAccessibleName(spokenName(list));
+    return made;
 }
 
-QWidget* PanelView::addButton(const PanelControl& control, QWidget* parent) {
-    auto* button = new QPushButton(qstring(control.label), parent);
-    on(form_, button, &QAbstractButton::clicked, [this, compute = control.compute] {
+QWidget* PanelView::makeButton(const Control& button, QWidget* parent) {
+    auto* made = new QPushButton(qstring(button.label), parent);
+    on(form_, made, &QAbstractButton::clicked, [this, &button] {
         const Program::Doing doing(form_.program(), "computing the " + std::string(shownAs_));
-        compute(*this);
+        button.compute();
     });
-    return button;
+    return made;
 }
 
-QWidget* PanelView::addHelp(const PanelControl& control, QWidget* parent) {
-    auto* button = new PictureButton(parent);
-    button->setAccessibleName(QStringLiteral("Help"));
-    button->setPicture(QStringLiteral("help"));
-    on(form_, button, &QAbstractButton::clicked,
-       [&program = form_.program(), text = control.label] { program.speakHelp(text); });
-    return button;
-}
-
-void PanelView::place(const PanelControl& control, QWidget& made) {
-    QGridLayout& grid = gridOf(control.frame);
-    QWidget* const parent = grid.parentWidget();
-    const int first = control.column * partsInACell;
-    grid.setColumnMinimumWidth(first + gapPart, fontMetrics().horizontalAdvance('0'));
-    if (control.kind == PanelKind::Label || control.kind == PanelKind::Frame) {
-        const bool sharesItsCell = std::ranges::any_of(panel_.controls, [&control](const PanelControl& other) {
-            return &other != &control && other.frame == control.frame && other.row == control.row &&
-                   other.column == control.column;
-        });
-        grid.addWidget(&made, control.row, first, 1, sharesItsCell ? 1 : gapPart);
-        return;
-    }
-    if (control.kind == PanelKind::Rule) {
-        grid.addWidget(&made, control.row, 0, 1, -1);
-        return;
-    }
-    if (standsAlone(control.kind)) {
-        const bool isAButton = control.kind == PanelKind::Button || control.kind == PanelKind::Help;
-        grid.addWidget(&made, control.row, first + boxPart, 1, isAButton ? 1 : 2);
-        return;
-    }
-    const auto words = [&](std::string_view text, Part part) {
-        if (text.empty()) return;
-        grid.addWidget(part == labelPart ? labelOf(qstring(text), made) : new QLabel(qstring(text), parent),
-                       control.row, first + part);
-    };
-    words(control.label, labelPart);
-    words(control.prefix, prefixPart);
-    grid.addWidget(&made, control.row, first + boxPart);
-    words(control.unit, unitPart);
+QWidget* PanelView::makeHelp(const Control& control, QWidget* parent) {
+    auto* made = new PictureButton(parent);
+    made->setAccessibleName(QStringLiteral("Help"));
+    made->setPicture(QStringLiteral("help"));
+    on(form_, made, &QAbstractButton::clicked, [this, &control] { form_.program().speakHelp(control.label); });
+    return made;
 }
 
 // What a screen reader says of a box: the words of its row that stand before it, the heading over it, its unit.
-QString PanelView::spokenName(const PanelControl& control) const {
-    std::string_view row;
+QString PanelView::spokenName(const Control& control) const {
+    std::string_view row = control.label;
     std::string_view heading;
-    for (const PanelControl& other : panel_.controls) {
-        if (other.frame != control.frame) continue;
-        if (other.row == control.row && other.column <= control.column && row.empty()) row = other.label;
-        if (other.kind == PanelKind::Heading && other.column == control.column && other.row < control.row)
-            heading = other.label;
+    for (const Control* other : panel_->controls()) {
+        if (other->frame != control.frame) continue;
+        if (other->row == control.row && other->column <= control.column && row.empty()) row = other->label;
+        if (other->kind == ControlKind::Heading && other->column == control.column && other->row < control.row)
+            heading = other->label;
     }
-    if (control.label.empty()) return joined({row, heading, control.unit});
-    return joined({control.label, heading, control.unit});
+    return (qstring(row) + ' ' + qstring(heading) + ' ' + qstring(control.unit)).simplified();
 }
 
+// --- Placing them ----------------------------------------------------------------------------------------------------
+
+void PanelView::place(const Control& control) {
+    QGridLayout& grid = gridOf(control.frame);
+    QWidget* const made = widgets_.at(&control);
+    const int first = control.column * partsInACell;
+    grid.setColumnMinimumWidth(first + gapPart, fontMetrics().horizontalAdvance('0'));
+    const auto put = [&](QWidget* widget, Part part, int columns = 1) {
+        grid.addWidget(widget, control.row, first + part, 1, columns);
+    };
+    const auto putWords = [&](const std::string& text, Part part) {
+        if (text.empty()) return;
+        auto* words = new QLabel(qstring(text), grid.parentWidget());
+        if (part == labelPart) words->setBuddy(made);
+        put(words, part);
+    };
+    switch (control.kind) {
+        case ControlKind::Label:
+        case ControlKind::Frame:
+            return put(made, labelPart, sharesItsCell(control) ? 1 : gapPart);
+        case ControlKind::Rule:
+            return put(made, labelPart, -1);
+        case ControlKind::Heading:
+        case ControlKind::Option:
+        case ControlKind::Check:
+            return put(made, boxPart, 2);
+        case ControlKind::Button:
+        case ControlKind::Help:
+            return put(made, boxPart);
+        case ControlKind::List:
+        case ControlKind::Input:
+        case ControlKind::Result:
+            putWords(control.label, labelPart);
+            putWords(control.prefix, prefixPart);
+            put(made, boxPart);
+            putWords(control.unit, unitPart);
+    }
+}
+
+bool PanelView::sharesItsCell(const Control& control) const {
+    return std::ranges::any_of(panel_->controls(), [&control](const Control* other) {
+        return other != &control && other->frame == control.frame && other->row == control.row &&
+               other->column == control.column;
+    });
+}
+
+// Enter in a box presses the next button; behind the last one it presses that.
 void PanelView::pressOnEnter() {
-    QPushButton* next = nullptr;
-    for (std::size_t index = made_.size(); index-- > 0;) {
-        if (panel_.controls[index].kind == PanelKind::Button) next = static_cast<QPushButton*>(made_[index]);
-        // A result behind the last button belongs to that one.
-        if (!next) {
-            for (std::size_t before = index; before-- > 0 && !next;)
-                if (panel_.controls[before].kind == PanelKind::Button) next = static_cast<QPushButton*>(made_[before]);
-        }
-        auto* box = qobject_cast<TextBox*>(made_[index]);
-        if (box && next) on(form_, box, &QLineEdit::returnPressed, [next] { next->click(); });
+    const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
+    const auto& controls = panel_->controls();
+    const auto last = std::find_if(controls.rbegin(), controls.rend(), isButton);
+    for (auto control = controls.begin(); control != controls.end(); ++control) {
+        auto* box = qobject_cast<TextBox*>(widgets_.at(*control));
+        if (!box) continue;
+        const auto next = std::find_if(control, controls.end(), isButton);
+        auto* button = static_cast<QPushButton*>(widgets_.at(next == controls.end() ? *last : *next));
+        on(form_, box, &QLineEdit::returnPressed, [button] { button->click(); });
     }
 }
 
 // --- What formulas ask -----------------------------------------------------------------------------------------------
 
 void PanelView::selectFirstEntries() {
-    for (std::size_t index = 0; index < made_.size(); ++index)
-        if (panel_.controls[index].kind == PanelKind::List && panel_.controls[index].start == "first")
-            static_cast<DropList*>(made_[index])->select(0);
+    for (const Control* control : panel_->controls())
+        if (control->kind == ControlKind::List && control->opensOnFirst)
+            static_cast<DropList*>(widgets_.at(control))->select(0);
 }
 
-std::string PanelView::text(std::string_view box) const {
-    return control<TextBox>(box).Text();
+std::string PanelView::text(const Box& box) const {
+    return static_cast<TextBox*>(widgets_.at(&box))->Text();
 }
 
-void PanelView::setText(std::string_view box, std::string_view text) {
-    control<TextBox>(box).setText(text);
+void PanelView::setText(const Box& box, std::string_view text) {
+    static_cast<TextBox*>(widgets_.at(&box))->setText(text);
 }
 
-int PanelView::listIndex(std::string_view list) const {
-    return control<DropList>(list).ListIndex();
+int PanelView::selected(const List& list) const {
+    return static_cast<DropList*>(widgets_.at(&list))->ListIndex();
 }
 
-int PanelView::itemData(std::string_view list) const {
-    return control<DropList>(list).ItemData();
-}
-
-bool PanelView::isSet(std::string_view option) const {
-    return control<QAbstractButton>(option).isChecked();
+bool PanelView::isSet(const Option& option) const {
+    return static_cast<QAbstractButton*>(widgets_.at(&option))->isChecked();
 }
 
 }  // namespace torvane

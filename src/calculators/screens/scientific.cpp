@@ -6,7 +6,6 @@
 #include <QClipboard>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QRadioButton>
@@ -14,6 +13,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "calculators/screens/key_preview.h"
 #include "host/host.h"
 #include "platform/controls.h"
 
@@ -161,52 +161,6 @@ QString nameOf(const KeyPlace& place) {
     const QString array = QLatin1String(place.array);
     return place.index == noIndex ? array : QStringLiteral("%1_%2").arg(array).arg(place.index);
 }
-
-// --- Keys pressed ----------------------------------------------------------------------------------------------------
-
-// Control or Alt with a letter is a command; both together are how some keyboards write a character.
-bool isCommand(const QKeyEvent& event) {
-    const Qt::KeyboardModifiers held = event.modifiers();
-    return held.testFlag(Qt::ControlModifier) != held.testFlag(Qt::AltModifier) || held.testFlag(Qt::MetaModifier);
-}
-
-// Sees the keys of a window before its controls do, and takes none away. The menu bar has its own.
-class KeyPreview : public QObject {
-public:
-    KeyPreview(QWidget& window, std::function<void(char)> pressed)
-        : QObject(&window), window_(window), pressed_(std::move(pressed)) {
-        window.installEventFilter(this);
-        for (QWidget* control : window.findChildren<QWidget*>()) control->installEventFilter(this);
-    }
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        const QEvent::Type type = event->type();
-        if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (type == QEvent::ShortcutOverride && isShortcut(*key)) {
-            // A text box would keep it for itself.
-            event->ignore();
-            return true;
-        }
-        if (type == QEvent::KeyPress && watched == firstReceiver() && !isCommand(*key) && key->text().size() == 1)
-            pressed_(key->text().at(0).toLatin1());
-        return false;
-    }
-
-private:
-    // A key that its control does not want goes on from parent to parent.
-    const QObject* firstReceiver() const {
-        QWidget* focus = window_.focusWidget();
-        if (qobject_cast<QMenuBar*>(focus)) return nullptr;
-        return focus ? focus : &window_;
-    }
-    bool isShortcut(const QKeyEvent& key) const {
-        const QKeySequence pressed(key.keyCombination());
-        const auto entries = window_.findChildren<QAction*>();
-        return std::ranges::any_of(entries, [&](const QAction* entry) { return entry->shortcut() == pressed; });
-    }
-    QWidget& window_;
-    std::function<void(char)> pressed_;
-};
 
 QLabel* greenLabel(const char* name, const char* says, Qt::Alignment alignment) {
     auto* label = new QLabel;

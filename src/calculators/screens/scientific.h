@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -35,7 +36,7 @@ protected:
 private:
     void say(std::string_view message) override;
     void beep() override { beep_(); }
-    float random() override { return random_.next(); }
+    float random() override { return static_cast<float>(random_()) / static_cast<float>(RandomNumbers::modulus); }
     void clearClipboard() override;
     void setClipboard(std::string_view text) override;
     std::string clipboard() override;
@@ -50,7 +51,9 @@ private:
     void keyPressed(char character);
 
     std::unique_ptr<ScientificMachine> machine_;
-    RandomNumbers random_;
+    // As fine as a float below 1, with the full period; the same numbers from each start of the program.
+    using RandomNumbers = std::linear_congruential_engine<std::uint32_t, 0x6A4C35, 0x3D0B71, 0x1000000>;
+    RandomNumbers random_{0x2B7E5D};
     std::function<void()> about_;
     std::function<void()> beep_;
     TextBox* Text1_ = nullptr;

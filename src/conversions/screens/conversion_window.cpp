@@ -52,39 +52,21 @@ void fill(QListWidget& list, const Category& category, int row) {
 ConversionWindow::ConversionWindow() {
     setWindowTitle(QStringLiteral("Conversions"));
     auto* grid = new QGridLayout(this);
-
-    auto* categoryList = new QComboBox(this);
-    categoryList->setObjectName(QStringLiteral("cmbCategory"));
+    QComboBox* categoryList = addList(*grid, 0, QStringLiteral("cmbCategory"), QStringLiteral("&Category"));
     for (const Category& category : categories()) categoryList->addItem(qstring(category.name));
     categoryList->setMaxVisibleItems(categoryList->count());
-    auto* categoryLabel = new QLabel(QStringLiteral("&Category"), this);
-    categoryLabel->setBuddy(categoryList);
-    grid->addWidget(categoryLabel, 0, 0);
-    grid->addWidget(categoryList, 1, 0);
-
     addSide(*grid, 0, QStringLiteral("Left"), QStringLiteral("&From"));
     addSide(*grid, 1, QStringLiteral("Right"), QStringLiteral("&To"));
-    auto* equals = new QLabel(QStringLiteral("="), this);
-    grid->addWidget(equals, 3, 1);
-
-    fractions_ = new QComboBox(this);
-    fractions_->setObjectName(QStringLiteral("cmbFractions"));
+    grid->addWidget(new QLabel(QStringLiteral("="), this), 3, 1);
+    fractions_ = addList(*grid, 2, QStringLiteral("cmbFractions"), QStringLiteral("Feet and inches to &nearest"));
     for (const int denominator : {2, 4, 8, 16, 32, 64})
         fractions_->addItem(QStringLiteral("1/%1 inch").arg(denominator), denominator);
-    fractions_->setCurrentIndex(fractions_->findData(Wish().denominator));
-    auto* fractionsLabel = new QLabel(QStringLiteral("Feet and inches to &nearest"), this);
-    fractionsLabel->setBuddy(fractions_);
-    grid->addWidget(fractionsLabel, 0, 2);
-    grid->addWidget(fractions_, 1, 2);
+    fractions_->setCurrentIndex(fractions_->findData(ResultForm().denominator));
 
-    auto* copyButton = new QPushButton(QStringLiteral("C&opy Result"), this);
-    copyButton->setObjectName(QStringLiteral("cmdCopy"));
-    auto* closeButton = new QPushButton(QStringLiteral("C&lose"), this);
-    closeButton->setObjectName(QStringLiteral("cmdClose"));
     auto* foot = new QHBoxLayout;
     foot->addStretch(1);
-    foot->addWidget(copyButton);
-    foot->addWidget(closeButton);
+    QPushButton* copyButton = addButton(*foot, QStringLiteral("cmdCopy"), QStringLiteral("C&opy Result"));
+    QPushButton* closeButton = addButton(*foot, QStringLiteral("cmdClose"), QStringLiteral("C&lose"));
     grid->addLayout(foot, 5, 0, 1, 3);
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(2, 1);
@@ -105,6 +87,23 @@ ConversionWindow::ConversionWindow() {
     const int wanted =
         sizeHint().height() + roomForUnits(*sides_[0].units).height() - sides_[0].units->sizeHint().height();
     resize(sizeHint().width(), std::min(wanted, screen()->availableGeometry().height()));
+}
+
+QComboBox* ConversionWindow::addList(QGridLayout& grid, int column, const QString& name, const QString& label) {
+    auto* list = new QComboBox(this);
+    list->setObjectName(name);
+    auto* caption = new QLabel(label, this);
+    caption->setBuddy(list);
+    grid.addWidget(caption, 0, column);
+    grid.addWidget(list, 1, column);
+    return list;
+}
+
+QPushButton* ConversionWindow::addButton(QHBoxLayout& foot, const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(name);
+    foot.addWidget(button);
+    return button;
 }
 
 void ConversionWindow::addSide(QGridLayout& grid, int index, const QString& name, const QString& label) {
@@ -153,9 +152,9 @@ void ConversionWindow::follow() {
     fractions_->setEnabled(from->notation == Notation::FeetInches || to->notation == Notation::FeetInches);
     source.box->setPlaceholderText(qstring(from->example));
     result.box->setPlaceholderText(qstring(to->example));
-    if (!result.box->text().isEmpty()) result.standing = utf8(result.box->text());
+    if (!result.box->text().isEmpty()) result.lastText = utf8(result.box->text());
     result.box->setText(
-        qstring(converted(utf8(source.box->text()), *from, *to, {fractions_->currentData().toInt(), result.standing})));
+        qstring(converted(utf8(source.box->text()), *from, *to, {fractions_->currentData().toInt(), result.lastText})));
     result.box->setCursorPosition(0);
 }
 

@@ -6,8 +6,10 @@
 
 class QComboBox;
 class QGridLayout;
+class QHBoxLayout;
 class QLineEdit;
 class QListWidget;
+class QPushButton;
 
 namespace torvane {
 
@@ -27,8 +29,10 @@ private:
     struct Side {
         QLineEdit* box = nullptr;
         QListWidget* units = nullptr;
-        std::string standing;  // its last text that was not empty
+        std::string lastText;  // the last one that was not empty
     };
+    QComboBox* addList(QGridLayout& grid, int column, const QString& name, const QString& label);
+    QPushButton* addButton(QHBoxLayout& foot, const QString& name, const QString& caption);
     void addSide(QGridLayout& grid, int index, const QString& name, const QString& label);
     void startCategory(int index);
     void follow();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+class QKeyEvent;
+class QWidget;
+
+namespace torvane {
+
+// Sees the keys of a window before its controls do, and takes none away. The menu bar has its own.
+class KeyPreview : public QObject {
+public:
+    // `pressed` gets each character that is typed. Made when all controls of the window stand; the window owns it.
+    KeyPreview(QWidget& window, std::function<void(char)> pressed);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    const QObject* firstReceiver() const;
+    bool isShortcut(const QKeyEvent& key) const;
+
+    QWidget& window_;
+    std::function<void(char)> pressed_;
+};
+
+}  // namespace torvane
