@@ -1,11 +1,17 @@
 #include "estimates/cls_order.h"
 
-#include "datastore/statement.h"
+#include "datastore/fields.h"
 #include "masters/customer_lists.h"
 
 namespace torvane {
 
 namespace {
+
+constexpr Field<ClsOrder> siteFields[] = {
+    {"SStreet1", &ClsOrder::SStreet1}, {"SStreet2", &ClsOrder::SStreet2}, {"SCity", &ClsOrder::SCity},
+    {"SState", &ClsOrder::SState},     {"SZip", &ClsOrder::SZip},         {"SCountry", &ClsOrder::SCountry},
+    {"SPhone", &ClsOrder::SPhone},     {"SMobile", &ClsOrder::SMobile},   {"SEmail", &ClsOrder::SEmail}};
+constexpr Field<ClsOrder> textFields[] = {{"UPSTracking", &ClsOrder::UPSTracking}, {"Notes", &ClsOrder::Notes}};
 
 // Month first, without leading zeros, whatever the machine's own short date is.
 std::string dateLiteral(const Date& date) {
@@ -51,22 +57,18 @@ bool ClsOrder::Save() {
             connection_.execute(joined("Delete * from Orderitem where OrderNo = ", OrderNo));
             connection_.execute(joined(
                 "Update OrderInfo Set CustId = ", CustId, ", RepId = ", RepId, ", OrderDate = ", dateLiteral(OrderDate),
-                ", SStreet1 = '", SStreet1, "', SStreet2 = '", SStreet2, "', SCity = '", SCity, "', SState = ", SState,
-                ", SZip = '", SZip, "', SCountry = '", SCountry, "', SPhone = '", SPhone, "', SMobile = '", SMobile,
-                "', SEmail = '", SEmail, "', ShipId = ", ShipId, ", Amount = ", Amount, ", Tax = ", Tax,
-                ", Overhead = ", Overhead, ", Total = ", Total, ", UPSTracking='", UPSTracking, "', Notes='", Notes,
-                "' where OrderNo=", OrderNo));
+                ", ", columnsWithValues(*this, siteFields, " = ", ", "), ", ShipId = ", ShipId, ", Amount = ", Amount,
+                ", Tax = ", Tax, ", Overhead = ", Overhead, ", Total = ", Total, ", ",
+                columnsWithValues(*this, textFields, "=", ", "), " where OrderNo=", OrderNo));
             insertLines();
         });
     } else if (mode == "A") {
         grouped(connection_, [this] {
-            connection_.execute(joined(
-                "Insert into OrderInfo "
-                "(Orderno,CustId,RepId,OrderDate,SStreet1,SStreet2,SCity,SState,SZip,SCountry,SPhone,SMobile,SEmail,"
-                "ShipId,Amount,Tax,Total,UPSTracking,Notes,Overhead) values (",
-                OrderNo, ",", CustId, ",", RepId, ",", dateLiteral(OrderDate), ",'", SStreet1, "','", SStreet2, "','",
-                SCity, "',", SState, ",'", SZip, "','", SCountry, "','", SPhone, "','", SMobile, "','", SEmail, "',",
-                ShipId, ",", Amount, ",", Tax, ",", Total, ",'", UPSTracking, "','", Notes, "',", Overhead, ")"));
+            connection_.execute(joined("Insert into OrderInfo (Orderno,CustId,RepId,OrderDate,", columnList(siteFields),
+                                       ",ShipId,Amount,Tax,Total,", columnList(textFields), ",Overhead) values (",
+                                       OrderNo, ",", CustId, ",", RepId, ",", dateLiteral(OrderDate), ",",
+                                       valueList(*this, siteFields), ",", ShipId, ",", Amount, ",", Tax, ",", Total,
+                                       ",", valueList(*this, textFields), ",", Overhead, ")"));
             insertLines();
         });
     }
@@ -91,15 +93,7 @@ void ClsOrder::GetOrder() {
     CustId = toInt32(rows.field("CustId"));
     RepId = int32OrZero(rows.field("RepId"));
     ShipId = int32OrZero(rows.field("ShipId"));
-    SStreet1 = textOrEmpty(rows.field("SStreet1"));
-    SStreet2 = textOrEmpty(rows.field("SStreet2"));
-    SCity = textOrEmpty(rows.field("SCity"));
-    SState = int16OrZero(rows.field("SState"));
-    SZip = textOrEmpty(rows.field("SZip"));
-    SCountry = textOrEmpty(rows.field("SCountry"));
-    SPhone = textOrEmpty(rows.field("SPhone"));
-    SMobile = textOrEmpty(rows.field("SMobile"));
-    SEmail = textOrEmpty(rows.field("SEmail"));
+    readFields(*this, siteFields, rows);
     // A date that is Null counts as the empty text, which is no date.
     const Value& date = rows.field("OrderDate");
     OrderDate = toDate(isNull(date) ? Value{std::string{}} : date, host_.shortDate());
@@ -107,8 +101,7 @@ void ClsOrder::GetOrder() {
     Tax = singleOrZero(rows.field("Tax"));
     Overhead = singleOrZero(rows.field("Overhead"));
     Total = singleOrZero(rows.field("Total"));
-    UPSTracking = textOrEmpty(rows.field("UPSTracking"));
-    Notes = textOrEmpty(rows.field("Notes"));
+    readFields(*this, textFields, rows);
 
     for (read(joined("Select * from orderItem where OrderNo = ", OrderNo)); !rows.eof(); rows.moveNext())
         ColnOrderItems().Add(rows.field("ItemId"), rows.field("Qty"), rows.field("Material"), rows.field("RoomId"),
@@ -117,19 +110,18 @@ void ClsOrder::GetOrder() {
     screen_.showEstimate();
 }
 
-void ClsOrder::ClearLines() {
+void ClsOrder::ClearEntry() {
+    CustId = 0;
+    OrderDate = host_.today();
+    clearFields(*this, siteFields);
+    clearFields(*this, textFields);
     for (std::int32_t i = ColnOrderItems().Count(); i >= 1; --i) ColnOrderItems().Remove(i);
 }
 
 void ClsOrder::ClearData() {
-    CustId = RepId = ShipId = 0;
-    SState = 0;
+    RepId = ShipId = 0;
     Amount = Tax = Overhead = Total = 0;
-    for (std::string* text :
-         {&SStreet1, &SStreet2, &SCity, &SZip, &SCountry, &SPhone, &SMobile, &SEmail, &UPSTracking, &Notes})
-        text->clear();
-    OrderDate = host_.today();
-    ClearLines();
+    ClearEntry();
 }
 
 std::optional<RowArray> ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName,

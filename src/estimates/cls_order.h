@@ -60,8 +60,8 @@ public:
     void GetOrder();
     // Empties the record and its lines; `OrderNo`, `AddEditDel` and the search fields stay. `OrderDate` is today.
     void ClearData();
-    // Removes the lines, from the last to the first.
-    void ClearLines();
+    // The part of it that the estimate screen enters: customer, job site, day, texts and lines.
+    void ClearEntry();
 
     // Pages of number, date, customer name (Null when the customer has gone), tracking text, total, overhead, tax of
     // the estimates whose SearchFld has SearchVal anywhere; nothing when there are none. Failure::InvalidCall when the

@@ -31,26 +31,6 @@ TEST(Pricing, LineOfThePanel) {
     EXPECT_THROW(panelTotal({"1e200", "1e200", "", "", ""}), RuntimeFailure);
 }
 
-TEST(Pricing, LoadedLineShowsAWholeQuantityAndFourDecimals) {
-    struct Row {
-        float quantity, material, labor, extension, others;
-        const char* shownQuantity;
-        const char* total;
-    };
-    for (const Row& row : {Row{2.5F, 25, 0, 0, 0, "2", "25"}, Row{3.5F, 1.00005F, 0, 0, 0, "4", "1"},
-                           Row{1, 12.35F, 0.1F, 3.15F, 0.4F, "1", "16"}}) {
-        ClsOrderItems line;
-        line.mvarQty = row.quantity;
-        line.mvarMaterial = row.material;
-        line.mvarLabor = row.labor;
-        line.mvarExtension = row.extension;
-        line.mvarOthers = row.others;
-        const LineAmounts amounts = loadedAmounts(line);
-        EXPECT_EQ(row.shownQuantity, generalText(amounts.quantity));
-        EXPECT_EQ(row.total, generalText(amounts.total));
-    }
-}
-
 TEST(Pricing, UnitPrice) {
     EXPECT_EQ("12.5", unitPriceText("2", "25"));
     EXPECT_EQ("0", unitPriceText("0", "25"));
