@@ -7,8 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "datastore/rows.h"
 #include "datastore/statement.h"
-#include "datastore/store.h"
 
 namespace torvane {
 
@@ -59,11 +59,11 @@ std::string columnsWithValues(const Record& record, const Field<Record> (&fields
     return text;
 }
 
-// Reads the fields from a row: Null is "" or 0.
+// Reads the fields from the first row: Null is "" or 0.
 template <class Record, std::size_t count>
-void readFields(Record& record, const Field<Record> (&fields)[count], const Recordset& row) {
+void readFields(Record& record, const Field<Record> (&fields)[count], const RowArray& rows) {
     for (const auto& field : fields) {
-        const Value& cell = row.field(field.column);
+        const Value& cell = rows(field.column, 0);
         if (const auto* text = std::get_if<std::string Record::*>(&field.member))
             record.** text = textOrEmpty(cell);
         else

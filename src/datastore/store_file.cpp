@@ -219,7 +219,7 @@ StoreFile::Compiled& StoreFile::kept(std::string_view statement) {
     return *kept_.front();
 }
 
-QueryResult StoreFile::query(std::string_view statement) {
+RowArray StoreFile::query(std::string_view statement) {
     ready();
     const Compiled& compiled = kept(statement);
     // A statement that is not reset would hold its lock on the file.
@@ -228,17 +228,16 @@ QueryResult StoreFile::query(std::string_view statement) {
         ~Reset() { sqlite3_reset(statement); }
     } reset{compiled.statement};
 
-    QueryResult result{compiled.names, {}, 0};
+    std::vector<Value> cells;
     const int columns = static_cast<int>(compiled.kinds.size());
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(compiled.statement)) == SQLITE_ROW) {
         for (int i = 0; i < columns; ++i) {
-            result.cells.push_back(cell(compiled.statement, i, compiled.kinds[static_cast<std::size_t>(i)]));
+            cells.push_back(cell(compiled.statement, i, compiled.kinds[static_cast<std::size_t>(i)]));
         }
-        ++result.rows;
     }
     if (step != SQLITE_DONE) failed(statement);
-    return result;
+    return {compiled.names, std::move(cells)};
 }
 
 void StoreFile::execute(std::string_view statement) {

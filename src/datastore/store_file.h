@@ -11,19 +11,13 @@
 #include <vector>
 
 #include "datastore/gate.h"
+#include "datastore/rows.h"
 #include "values/dates.h"
-#include "values/value.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace torvane {
-
-struct QueryResult {
-    std::vector<std::string> names;
-    std::vector<Value> cells;  // row by row
-    long rows = 0;
-};
 
 // One database file and the handle that all connections to it share. The handle is opened at the first statement, and
 // anew when another file stands in the place. Every failure is a RuntimeFailure with SQLite's primary result code.
@@ -37,7 +31,7 @@ public:
     // Sees to it that the handle is open on the file that bears the name now.
     void ready();
     void execute(std::string_view statement);
-    QueryResult query(std::string_view statement);
+    RowArray query(std::string_view statement);
 
     // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.
     void beginGroup();

@@ -85,28 +85,29 @@ void ClsOrder::Delete() {
 
 void ClsOrder::GetOrder() {
     ClearData();
-    Recordset& rows = read(joined("Select * from orderinfo where OrderNo = ", OrderNo));
-    if (rows.eof()) {
+    const RowArray header = query(joined("Select * from orderinfo where OrderNo = ", OrderNo));
+    if (header.empty()) {
+        leftOpen_ = true;
         host_.box("Estimate not found corresponding to entered Estimate Number", "Search Estimate");
         return;
     }
-    CustId = toInt32(rows.field("CustId"));
-    RepId = int32OrZero(rows.field("RepId"));
-    ShipId = int32OrZero(rows.field("ShipId"));
-    readFields(*this, siteFields, rows);
+    CustId = toInt32(header("CustId", 0));
+    RepId = int32OrZero(header("RepId", 0));
+    ShipId = int32OrZero(header("ShipId", 0));
+    readFields(*this, siteFields, header);
     // A date that is Null counts as the empty text, which is no date.
-    const Value& date = rows.field("OrderDate");
+    const Value& date = header("OrderDate", 0);
     OrderDate = toDate(isNull(date) ? Value{std::string{}} : date, host_.shortDate());
-    Amount = singleOrZero(rows.field("Amount"));
-    Tax = singleOrZero(rows.field("Tax"));
-    Overhead = singleOrZero(rows.field("Overhead"));
-    Total = singleOrZero(rows.field("Total"));
-    readFields(*this, textFields, rows);
+    Amount = singleOrZero(header("Amount", 0));
+    Tax = singleOrZero(header("Tax", 0));
+    Overhead = singleOrZero(header("Overhead", 0));
+    Total = singleOrZero(header("Total", 0));
+    readFields(*this, textFields, header);
 
-    for (read(joined("Select * from orderItem where OrderNo = ", OrderNo)); !rows.eof(); rows.moveNext())
-        ColnOrderItems().Add(rows.field("ItemId"), rows.field("Qty"), rows.field("Material"), rows.field("RoomId"),
-                             rows.field("UnitId"), rows.field("Extension"), rows.field("Labor"), rows.field("Others"));
-    rows.close();
+    const RowArray lines = query(joined("Select * from orderItem where OrderNo = ", OrderNo));
+    for (int row = 0; row < lines.rows(); ++row)
+        ColnOrderItems().Add(lines("ItemId", row), lines("Qty", row), lines("Material", row), lines("RoomId", row),
+                             lines("UnitId", row), lines("Extension", row), lines("Labor", row), lines("Others", row));
     screen_.showEstimate();
 }
 
@@ -126,12 +127,13 @@ void ClsOrder::ClearData() {
 
 std::optional<RowArray> ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName,
                                                   std::string_view AscOrDesc) {
-    return recordset_.readPage(
+    if (leftOpen_) fail(Failure::InvalidCall);
+    return readPage(
         joined("SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
                "Orderinfo.upstracking,orderinfo.total,orderinfo.overhead,orderinfo.tax FROM orderinfo left join "
                "customer  on orderinfo.custid = customer.custid where  ",
                SearchFld, " like '%", SearchVal, "%'"),
-        FldName, AscOrDesc, connection_, Page, PageSize, PageCount, RecordCount);
+        Page, PageCount, FldName, AscOrDesc);
 }
 
 std::optional<RowArray> ClsOrder::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
@@ -147,15 +149,12 @@ std::optional<RowArray> ClsOrder::GetSearchCustomers(long Page, long& PageCount,
 double ClsOrder::GetTaxRate(const Value& StateId) {
     const std::string key = textOf(StateId);
     if (key.empty()) return 0;
-    const Recordset& row = read(joined("Select TaxRate from Tax where Stateid=", key));
-    const double rate = row.eof() || isNull(row.field("TaxRate")) ? 0 : toDouble(row.field("TaxRate"));
-    recordset_.close();
-    return rate;
+    const RowArray row = query(joined("Select TaxRate from Tax where Stateid=", key));
+    return row.empty() || isNull(row(0, 0)) ? 0 : toDouble(row(0, 0));
 }
 
 std::int32_t ClsOrder::GetNextOrderNo() {
-    const Value highest = read("Select max(OrderNo) from OrderInfo").field(0);
-    recordset_.close();
+    const Value highest = query("Select max(OrderNo) from OrderInfo")(0, 0);
     return isNull(highest) ? 1 : narrowToInt32(toDouble(highest) + 1);
 }
 

@@ -34,8 +34,9 @@ bool ClsCustomer::Validate() {
         return false;
     }
     // Read for every action, so that a text which no statement can carry fails before an edit too.
-    const bool equal = anyRow(joined("Select * from Customer where ", columnsWithValues(*this, fields, " =", " and ")));
-    if (AddEditDel == "A" && equal) {
+    const RowArray equal =
+        query(joined("Select * from Customer where ", columnsWithValues(*this, fields, " =", " and ")));
+    if (AddEditDel == "A" && !equal.empty()) {
         host_.box("Duplicate Customer Data", "Inventory");
         return false;
     }
@@ -57,12 +58,10 @@ void ClsCustomer::Delete() {
 }
 
 void ClsCustomer::GetCustomer() {
-    const Recordset& row = read(joined("Select * from Customer where CustId = ", CustId));
-    if (!row.eof()) {
-        textOf(row.field("CustName"));  // the one text that may not be Null
-        readFields(*this, fields, row);
-    }
-    recordset_.close();
+    const RowArray row = query(joined("Select * from Customer where CustId = ", CustId));
+    if (row.empty()) return;
+    textOf(row("CustName", 0));  // the one text that may not be Null
+    readFields(*this, fields, row);
 }
 
 std::optional<RowArray> ClsCustomer::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,

@@ -17,8 +17,9 @@ bool ClsItem::Validate() {
     if (qty == 0) return refuse("Enter Default Quantity");
     if (AddEditDel != "A") return true;
     const bool duplicate =
-        anyRow(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =", CategoryId,
-                      " and Material =", Material, " and Qty =", qty));
+        !query(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =", CategoryId,
+                      " and Material =", Material, " and Qty =", qty))
+             .empty();
     if (duplicate) host_.box("Duplicate Item Data ", "Inventory");
     return !duplicate;
 }
@@ -44,25 +45,22 @@ void ClsItem::Delete() {
 }
 
 void ClsItem::GetItem() {
-    const Recordset& row = read(joined("Select * from Item where ItemId= ", itemid));
-    if (!row.eof()) {
-        Itemcode = textOf(row.field("Itemcode"));
-        Itemname = textOf(row.field("Itemname"));
-        CategoryId = toInt16(row.field("CategoryId"));
-        UnitId = toInt16(row.field("UnitId"));
-        Material = singleOrZero(row.field("Material"));
-        Labor = singleOrZero(row.field("Labor"));
-        SubLabor = singleOrZero(row.field("SubLabor"));
-        Equipment = singleOrZero(row.field("Equipment"));
-        qty = toSingle(row.field("Qty"));
-        TU = textOrEmpty(row.field("TU"));
-    }
-    recordset_.close();
+    const RowArray row = query(joined("Select * from Item where ItemId= ", itemid));
+    if (row.empty()) return;
+    Itemcode = textOf(row("Itemcode", 0));
+    Itemname = textOf(row("Itemname", 0));
+    CategoryId = toInt16(row("CategoryId", 0));
+    UnitId = toInt16(row("UnitId", 0));
+    Material = singleOrZero(row("Material", 0));
+    Labor = singleOrZero(row("Labor", 0));
+    SubLabor = singleOrZero(row("SubLabor", 0));
+    Equipment = singleOrZero(row("Equipment", 0));
+    qty = toSingle(row("Qty", 0));
+    TU = textOrEmpty(row("TU", 0));
 }
 
 double ClsItem::Maxitemno() {
-    const Value highest = read("Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)").field(0);
-    recordset_.close();
+    const Value highest = query("Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)")(0, 0);
     return isNull(highest) ? 1 : finite(toDouble(highest) + 1);
 }
 

@@ -69,7 +69,8 @@ TEST(Pricing, TheSumIsKeptInSinglePrecision) {
 }
 
 TEST(Pricing, PartsOfAPriceEntry) {
-    const RowArray items(7, {std::int64_t{1}, std::string{"Stud"}, 2.5F, 1.25F, 10.0F, 0.0F, Null{}});
+    const RowArray items({"key", "name", "material", "labor", "quantity", "sub-labor", "equipment"},
+                         {std::int64_t{1}, std::string{"Stud"}, 2.5F, 1.25F, 10.0F, 0.0F, Null{}});
     const std::string entry = priceEntry(items, 0);
     EXPECT_EQ("2.5#1.25#10#0#", entry);
     EXPECT_EQ("2.5", pricePart(entry, PricePart::Material));

@@ -154,8 +154,7 @@ TEST_F(GuardTest, OpenGroupIsCommittedBetweenTheBoxAndTheEnd) {
     const auto group = [&] { return std::filesystem::exists(file + "-journal") ? "group open" : "group committed"; };
     Program own(Environment{host, store}, [&](int) { note(std::string("end, ") + group()); });
     own.setErrorBox([&](const RuntimeFailure&) { note(std::string("box, ") + group()); });
-    Connection connection(store);
-    connection.open(connectionText(host.folder));
+    Connection connection({host, store});
     own.guarded([&] {
         grouped(connection, [&] {
             connection.execute("insert into Units values (3, 'yard')");

@@ -11,8 +11,7 @@ namespace {
 
 ReportRows blank(std::vector<std::string> names, int count) {
     std::vector<Value> cells(names.size() * static_cast<std::size_t>(count), Value{std::int64_t{1}});
-    const int columns = static_cast<int>(names.size());
-    return {std::move(names), RowArray(columns, std::move(cells)), {}};
+    return ReportRows(RowArray(std::move(names), std::move(cells)));
 }
 
 TEST(ListReports, PagesBreakBetweenBands) {

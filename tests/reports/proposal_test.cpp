@@ -18,7 +18,7 @@ ReportRows lines(int count) {
     for (int row = 0; row < count; ++row)
         for (std::size_t column = 0; column < names.size(); ++column)
             cells.emplace_back(column == 0 ? std::int64_t{1} : std::int64_t{7});
-    return {names, RowArray(static_cast<int>(names.size()), cells), {"ORDERINFO.orderno"}};
+    return ReportRows(RowArray(names, cells), std::array{std::string_view("ORDERINFO.orderno")});
 }
 
 TEST(ProposalPages, BandsNeverSplit) {
@@ -42,10 +42,9 @@ TEST(ProposalPages, BandsNeverSplit) {
 }
 
 TEST(ProposalPages, OneGroupPerDistinctParentInOrderOfAppearance) {
-    const ReportRows rows({"no", "line"},
-                          RowArray(2, {std::int64_t{2}, std::string{"a"}, std::int64_t{1}, std::string{"b"},
-                                       std::int64_t{2}, std::string{"c"}}),
-                          {"NO"});
+    const ReportRows rows(RowArray({"no", "line"}, {std::int64_t{2}, std::string{"a"}, std::int64_t{1},
+                                                    std::string{"b"}, std::int64_t{2}, std::string{"c"}}),
+                          std::array{std::string_view("NO")});
     ASSERT_EQ(2U, rows.groups().size());
     EXPECT_EQ((std::vector<int>{0, 2}), rows.groups()[0].rows);
     EXPECT_EQ((std::vector<int>{1}), rows.groups()[1].rows);

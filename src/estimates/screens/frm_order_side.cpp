@@ -61,8 +61,7 @@ void frmOrder::cmdMove_Click() {
 }
 
 void frmOrder::cmdImport_Click() {
-    Connection connection(program().environment().store);
-    connection.open(connectionText(program().host().programDirectory()));
+    Connection connection(program().environment());
     ui().rtfNotes->setText(readSharedNotes(connection));
     ui().frmNotes->setVisible(true);
     ui().frmNotes->raise();
