@@ -7,15 +7,12 @@
 #include <numeric>
 #include <span>
 
+#include "values/letters.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 namespace {
-
-char lower(char c) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-}
 
 // Takes a text apart from the front. Each step skips blanks, and takes nothing when it does not succeed.
 class Reader {

@@ -57,18 +57,12 @@ void isNumericText(sqlite3_context* context, int, sqlite3_value** arguments) {
     });
 }
 
-void isLike(sqlite3_context* context, int count, sqlite3_value** arguments) {
+void isLike(sqlite3_context* context, int, sqlite3_value** arguments) {
     guarded(context, [&] {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < 2; ++i)
             if (sqlite3_value_type(arguments[i]) == SQLITE_NULL) return sqlite3_result_null(context);
         const std::string_view source = textOfArgument(arguments[0]);
         const std::string_view text = textOfArgument(arguments[1]);
-        if (count == 3) {
-            const std::string_view escape = textOfArgument(arguments[2]);
-            if (!isOneSign(escape))
-                return sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
-            return sqlite3_result_int(context, LikePattern(source, escape).matches(text) ? 1 : 0);
-        }
         // Kept from row to row.
         auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0));
         std::unique_ptr<LikePattern> made;
@@ -93,7 +87,7 @@ bool addFunctions(sqlite3* handle) {
                                           nullptr) == SQLITE_OK;
     };
     return add("Val", 1, numberOf<lenientNumber>) && add("cdbl", 1, numberOf<strictDouble>) &&
-           add("isnumeric", 1, isNumericText) && add("like", 2, isLike) && add("like", 3, isLike) &&
+           add("isnumeric", 1, isNumericText) && add("like", 2, isLike) &&
            sqlite3_create_collation_v2(handle, "NOCASE", SQLITE_UTF8, nullptr, collate, nullptr) == SQLITE_OK;
 }
 

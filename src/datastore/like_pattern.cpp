@@ -1,6 +1,7 @@
 #include "datastore/like_pattern.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "values/letters.h"
 
@@ -11,7 +12,6 @@ namespace {
 // No byte of UTF-8.
 constexpr char any = '\xFF';
 constexpr char one = '\xFE';
-constexpr char never = '\xFD';
 
 // A text of ASCII need not be without case.
 bool matchesFolded(std::string_view pattern, std::string_view text) {
@@ -39,33 +39,14 @@ bool matchesFolded(std::string_view pattern, std::string_view text) {
 
 }  // namespace
 
-bool isOneSign(std::string_view text) {
-    return !text.empty() && signLength(text) == text.size();
-}
-
-LikePattern::LikePattern(std::string_view pattern, std::optional<std::string_view> escape) {
-    std::string plain;
-    const auto wildcard = [&](char byte) {
-        pattern_.append(withoutCase(plain)).append(1, byte);
-        plain.clear();
-    };
+LikePattern::LikePattern(std::string_view pattern) {
     while (!pattern.empty()) {
-        const std::string_view sign = pattern.substr(0, signLength(pattern));
-        pattern.remove_prefix(sign.size());
-        if (escape == sign) {
-            if (pattern.empty()) wildcard(never);
-            const std::string_view escaped = pattern.substr(0, signLength(pattern));
-            plain += escaped;
-            pattern.remove_prefix(escaped.size());
-        } else if (sign == "%") {
-            wildcard(any);
-        } else if (sign == "_") {
-            wildcard(one);
-        } else {
-            plain += sign;
-        }
+        const std::size_t plain = std::min(pattern.find_first_of("%_"), pattern.size());
+        pattern_ += withoutCase(pattern.substr(0, plain));
+        if (plain == pattern.size()) return;
+        pattern_ += pattern[plain] == '%' ? any : one;
+        pattern.remove_prefix(plain + 1);
     }
-    pattern_ += withoutCase(plain);
 }
 
 bool LikePattern::matches(std::string_view text) const {

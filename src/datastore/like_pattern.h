@@ -1,19 +1,14 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace torvane {
 
-// Whether a text is just one sign, as an escape must be.
-bool isOneSign(std::string_view text);
-
-// What LIKE compares with: % stands for any signs, _ for one; behind `escape` each sign stands for itself. Without
-// regard to case, in the letters of all scripts.
+// What LIKE compares with: % stands for any signs, _ for one. Without regard to case, in the letters of all scripts.
 class LikePattern {
 public:
-    explicit LikePattern(std::string_view pattern, std::optional<std::string_view> escape = std::nullopt);
+    explicit LikePattern(std::string_view pattern);
     bool matches(std::string_view text) const;
 
 private:

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "datastore/dialect.h"
-#include "datastore/file_copy.h"
 #include "datastore/functions.h"
+#include "files/file_copy.h"
 #include "values/failure.h"
 #include "values/numbers.h"
 

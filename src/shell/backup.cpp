@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "datastore/file_copy.h"
 #include "datastore/store.h"
+#include "files/file_copy.h"
 #include "values/failure.h"
 
 namespace torvane {

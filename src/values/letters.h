@@ -1,13 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace torvane {
 
-// Texts compared without case, in the letters of all scripts. Texts are UTF-8; what is no UTF-8 counts as one unknown
-// sign. Nothing here depends on a locale, so a list stands in the same order on all machines.
+// The letters of texts: blanks, and texts compared without case in all scripts. Texts are UTF-8; what is no UTF-8
+// counts as one unknown sign. Nothing here depends on a locale, so a list stands in the same order on all machines.
 
 constexpr bool isAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
@@ -16,6 +17,23 @@ constexpr bool isAscii(char c) {
 // Of ASCII; all else stays.
 constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// A space, a tab or a line break.
+constexpr bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+// The text without the blanks around it.
+constexpr std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+// Whether a text begins with a word, whatever the case of ASCII letters.
+constexpr bool beginsWith(std::string_view text, std::string_view word) {
+    return text.size() >= word.size() && std::ranges::equal(text.substr(0, word.size()), word, {}, lower, lower);
 }
 
 // The text without case: the same for two texts that differ by case alone, or by how an accented letter is put

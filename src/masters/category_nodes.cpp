@@ -1,4 +1,4 @@
-#include "estimates/category_nodes.h"
+#include "masters/category_nodes.h"
 
 #include <algorithm>
 #include <map>
