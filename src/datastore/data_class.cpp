@@ -29,14 +29,14 @@ RowArray DataClass::query(std::string_view statement) {
     return connection_.query(statement);
 }
 
-std::optional<RowArray> DataClass::readRows(std::string_view statement) {
+ListRows DataClass::readRows(std::string_view statement) {
     RowArray rows = query(statement);
     if (rows.empty()) return std::nullopt;
     return rows;
 }
 
-std::optional<RowArray> DataClass::readPage(std::string_view statement, long Page, long& PageCount,
-                                            std::string_view FldName, std::string_view AscOrDesc) {
+ListRows DataClass::readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                             std::string_view AscOrDesc) {
     constexpr long farthest = std::numeric_limits<long>::max() / std::numeric_limits<std::int16_t>::max();
     const std::int64_t first = (std::clamp(Page, 1L, farthest) - 1) * positionedBy_;
     RowArray rows =
@@ -50,8 +50,8 @@ std::optional<RowArray> DataClass::readPage(std::string_view statement, long Pag
     return rows;
 }
 
-std::optional<RowArray> DataClass::readPageOrAll(std::string_view statement, long Page, long& PageCount,
-                                                 std::string_view FldName, std::string_view AscOrDesc) {
+ListRows DataClass::readPageOrAll(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                                  std::string_view AscOrDesc) {
     if (Page != -1) return readPage(statement, Page, PageCount, FldName, AscOrDesc);
     auto rows = readRows(inOrder(statement, FldName, AscOrDesc));
     if (!rows) return rows;

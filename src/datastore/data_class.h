@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "datastore/environment.h"
@@ -22,14 +21,12 @@ public:
 protected:
     // Opens the connection; a missing or damaged database is a RuntimeFailure.
     explicit DataClass(const Environment& environment);
-    DataClass(const DataClass&) = delete;
-    DataClass& operator=(const DataClass&) = delete;
     ~DataClass() = default;
 
     // All rows of a statement.
     RowArray query(std::string_view statement);
     // The same as the lists of drop-down boxes are given: nothing when there are no rows.
-    std::optional<RowArray> readRows(std::string_view statement);
+    ListRows readRows(std::string_view statement);
 
     // One page of a sorted list, read as a page: the count and the rows of the page, in one fixed order over all pages
     // (rows that tie keep the order of the statement's first column).
@@ -41,11 +38,11 @@ protected:
     //   PageCount, RecordCount   stay untouched when the statement has no rows at all; the count is narrowed to 16 bits
     //               with Failure::Overflow
     // Result: the rows; an empty array for a page past the end; nothing when there are no rows at all.
-    std::optional<RowArray> readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
-                                     std::string_view AscOrDesc);
+    ListRows readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                      std::string_view AscOrDesc);
     // The same, with every row for Page -1; PageCount is that of the page size in force, which stays.
-    std::optional<RowArray> readPageOrAll(std::string_view statement, long Page, long& PageCount,
-                                          std::string_view FldName, std::string_view AscOrDesc);
+    ListRows readPageOrAll(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                           std::string_view AscOrDesc);
 
     Host& host_;
     Connection connection_;

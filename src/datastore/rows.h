@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,5 +36,8 @@ private:
     std::vector<std::string> names_;
     std::vector<Value> cells_;  // row by row
 };
+
+// What a list is given: nothing when there are no rows at all.
+using ListRows = std::optional<RowArray>;
 
 }  // namespace torvane

@@ -2,13 +2,12 @@
 
 #include <sys/stat.h>
 
-#include <list>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
 #include "datastore/gate.h"
 #include "datastore/rows.h"
@@ -57,7 +56,6 @@ private:
                    changed.tv_nsec == other.changed.tv_nsec;
         }
     };
-    using Kept = std::list<std::unique_ptr<Compiled>>;
 
     bool inGroup() const { return depth_ > 0 && !committedEarly_; }
     std::optional<Identity> identify() const;
@@ -66,9 +64,10 @@ private:
     // Lets SQLite play an interrupted write back, and closes the file again.
     void playBack(const Logs& logs);
     void renewIdentity();
-    std::unique_ptr<Compiled> compile(std::string_view statement, bool keep);
-    Compiled& kept(std::string_view statement);
-    void own(const char* sql);
+    std::unique_ptr<Compiled> compile(std::string_view statement, bool forCache);
+    Compiled& cached(std::string_view statement);
+    // Runs statements of our own, which the gate lets through.
+    void runPastGate(const char* sql);
     void commit();
     void undo();
     [[noreturn]] void failed(std::string_view refused) const;
@@ -78,8 +77,7 @@ private:
     sqlite3* handle_ = nullptr;
     Gate gate_;
     Identity identity_;
-    Kept kept_;  // the one used last stands first
-    std::unordered_map<std::string_view, Kept::iterator> keptByText_;
+    std::map<std::string, std::unique_ptr<Compiled>, std::less<>> cache_;
     int depth_ = 0;
     bool committedEarly_ = false;
 };

@@ -1,7 +1,7 @@
 #include "estimates/cls_order.h"
 
 #include "datastore/fields.h"
-#include "masters/customer_lists.h"
+#include "masters/cls_customer.h"
 
 namespace torvane {
 
@@ -125,8 +125,7 @@ void ClsOrder::ClearData() {
     ClearEntry();
 }
 
-std::optional<RowArray> ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName,
-                                                  std::string_view AscOrDesc) {
+ListRows ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     if (leftOpen_) fail(Failure::InvalidCall);
     return readPage(
         joined("SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
@@ -136,13 +135,12 @@ std::optional<RowArray> ClsOrder::GetSearchOrders(long Page, long& PageCount, st
         Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsOrder::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                  std::string_view AscOrDesc) {
+ListRows ClsOrder::GetAllCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(allCustomersStatement(), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsOrder::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                     std::string_view AscOrDesc) {
+ListRows ClsOrder::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
+                                      std::string_view AscOrDesc) {
     return readPage(searchCustomersStatement(SearchFld, SearchVal), Page, PageCount, FldName, AscOrDesc);
 }
 
@@ -158,27 +156,27 @@ std::int32_t ClsOrder::GetNextOrderNo() {
     return isNull(highest) ? 1 : narrowToInt32(toDouble(highest) + 1);
 }
 
-std::optional<RowArray> ClsOrder::GetComboRep() {
+ListRows ClsOrder::GetComboRep() {
     return readRows("Select * from Representatives order by RepName");
 }
 
-std::optional<RowArray> ClsOrder::GetComboShip() {
+ListRows ClsOrder::GetComboShip() {
     return readRows("Select * from Ship order by ShippingMedia");
 }
 
-std::optional<RowArray> ClsOrder::GetComboState() {
+ListRows ClsOrder::GetComboState() {
     return readRows("Select * from States order by StateName");
 }
 
-std::optional<RowArray> ClsOrder::GetComboRooms() {
+ListRows ClsOrder::GetComboRooms() {
     return readRows("Select * from Rooms order by Name");
 }
 
-std::optional<RowArray> ClsOrder::GetComboUnits() {
+ListRows ClsOrder::GetComboUnits() {
     return readRows("Select * from Units order by Name");
 }
 
-std::optional<RowArray> ClsOrder::GetComboItems() {
+ListRows ClsOrder::GetComboItems() {
     return readRows("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName");
 }
 

@@ -55,18 +55,18 @@ std::string clsCategory::GetParentName(std::int16_t cid) {
     return text.empty() ? text : " (" + text + ")";
 }
 
-std::optional<RowArray> clsCategory::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                                      std::string_view AscOrDesc) {
+ListRows clsCategory::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
+                                       std::string_view AscOrDesc) {
     return readPageOrAll("Select * from Categories ", Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsCategory::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                         std::string_view AscOrDesc) {
+ListRows clsCategory::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
+                                          std::string_view AscOrDesc) {
     return readPageOrAll(joined("select * from Categories where Catname like '", Catname, "%' "), Page, PageCount,
                          FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsCategory::GetComboCategories() {
+ListRows clsCategory::GetComboCategories() {
     return readRows("Select * from Category order by CatName");
 }
 

@@ -1,7 +1,6 @@
 #include "masters/cls_customer.h"
 
 #include "datastore/fields.h"
-#include "masters/customer_lists.h"
 
 namespace torvane {
 
@@ -64,21 +63,21 @@ void ClsCustomer::GetCustomer() {
     readFields(*this, fields, row);
 }
 
-std::optional<RowArray> ClsCustomer::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                     std::string_view AscOrDesc) {
+ListRows ClsCustomer::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
+                                      std::string_view AscOrDesc) {
     return readPage(allCustomersStatement(), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsCustomer::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                        std::string_view AscOrDesc) {
+ListRows ClsCustomer::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
+                                         std::string_view AscOrDesc) {
     return readPage(searchCustomersStatement(SearchFld, SearchVal), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsCustomer::GetComboCustomers() {
+ListRows ClsCustomer::GetComboCustomers() {
     return readRows("Select * from Customer order by CustName");
 }
 
-std::optional<RowArray> ClsCustomer::GetComboState() {
+ListRows ClsCustomer::GetComboState() {
     return readRows("Select * from States order by StateName");
 }
 

@@ -85,13 +85,11 @@ void ClsItem::UpdateEquipmentprice(std::int32_t itmid, std::string_view prc) {
     updatePrice("Equipment", "Equipment price updated in master file", itmid, prc);
 }
 
-std::optional<RowArray> ClsItem::GetAllItems(long Page, long& PageCount, std::string_view FldName,
-                                             std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage("Select *  from Item", Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName,
-                                              std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     if (compareWithoutCase(FldName, "itemcode") == 0)
         FldName = AscOrDesc == "A" ? " Val(itemcode),itemcode" : " Val(itemcode) desc,itemcode";
     return readPage(
@@ -100,16 +98,14 @@ std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::s
         Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(
         "SELECT Item.ItemID,Item.ItemName,Category.CatName, item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
         "Item,Category,Units  where  Item.CategoryID = Category.CatId  and Item.UnitId=Units.Id",
         Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc) {
+ListRows ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     const std::string statement =
         SearchFld == "All"
             ? joined(
@@ -125,7 +121,7 @@ std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std:
     return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc) {
+ListRows ClsItem::GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc) {
     long PageCount = 0;
     return readPageOrAll(
         "SELECT Item.ItemID,Item.ItemName,Item.CategoryId FROM Item,Category,Units  where  Item.CategoryID = "

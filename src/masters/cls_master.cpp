@@ -51,7 +51,7 @@ std::optional<long> clsMaster::GetRecord(std::optional<long> RecNo) {
     return position;
 }
 
-std::optional<RowArray> clsMaster::GetComboCategories() {
+ListRows clsMaster::GetComboCategories() {
     return readRows(joined("Select * from ", Mastertable, " order by Name"));
 }
 
@@ -72,13 +72,12 @@ std::optional<long> clsMaster::GetCategory(std::string_view text) {
     return position;
 }
 
-std::optional<RowArray> clsMaster::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                                    std::string_view AscOrDesc) {
+ListRows clsMaster::GetAllCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(joined("Select * from ", Mastertable), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsMaster::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                       std::string_view AscOrDesc) {
+ListRows clsMaster::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
+                                        std::string_view AscOrDesc) {
     auto rows = readPage(joined("select * from ", Mastertable, " where Name like '%", Name, "%' "), Page, PageCount,
                          FldName, AscOrDesc);
     if (!rows) host_.box("No Result found.", "Search");

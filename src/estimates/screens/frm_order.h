@@ -88,8 +88,10 @@ private:
     LineNames names(std::int32_t itemId, std::string item);
     std::vector<std::string> panelRow(std::int32_t itemId);
     LineRow listedRow(int row);
-    // Reads the item and its category as every change of a line does; gives the item's name.
+    // Reads the item and its category as every change of a line does.
     void readItem(ClsItem& item);
+    // What keeps a line from being entered; says so in a box.
+    bool quantityMissing();
     bool alreadyAdded(std::int32_t itemId, std::int32_t leaveOut);
     int selectedRow();
 

@@ -99,6 +99,12 @@ void frmOrder::readItem(ClsItem& item) {
     category_->GetCatg();
 }
 
+bool frmOrder::quantityMissing() {
+    if (lenientNumber(ui().TxtQty->Text()) != 0) return false;
+    program().say("Please enter Quanttity", boxTitle);
+    return true;
+}
+
 bool frmOrder::alreadyAdded(std::int32_t itemId, std::int32_t leaveOut) {
     const LineKey key{itemId, ui().cmbRooms->ItemData(), ui().cmbUnits->ItemData()};
     std::int32_t index = 0;
@@ -143,10 +149,7 @@ void frmOrder::loadLines() {
 }
 
 void frmOrder::cmdAdd_Click() {
-    if (lenientNumber(ui().TxtQty->Text()) == 0) {
-        program().say("Please enter Quanttity", boxTitle);
-        return;
-    }
+    if (quantityMissing()) return;
     const Program::Doing doing(program(), "adding the line");
     CurrentItemId = ui().cmbItems->ItemData();
     if (alreadyAdded(CurrentItemId, 0)) return;
@@ -205,10 +208,7 @@ void frmOrder::CmdEdit_Click() {
 }
 
 void frmOrder::cmdEditApply_Click() {
-    if (lenientNumber(ui().TxtQty->Text()) == 0) {
-        program().say("Please enter Quanttity", boxTitle);
-        return;
-    }
+    if (quantityMissing()) return;
     const Program::Doing doing(program(), "changing the line");
     if (alreadyAdded(CurrentItemId, EditLineIndex)) return;
     CurrentItemId = ui().cmbItems->ItemData();
