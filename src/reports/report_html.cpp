@@ -35,7 +35,7 @@ double widthOf(std::string_view text) {
 
 // A text, or a number made narrower for its box.
 std::string content(const Placed& placed) {
-    const std::string text = escaped(placed.text);
+    std::string text = escaped(placed.text);
     const double width = placed.whole ? widthOf(placed.text) : 0;
     if (width <= placed.room()) return text;
     const int left = placed.align == Align::Right ? placed.width - placed.room() : 0;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -44,8 +43,5 @@ std::string withoutCase(std::string_view text);
 // where nothing else differs do accents decide. 0 just when `withoutCase` gives the same for both. For texts of ASCII
 // this is the order of their bytes in lower case.
 int compareWithoutCase(std::string_view a, std::string_view b);
-
-// The bytes of the sign that a text begins with; 0 for an empty one.
-std::size_t signLength(std::string_view text);
 
 }  // namespace torvane
