@@ -7,8 +7,8 @@
 namespace torvane {
 
 int RowArray::column(std::string_view name) const {
-    const auto found =
-        std::ranges::find_if(names_, [&](const auto& known) { return compareWithoutCase(known, name) == 0; });
+    const auto found = std::ranges::find_if(
+        names_, [&](const auto& known) { return known.size() == name.size() && beginsWith(known, name); });
     return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
 }
 
