@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "benches.h"
-#include "estimates/category_nodes.h"
 #include "estimates/screens/category_tree.h"
 #include "estimates/screens/frm_list.h"
 #include "estimates/screens/frm_order.h"
 #include "harness.h"
+#include "masters/category_nodes.h"
 #include "platform/controls.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/page_painter.h"

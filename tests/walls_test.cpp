@@ -15,7 +15,8 @@ using Rooms = std::set<std::string>;
 const std::map<std::string, Rooms> allowed = {
     {"values", {}},
     {"host", {"values"}},
-    {"datastore", {"values", "host"}},
+    {"files", {}},
+    {"datastore", {"values", "host", "files"}},
     {"masters", {"values", "host", "datastore"}},
     {"estimates", {"values", "host", "datastore", "masters"}},
     {"reports", {"values", "host", "datastore"}},
@@ -27,15 +28,15 @@ const std::map<std::string, Rooms> allowed = {
     {"calculators/screens", {"values", "host", "datastore", "calculators", "platform"}},
     {"conversions/screens", {"conversions", "platform"}},
     {"masters/screens", {"values", "host", "datastore", "masters", "platform"}},
-    {"reports/screens", {"values", "host", "datastore", "reports", "platform"}},
+    {"reports/screens", {"values", "host", "datastore", "reports", "platform", "files"}},
     {"estimates/screens",
      {"values", "host", "datastore", "masters", "estimates", "platform", "masters/screens", "reports/screens"}},
     {"shell",
      {"values", "host", "datastore", "masters", "estimates", "reports", "platform", "assistant", "help", "calculators",
-      "calculators/screens", "masters/screens", "estimates/screens", "reports/screens"}},
+      "files", "calculators/screens", "masters/screens", "estimates/screens", "reports/screens"}},
 };
-const Rooms belowTheQtLine = {"values",    "host",    "datastore",   "masters",
-                              "estimates", "reports", "calculators", "conversions"};
+const Rooms belowTheQtLine = {"values",  "host",        "datastore",   "masters", "estimates",
+                              "reports", "calculators", "conversions", "files"};
 
 std::string folderOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "datastore/environment.h"
@@ -9,9 +8,9 @@
 
 namespace torvane {
 
-// What all data classes have in common: a connection of their own for the object's whole life, one recordset for all
-// queries, and the paged read of lists. None of them handles a failure: a refused statement, a Null where a value is
-// needed and an overflow are RuntimeFailures that go up to the event.
+// What all data classes have in common: a connection of their own for the object's whole life, queries, and the paged
+// read of lists. None of them handles a failure: a refused statement, a Null where a value is needed and an overflow
+// are RuntimeFailures that go up to the event.
 class DataClass {
 public:
     // Rows per page; copied from the host at construction.
@@ -22,26 +21,37 @@ public:
 protected:
     // Opens the connection; a missing or damaged database is a RuntimeFailure.
     explicit DataClass(const Environment& environment);
-    DataClass(const DataClass&) = delete;
-    DataClass& operator=(const DataClass&) = delete;
     ~DataClass() = default;
 
-    // Opens the recordset on a statement, closing it first if it is open.
-    Recordset& read(std::string_view statement);
-    // All rows of a statement, or nothing when there are none. Leaves the recordset closed.
-    std::optional<RowArray> readRows(std::string_view statement);
-    // Whether a statement has any row. Leaves the recordset closed.
-    bool anyRow(std::string_view statement);
-    // One page of a sorted list: see Recordset::readPage. Closes the recordset first if it is open.
-    std::optional<RowArray> readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
-                                     std::string_view AscOrDesc);
-    // The same, with every row for Page -1.
-    std::optional<RowArray> readPageOrAll(std::string_view statement, long Page, long& PageCount,
-                                          std::string_view FldName, std::string_view AscOrDesc);
+    // All rows of a statement.
+    RowArray query(std::string_view statement);
+    // The same as the lists of drop-down boxes are given: nothing when there are no rows.
+    ListRows readRows(std::string_view statement);
+
+    // One page of a sorted list, read as a page: the count and the rows of the page, in one fixed order over all pages
+    // (rows that tie keep the order of the statement's first column).
+    //   statement   without an order clause; the clause " order by <FldName>", with " Desc" unless AscOrDesc is "A", is
+    //               appended to it
+    //   Page        from 1; below 1 (of a statement with rows) is Failure::InvalidCall, with the parameters untouched.
+    //               It is positioned by the page size that stood before this read, 10 for the first read of the
+    //               instance; from now on by PageSize
+    //   PageCount, RecordCount   stay untouched when the statement has no rows at all; the count is narrowed to 16 bits
+    //               with Failure::Overflow
+    // Result: the rows; an empty array for a page past the end; nothing when there are no rows at all.
+    ListRows readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                      std::string_view AscOrDesc);
+    // The same, with every row for Page -1; PageCount is that of the page size in force, which stays.
+    ListRows readPageOrAll(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
+                           std::string_view AscOrDesc);
 
     Host& host_;
     Connection connection_;
-    Recordset recordset_;
+    // A class has one recordset, and every query closes it first. Set by an operation that leaves it open, for the one
+    // that does not close it.
+    bool leftOpen_ = false;
+
+private:
+    std::int16_t positionedBy_ = 10;
 };
 
 }  // namespace torvane

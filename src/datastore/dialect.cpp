@@ -6,23 +6,19 @@
 #include <optional>
 
 #include "values/failure.h"
+#include "values/letters.h"
 
 // What the dialect has over SQLite's own:
 //
 //   delete * from <table> ...     the star is dropped
 //   #<date>#                      a date literal; becomes 'yyyy-mm-dd'
 //
-// and what it has not: remarks (-- and /* */), and anything but blanks behind a semicolon. Between quotes ('...',
-// "...",
-// `...`, [...]) everything stands as it is.
+// and what it has not: remarks (-- and /* */), and anything but blanks behind a semicolon. Between quotes, which are
+// '...', "...", `...` and [...], everything stands as it is.
 
 namespace torvane {
 
 namespace {
-
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
 
 [[noreturn]] void refuse(const char* why, std::string_view statement) {
     throw RuntimeFailure(SQLITE_ERROR, why, std::string(statement));
@@ -36,10 +32,7 @@ std::string_view withoutBlanks(std::string_view text) {
 // The rest behind the keyword and the blanks after it, or nothing when the text begins otherwise.
 std::optional<std::string_view> behind(std::string_view text, std::string_view keyword) {
     text = withoutBlanks(text);
-    if (text.size() < keyword.size() ||
-        sqlite3_strnicmp(text.data(), keyword.data(), static_cast<int>(keyword.size())) != 0) {
-        return std::nullopt;
-    }
+    if (!beginsWith(text, keyword)) return std::nullopt;
     return withoutBlanks(text.substr(keyword.size()));
 }
 
@@ -77,7 +70,7 @@ std::string translate(std::string_view statement, const ShortDate& style) {
                 const std::size_t close = rest.find('#', 1);
                 if (close == std::string_view::npos) refuse("a date has no end", statement);
                 const auto date = readDate(rest.substr(1, close - 1), style);
-                if (!date) refuse("a date that is none", statement);
+                if (!date) refuse("not a date", statement);
                 sql.append(1, '\'').append(isoText(*date)).append(1, '\'');
                 rest.remove_prefix(close + 1);
                 continue;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "host/host.h"
 
 namespace torvane {
@@ -10,6 +12,9 @@ class Store;
 struct Environment {
     Host& host;
     Store& store;
+
+    // The one database of the program, in its folder.
+    std::string database() const { return host.programDirectory() + "/Larkfen.mdb"; }
 };
 
 }  // namespace torvane

@@ -2,10 +2,11 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <memory>
+#include <string>
 #include <string_view>
 
-#include "datastore/like_pattern.h"
 #include "values/failure.h"
 #include "values/letters.h"
 #include "values/numbers.h"
@@ -57,25 +58,23 @@ void isNumericText(sqlite3_context* context, int, sqlite3_value** arguments) {
     });
 }
 
-void isLike(sqlite3_context* context, int count, sqlite3_value** arguments) {
+void isLike(sqlite3_context* context, int, sqlite3_value** arguments) {
     guarded(context, [&] {
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < 2; ++i)
             if (sqlite3_value_type(arguments[i]) == SQLITE_NULL) return sqlite3_result_null(context);
-        const std::string_view source = textOfArgument(arguments[0]);
-        const std::string_view text = textOfArgument(arguments[1]);
-        if (count == 3) {
-            const std::string_view escape = textOfArgument(arguments[2]);
-            if (!isOneSign(escape))
-                return sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
-            return sqlite3_result_int(context, LikePattern(source, escape).matches(text) ? 1 : 0);
-        }
         // Kept from row to row.
-        auto* pattern = static_cast<LikePattern*>(sqlite3_get_auxdata(context, 0));
-        std::unique_ptr<LikePattern> made;
-        if (pattern == nullptr) pattern = (made = std::make_unique<LikePattern>(source)).get();
-        sqlite3_result_int(context, pattern->matches(text) ? 1 : 0);
+        auto* pattern = static_cast<std::string*>(sqlite3_get_auxdata(context, 0));
+        std::unique_ptr<std::string> made;
+        if (pattern == nullptr)
+            pattern = (made = std::make_unique<std::string>(withoutCase(textOfArgument(arguments[0])))).get();
+        // ASCII alone needs no other form.
+        const std::string_view text = textOfArgument(arguments[1]);
+        const bool plain = std::ranges::all_of(text, isAscii);
+        const std::string folded = plain ? std::string() : withoutCase(text);
+        const int different = sqlite3_strlike(pattern->c_str(), plain ? text.data() : folded.c_str(), 0);
+        sqlite3_result_int(context, different == 0 ? 1 : 0);
         if (made)
-            sqlite3_set_auxdata(context, 0, made.release(), [](void* kept) { delete static_cast<LikePattern*>(kept); });
+            sqlite3_set_auxdata(context, 0, made.release(), [](void* kept) { delete static_cast<std::string*>(kept); });
     });
 }
 
@@ -93,7 +92,7 @@ bool addFunctions(sqlite3* handle) {
                                           nullptr) == SQLITE_OK;
     };
     return add("Val", 1, numberOf<lenientNumber>) && add("cdbl", 1, numberOf<strictDouble>) &&
-           add("isnumeric", 1, isNumericText) && add("like", 2, isLike) && add("like", 3, isLike) &&
+           add("isnumeric", 1, isNumericText) && add("like", 2, isLike) &&
            sqlite3_create_collation_v2(handle, "NOCASE", SQLITE_UTF8, nullptr, collate, nullptr) == SQLITE_OK;
 }
 

@@ -24,10 +24,7 @@ int authorize(void* data, int action, const char* first, const char* second, con
         case SQLITE_DELETE:
             return first != nullptr && sqlite3_strnicmp(first, "sqlite_", 7) == 0 ? SQLITE_DENY : SQLITE_OK;
         case SQLITE_FUNCTION:
-            return isOneOf(second, {"val", "cdbl", "isnumeric", "like", "count", "max", "min", "sum", "avg", "abs",
-                                    "round", "coalesce", "ifnull", "lower", "upper", "length", "substr", "trim"})
-                       ? SQLITE_OK
-                       : SQLITE_DENY;
+            return isOneOf(second, {"val", "cdbl", "isnumeric", "like", "count", "max"}) ? SQLITE_OK : SQLITE_DENY;
         default:
             return SQLITE_DENY;
     }

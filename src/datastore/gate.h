@@ -5,7 +5,7 @@ struct sqlite3;
 namespace torvane {
 
 // What a statement may do on an open database: read and write rows of its tables with a handful of functions, nothing
-// else. The authorizer is set once, since each setting compiles every kept statement anew; the program's own
+// else. The authorizer is set once, since each setting compiles every cached statement anew; the program's own
 // transactions and settings pass while `ownWork` is set.
 struct Gate {
     bool ownWork = false;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "values/failure.h"
@@ -7,24 +10,34 @@
 
 namespace torvane {
 
-// The result of a list read: cells by (column, row), both from 0. A read without rows gives no RowArray at all; a page
-// past the end gives an empty one.
+// The rows that a statement gave, and the names of their columns: cells by (column, row), both from 0.
 class RowArray {
 public:
-    RowArray(int columns, std::vector<Value> cells) : columns_(columns), cells_(std::move(cells)) {}
+    RowArray() = default;
+    RowArray(std::vector<std::string> names, std::vector<Value> cells)
+        : names_(std::move(names)), cells_(std::move(cells)) {}
 
-    int columns() const { return columns_; }
-    int rows() const { return columns_ == 0 ? 0 : static_cast<int>(cells_.size()) / columns_; }
+    int columns() const { return static_cast<int>(names_.size()); }
+    int rows() const { return names_.empty() ? 0 : static_cast<int>(cells_.size() / names_.size()); }
+    bool empty() const { return cells_.empty(); }
+
     // Failure::Subscript outside the array.
     const Value& operator()(int column, int row) const {
-        if (column < 0 || column >= columns_ || row < 0 || row >= rows()) fail(Failure::Subscript);
-        return cells_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
-                      static_cast<std::size_t>(column)];
+        if (column < 0 || column >= columns() || row < 0 || row >= rows()) fail(Failure::Subscript);
+        return cells_[static_cast<std::size_t>(row) * names_.size() + static_cast<std::size_t>(column)];
     }
+    // By the column's name, without regard to case; Failure::InvalidCall when no column bears it. A name that several
+    // columns of the statement bear is qualified as table.column.
+    const Value& operator()(std::string_view column, int row) const;
+    // The number of the column of that name, or -1.
+    int column(std::string_view name) const;
 
 private:
-    int columns_;
+    std::vector<std::string> names_;
     std::vector<Value> cells_;  // row by row
 };
+
+// What a list is given: nothing when there are no rows at all.
+using ListRows = std::optional<RowArray>;
 
 }  // namespace torvane

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "datastore/dialect.h"
-#include "datastore/file_copy.h"
 #include "datastore/functions.h"
+#include "files/file_copy.h"
 #include "values/failure.h"
 #include "values/numbers.h"
 
@@ -16,7 +16,7 @@ namespace torvane {
 namespace {
 
 constexpr int patienceMilliseconds = 5000;  // with another program's lock
-constexpr std::size_t keptStatements = 64;
+constexpr std::size_t mostCached = 64;
 constexpr off_t smallestPage = 512;
 
 enum class ColumnKind { Plain, Single, Date };
@@ -103,7 +103,6 @@ struct StoreFile::Compiled {
     Compiled& operator=(const Compiled&) = delete;
     ~Compiled() { sqlite3_finalize(statement); }
 
-    std::string text;
     sqlite3_stmt* statement = nullptr;
     std::vector<std::string> names;
     std::vector<ColumnKind> kinds;
@@ -139,7 +138,7 @@ void StoreFile::openHandle() {
         sqlite3_busy_timeout(handle_, patienceMilliseconds);
         // The first reading plays an interrupted write back and finds out whether this is a database. A foreign file
         // may have been kept with a write-ahead log, which a copy of the one file would leave behind.
-        own("select count(*) from sqlite_schema; pragma journal_mode = delete; pragma synchronous = full");
+        runPastGate("select count(*) from sqlite_schema; pragma journal_mode = delete; pragma synchronous = full");
     } catch (...) {
         closeHandle();
         throw;
@@ -149,8 +148,7 @@ void StoreFile::openHandle() {
 }
 
 void StoreFile::closeHandle() {
-    keptByText_.clear();
-    kept_.clear();
+    cache_.clear();
     sqlite3_close(handle_);
     handle_ = nullptr;
 }
@@ -173,19 +171,18 @@ void StoreFile::ready() {
     if (handle_ == nullptr || !now || !now->unchanged(identity_)) openHandle();
 }
 
-void StoreFile::own(const char* sql) {
+void StoreFile::runPastGate(const char* sql) {
     gate_.ownWork = true;
     const int result = sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
     gate_.ownWork = false;
     if (result != SQLITE_OK) failed(name_);
 }
 
-std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view statement, bool keep) {
+std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view statement, bool forCache) {
     const std::string sql = translate(statement, style_);
     auto compiled = std::make_unique<Compiled>();
-    compiled->text = statement;
     const char* tail = nullptr;
-    const unsigned flags = keep ? SQLITE_PREPARE_PERSISTENT : 0;
+    const unsigned flags = forCache ? SQLITE_PREPARE_PERSISTENT : 0;
     // The length counts the closing zero byte, which spares SQLite a copy.
     if (sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size() + 1), flags, &compiled->statement,
                            &tail) != SQLITE_OK) {
@@ -198,47 +195,37 @@ std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view stateme
     return compiled;
 }
 
-StoreFile::Compiled& StoreFile::kept(std::string_view statement) {
-    if (const auto found = keptByText_.find(statement); found != keptByText_.end()) {
-        kept_.splice(kept_.begin(), kept_, found->second);
-        return *kept_.front();
-    }
+StoreFile::Compiled& StoreFile::cached(std::string_view statement) {
+    if (const auto found = cache_.find(statement); found != cache_.end()) return *found->second;
     auto compiled = compile(statement, true);
     const int columns = sqlite3_column_count(compiled->statement);
     if (columns == 0 || sqlite3_stmt_readonly(compiled->statement) == 0) fail(Failure::InvalidCall, statement);
     compiled->names = namesOf(compiled->statement);
     for (int i = 0; i < columns; ++i)
         compiled->kinds.push_back(kindOf(sqlite3_column_decltype(compiled->statement, i)));
-
-    if (kept_.size() == keptStatements) {
-        keptByText_.erase(kept_.back()->text);
-        kept_.pop_back();
-    }
-    kept_.push_front(std::move(compiled));
-    keptByText_.emplace(kept_.front()->text, kept_.begin());
-    return *kept_.front();
+    if (cache_.size() == mostCached) cache_.clear();
+    return *(cache_[std::string(statement)] = std::move(compiled));
 }
 
-QueryResult StoreFile::query(std::string_view statement) {
+RowArray StoreFile::query(std::string_view statement) {
     ready();
-    const Compiled& compiled = kept(statement);
+    const Compiled& compiled = cached(statement);
     // A statement that is not reset would hold its lock on the file.
     const struct Reset {
         sqlite3_stmt* statement;
         ~Reset() { sqlite3_reset(statement); }
     } reset{compiled.statement};
 
-    QueryResult result{compiled.names, {}, 0};
+    std::vector<Value> cells;
     const int columns = static_cast<int>(compiled.kinds.size());
     int step = SQLITE_ROW;
     while ((step = sqlite3_step(compiled.statement)) == SQLITE_ROW) {
         for (int i = 0; i < columns; ++i) {
-            result.cells.push_back(cell(compiled.statement, i, compiled.kinds[static_cast<std::size_t>(i)]));
+            cells.push_back(cell(compiled.statement, i, compiled.kinds[static_cast<std::size_t>(i)]));
         }
-        ++result.rows;
     }
     if (step != SQLITE_DONE) failed(statement);
-    return result;
+    return {compiled.names, std::move(cells)};
 }
 
 void StoreFile::execute(std::string_view statement) {
@@ -253,7 +240,7 @@ void StoreFile::beginGroup() {
     if (depth_ == 0) {
         committedEarly_ = false;
         ready();
-        own("begin immediate");
+        runPastGate("begin immediate");
     }
     ++depth_;
 }
@@ -274,7 +261,7 @@ void StoreFile::endGroup() {
 }
 
 void StoreFile::commit() {
-    own("commit");
+    runPastGate("commit");
     renewIdentity();
 }
 
@@ -317,10 +304,10 @@ void StoreFile::playBack(const Logs& logs) {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(logs.file.c_str(), &handle_, flags, nullptr) != SQLITE_OK) failed(name_);
     sqlite3_busy_timeout(handle_, patienceMilliseconds);
-    own("pragma journal_mode = delete; begin exclusive");
+    runPastGate("pragma journal_mode = delete; begin exclusive");
     // Whatever still stands under this lock has nothing to play back.
     logs.remove();
-    own("rollback");
+    runPastGate("rollback");
 }
 
 }  // namespace torvane

@@ -2,28 +2,21 @@
 
 #include <sys/stat.h>
 
-#include <list>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
 
 #include "datastore/gate.h"
+#include "datastore/rows.h"
 #include "values/dates.h"
-#include "values/value.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace torvane {
-
-struct QueryResult {
-    std::vector<std::string> names;
-    std::vector<Value> cells;  // row by row
-    long rows = 0;
-};
 
 // One database file and the handle that all connections to it share. The handle is opened at the first statement, and
 // anew when another file stands in the place. Every failure is a RuntimeFailure with SQLite's primary result code.
@@ -37,7 +30,7 @@ public:
     // Sees to it that the handle is open on the file that bears the name now.
     void ready();
     void execute(std::string_view statement);
-    QueryResult query(std::string_view statement);
+    RowArray query(std::string_view statement);
 
     // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.
     void beginGroup();
@@ -63,7 +56,6 @@ private:
                    changed.tv_nsec == other.changed.tv_nsec;
         }
     };
-    using Kept = std::list<std::unique_ptr<Compiled>>;
 
     bool inGroup() const { return depth_ > 0 && !committedEarly_; }
     std::optional<Identity> identify() const;
@@ -72,9 +64,10 @@ private:
     // Lets SQLite play an interrupted write back, and closes the file again.
     void playBack(const Logs& logs);
     void renewIdentity();
-    std::unique_ptr<Compiled> compile(std::string_view statement, bool keep);
-    Compiled& kept(std::string_view statement);
-    void own(const char* sql);
+    std::unique_ptr<Compiled> compile(std::string_view statement, bool forCache);
+    Compiled& cached(std::string_view statement);
+    // Runs statements of our own, which the gate lets through.
+    void runPastGate(const char* sql);
     void commit();
     void undo();
     [[noreturn]] void failed(std::string_view refused) const;
@@ -84,8 +77,7 @@ private:
     sqlite3* handle_ = nullptr;
     Gate gate_;
     Identity identity_;
-    Kept kept_;  // the one used last stands first
-    std::unordered_map<std::string_view, Kept::iterator> keptByText_;
+    std::map<std::string, std::unique_ptr<Compiled>, std::less<>> cache_;
     int depth_ = 0;
     bool committedEarly_ = false;
 };

@@ -1,11 +1,17 @@
 #include "estimates/cls_order.h"
 
-#include "datastore/statement.h"
-#include "masters/customer_lists.h"
+#include "datastore/fields.h"
+#include "masters/cls_customer.h"
 
 namespace torvane {
 
 namespace {
+
+constexpr Field<ClsOrder> siteFields[] = {
+    {"SStreet1", &ClsOrder::SStreet1}, {"SStreet2", &ClsOrder::SStreet2}, {"SCity", &ClsOrder::SCity},
+    {"SState", &ClsOrder::SState},     {"SZip", &ClsOrder::SZip},         {"SCountry", &ClsOrder::SCountry},
+    {"SPhone", &ClsOrder::SPhone},     {"SMobile", &ClsOrder::SMobile},   {"SEmail", &ClsOrder::SEmail}};
+constexpr Field<ClsOrder> textFields[] = {{"UPSTracking", &ClsOrder::UPSTracking}, {"Notes", &ClsOrder::Notes}};
 
 // Month first, without leading zeros, whatever the machine's own short date is.
 std::string dateLiteral(const Date& date) {
@@ -51,22 +57,18 @@ bool ClsOrder::Save() {
             connection_.execute(joined("Delete * from Orderitem where OrderNo = ", OrderNo));
             connection_.execute(joined(
                 "Update OrderInfo Set CustId = ", CustId, ", RepId = ", RepId, ", OrderDate = ", dateLiteral(OrderDate),
-                ", SStreet1 = '", SStreet1, "', SStreet2 = '", SStreet2, "', SCity = '", SCity, "', SState = ", SState,
-                ", SZip = '", SZip, "', SCountry = '", SCountry, "', SPhone = '", SPhone, "', SMobile = '", SMobile,
-                "', SEmail = '", SEmail, "', ShipId = ", ShipId, ", Amount = ", Amount, ", Tax = ", Tax,
-                ", Overhead = ", Overhead, ", Total = ", Total, ", UPSTracking='", UPSTracking, "', Notes='", Notes,
-                "' where OrderNo=", OrderNo));
+                ", ", columnsWithValues(*this, siteFields, " = ", ", "), ", ShipId = ", ShipId, ", Amount = ", Amount,
+                ", Tax = ", Tax, ", Overhead = ", Overhead, ", Total = ", Total, ", ",
+                columnsWithValues(*this, textFields, "=", ", "), " where OrderNo=", OrderNo));
             insertLines();
         });
     } else if (mode == "A") {
         grouped(connection_, [this] {
-            connection_.execute(joined(
-                "Insert into OrderInfo "
-                "(Orderno,CustId,RepId,OrderDate,SStreet1,SStreet2,SCity,SState,SZip,SCountry,SPhone,SMobile,SEmail,"
-                "ShipId,Amount,Tax,Total,UPSTracking,Notes,Overhead) values (",
-                OrderNo, ",", CustId, ",", RepId, ",", dateLiteral(OrderDate), ",'", SStreet1, "','", SStreet2, "','",
-                SCity, "',", SState, ",'", SZip, "','", SCountry, "','", SPhone, "','", SMobile, "','", SEmail, "',",
-                ShipId, ",", Amount, ",", Tax, ",", Total, ",'", UPSTracking, "','", Notes, "',", Overhead, ")"));
+            connection_.execute(joined("Insert into OrderInfo (Orderno,CustId,RepId,OrderDate,", columnList(siteFields),
+                                       ",ShipId,Amount,Tax,Total,", columnList(textFields), ",Overhead) values (",
+                                       OrderNo, ",", CustId, ",", RepId, ",", dateLiteral(OrderDate), ",",
+                                       valueList(*this, siteFields), ",", ShipId, ",", Amount, ",", Tax, ",", Total,
+                                       ",", valueList(*this, textFields), ",", Overhead, ")"));
             insertLines();
         });
     }
@@ -83,111 +85,98 @@ void ClsOrder::Delete() {
 
 void ClsOrder::GetOrder() {
     ClearData();
-    Recordset& rows = read(joined("Select * from orderinfo where OrderNo = ", OrderNo));
-    if (rows.eof()) {
+    const RowArray header = query(joined("Select * from orderinfo where OrderNo = ", OrderNo));
+    if (header.empty()) {
+        leftOpen_ = true;
         host_.box("Estimate not found corresponding to entered Estimate Number", "Search Estimate");
         return;
     }
-    CustId = toInt32(rows.field("CustId"));
-    RepId = int32OrZero(rows.field("RepId"));
-    ShipId = int32OrZero(rows.field("ShipId"));
-    SStreet1 = textOrEmpty(rows.field("SStreet1"));
-    SStreet2 = textOrEmpty(rows.field("SStreet2"));
-    SCity = textOrEmpty(rows.field("SCity"));
-    SState = int16OrZero(rows.field("SState"));
-    SZip = textOrEmpty(rows.field("SZip"));
-    SCountry = textOrEmpty(rows.field("SCountry"));
-    SPhone = textOrEmpty(rows.field("SPhone"));
-    SMobile = textOrEmpty(rows.field("SMobile"));
-    SEmail = textOrEmpty(rows.field("SEmail"));
+    CustId = toInt32(header("CustId", 0));
+    RepId = int32OrZero(header("RepId", 0));
+    ShipId = int32OrZero(header("ShipId", 0));
+    readFields(*this, siteFields, header);
     // A date that is Null counts as the empty text, which is no date.
-    const Value& date = rows.field("OrderDate");
+    const Value& date = header("OrderDate", 0);
     OrderDate = toDate(isNull(date) ? Value{std::string{}} : date, host_.shortDate());
-    Amount = singleOrZero(rows.field("Amount"));
-    Tax = singleOrZero(rows.field("Tax"));
-    Overhead = singleOrZero(rows.field("Overhead"));
-    Total = singleOrZero(rows.field("Total"));
-    UPSTracking = textOrEmpty(rows.field("UPSTracking"));
-    Notes = textOrEmpty(rows.field("Notes"));
+    Amount = singleOrZero(header("Amount", 0));
+    Tax = singleOrZero(header("Tax", 0));
+    Overhead = singleOrZero(header("Overhead", 0));
+    Total = singleOrZero(header("Total", 0));
+    readFields(*this, textFields, header);
 
-    for (read(joined("Select * from orderItem where OrderNo = ", OrderNo)); !rows.eof(); rows.moveNext())
-        ColnOrderItems().Add(rows.field("ItemId"), rows.field("Qty"), rows.field("Material"), rows.field("RoomId"),
-                             rows.field("UnitId"), rows.field("Extension"), rows.field("Labor"), rows.field("Others"));
-    rows.close();
+    const RowArray lines = query(joined("Select * from orderItem where OrderNo = ", OrderNo));
+    for (int row = 0; row < lines.rows(); ++row)
+        ColnOrderItems().Add(lines("ItemId", row), lines("Qty", row), lines("Material", row), lines("RoomId", row),
+                             lines("UnitId", row), lines("Extension", row), lines("Labor", row), lines("Others", row));
     screen_.showEstimate();
 }
 
-void ClsOrder::ClearLines() {
+void ClsOrder::ClearEntry() {
+    CustId = 0;
+    OrderDate = host_.today();
+    clearFields(*this, siteFields);
+    clearFields(*this, textFields);
     for (std::int32_t i = ColnOrderItems().Count(); i >= 1; --i) ColnOrderItems().Remove(i);
 }
 
 void ClsOrder::ClearData() {
-    CustId = RepId = ShipId = 0;
-    SState = 0;
+    RepId = ShipId = 0;
     Amount = Tax = Overhead = Total = 0;
-    for (std::string* text :
-         {&SStreet1, &SStreet2, &SCity, &SZip, &SCountry, &SPhone, &SMobile, &SEmail, &UPSTracking, &Notes})
-        text->clear();
-    OrderDate = host_.today();
-    ClearLines();
+    ClearEntry();
 }
 
-std::optional<RowArray> ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName,
-                                                  std::string_view AscOrDesc) {
-    return recordset_.readPage(
+ListRows ClsOrder::GetSearchOrders(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
+    if (leftOpen_) fail(Failure::InvalidCall);
+    return readPage(
         joined("SELECT Orderinfo.orderno, Orderinfo.Orderdate, Customer.Custname as CustName, "
                "Orderinfo.upstracking,orderinfo.total,orderinfo.overhead,orderinfo.tax FROM orderinfo left join "
                "customer  on orderinfo.custid = customer.custid where  ",
                SearchFld, " like '%", SearchVal, "%'"),
-        FldName, AscOrDesc, connection_, Page, PageSize, PageCount, RecordCount);
+        Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsOrder::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                  std::string_view AscOrDesc) {
+ListRows ClsOrder::GetAllCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(allCustomersStatement(), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsOrder::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                     std::string_view AscOrDesc) {
+ListRows ClsOrder::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
+                                      std::string_view AscOrDesc) {
     return readPage(searchCustomersStatement(SearchFld, SearchVal), Page, PageCount, FldName, AscOrDesc);
 }
 
 double ClsOrder::GetTaxRate(const Value& StateId) {
     const std::string key = textOf(StateId);
     if (key.empty()) return 0;
-    const Recordset& row = read(joined("Select TaxRate from Tax where Stateid=", key));
-    const double rate = row.eof() || isNull(row.field("TaxRate")) ? 0 : toDouble(row.field("TaxRate"));
-    recordset_.close();
-    return rate;
+    const RowArray row = query(joined("Select TaxRate from Tax where Stateid=", key));
+    return row.empty() || isNull(row(0, 0)) ? 0 : toDouble(row(0, 0));
 }
 
 std::int32_t ClsOrder::GetNextOrderNo() {
-    const Value highest = read("Select max(OrderNo) from OrderInfo").field(0);
-    recordset_.close();
+    const Value highest = query("Select max(OrderNo) from OrderInfo")(0, 0);
     return isNull(highest) ? 1 : narrowToInt32(toDouble(highest) + 1);
 }
 
-std::optional<RowArray> ClsOrder::GetComboRep() {
+ListRows ClsOrder::GetComboRep() {
     return readRows("Select * from Representatives order by RepName");
 }
 
-std::optional<RowArray> ClsOrder::GetComboShip() {
+ListRows ClsOrder::GetComboShip() {
     return readRows("Select * from Ship order by ShippingMedia");
 }
 
-std::optional<RowArray> ClsOrder::GetComboState() {
+ListRows ClsOrder::GetComboState() {
     return readRows("Select * from States order by StateName");
 }
 
-std::optional<RowArray> ClsOrder::GetComboRooms() {
+ListRows ClsOrder::GetComboRooms() {
     return readRows("Select * from Rooms order by Name");
 }
 
-std::optional<RowArray> ClsOrder::GetComboUnits() {
+ListRows ClsOrder::GetComboUnits() {
     return readRows("Select * from Units order by Name");
 }
 
-std::optional<RowArray> ClsOrder::GetComboItems() {
+ListRows ClsOrder::GetComboItems() {
     return readRows("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName");
 }
 

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,7 +16,6 @@ namespace torvane {
 class ClsOrder : public DataClass {
 public:
     ClsOrder(const Environment& environment, EstimateScreen& screen);
-    ~ClsOrder() = default;
 
     std::int32_t OrderNo = 0;
     std::int32_t CustId = 0;
@@ -60,31 +58,28 @@ public:
     void GetOrder();
     // Empties the record and its lines; `OrderNo`, `AddEditDel` and the search fields stay. `OrderDate` is today.
     void ClearData();
-    // Removes the lines, from the last to the first.
-    void ClearLines();
+    // The part of it that the estimate screen enters: customer, job site, day, texts and lines.
+    void ClearEntry();
 
     // Pages of number, date, customer name (Null when the customer has gone), tracking text, total, overhead, tax of
     // the estimates whose SearchFld has SearchVal anywhere; nothing when there are none. Failure::InvalidCall when the
     // recordset stands open.
-    std::optional<RowArray> GetSearchOrders(long Page, long& PageCount, std::string_view FldName,
-                                            std::string_view AscOrDesc);
-    std::optional<RowArray> GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                            std::string_view AscOrDesc);
-    std::optional<RowArray> GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                               std::string_view AscOrDesc);
+    ListRows GetSearchOrders(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
+    ListRows GetAllCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
+    ListRows GetSearchCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // The tax rate of a state in percent; 0 for an empty key, an unknown state and a rate that is Null.
     double GetTaxRate(const Value& StateId);
     // The highest number plus 1, or 1. It is reserved by nothing until the estimate is saved.
     std::int32_t GetNextOrderNo();
 
     // Whole lists, by name; key in column 0, name in column 1.
-    std::optional<RowArray> GetComboRep();
-    std::optional<RowArray> GetComboShip();
-    std::optional<RowArray> GetComboState();
-    std::optional<RowArray> GetComboRooms();
-    std::optional<RowArray> GetComboUnits();
+    ListRows GetComboRep();
+    ListRows GetComboShip();
+    ListRows GetComboState();
+    ListRows GetComboRooms();
+    ListRows GetComboUnits();
     // Key, name, material, labor, default quantity, sub-labor, equipment.
-    std::optional<RowArray> GetComboItems();
+    ListRows GetComboItems();
 
 private:
     void insertLines();

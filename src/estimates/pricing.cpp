@@ -21,18 +21,6 @@ LineAmounts lineAmounts(const LinePanel& panel) {
     return amounts;
 }
 
-LineAmounts loadedAmounts(const ClsOrderItems& line) {
-    LineAmounts amounts;
-    amounts.quantity = narrowToInt32(line.mvarQty);
-    amounts.material = narrowToCurrency(line.mvarMaterial);
-    amounts.labor = narrowToCurrency(line.mvarLabor);
-    // As they are shown, so that the four amounts on screen add up to the total beside them.
-    amounts.extension = decimalOf(line.mvarExtension);
-    amounts.others = decimalOf(line.mvarOthers);
-    amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
-    return amounts;
-}
-
 std::string unitPriceText(std::string_view quantity, std::string_view extendedMaterial) {
     const double units = lenientNumber(quantity);
     return units > 0 ? generalText(finite(strictDouble(extendedMaterial) / units)) : "0";
@@ -55,11 +43,9 @@ TotalTexts totalTexts(std::string_view amount, std::string_view taxPercent, std:
 }
 
 std::string priceEntry(const RowArray& items, int row) {
-    std::string entry;
-    for (const int column : {2, 3, 4, 5, 6}) {
-        if (!entry.empty()) entry += '#';
-        entry += textOrEmpty(items(column, row));
-    }
+    // A price that is Null is an empty part; the others keep their places.
+    std::string entry = textOrEmpty(items(2, row));
+    for (const int column : {3, 4, 5, 6}) entry.append(1, '#').append(textOrEmpty(items(column, row)));
     return entry;
 }
 

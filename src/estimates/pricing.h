@@ -1,12 +1,10 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "datastore/rows.h"
-#include "estimates/coln_order_items.h"
 
 namespace torvane {
 
@@ -37,10 +35,6 @@ struct LineAmounts {
     double total = 0;
 };
 LineAmounts lineAmounts(const LinePanel& panel);
-
-// The amounts that a stored line shows when its estimate is opened: the quantity as a whole number (half to even),
-// material and labor in four decimals, sub-labor and others in their 7 digits.
-LineAmounts loadedAmounts(const ClsOrderItems& line);
 
 // Price per unit of a listed line, as a text: extended material (strictly read) by quantity, or "0" where the quantity
 // is not above 0.

@@ -5,9 +5,9 @@
 namespace torvane {
 
 std::string readSharedNotes(Connection& connection) {
-    Recordset notes;
-    notes.open("Select * from BlankNotes", connection);
-    return textOf(notes.field(0));
+    const RowArray notes = connection.query("Select * from BlankNotes");
+    if (notes.empty()) fail(Failure::InvalidCall);
+    return textOf(notes(0, 0));
 }
 
 void writeSharedNotes(Connection& connection, std::string_view text) {

@@ -10,7 +10,7 @@ bool clsCategory::Validate() {
         return false;
     }
     if (AddEditDel != "A") return true;
-    const bool duplicate = anyRow(joined("Select * from Category where Catname ='", Catname, "'"));
+    const bool duplicate = !query(joined("Select * from Category where Catname ='", Catname, "'")).empty();
     if (duplicate) host_.box("Duplicate Data", "Inventory");
     return !duplicate;
 }
@@ -31,14 +31,13 @@ void clsCategory::Delete() {
 }
 
 std::string clsCategory::GetCatg() {
-    const Recordset& row = read(joined("Select * from Category where CatId= ", Catid));
-    if (row.eof()) {
+    const RowArray row = query(joined("Select * from Category where CatId= ", Catid));
+    if (row.empty()) {
         Catname.clear();
     } else {
-        Catname = textOf(row.field("CatName"));
-        ParentCategory = int16OrZero(row.field("ParentCategory"));
+        Catname = textOf(row("CatName", 0));
+        ParentCategory = int16OrZero(row("ParentCategory", 0));
     }
-    recordset_.close();
     return Catname;
 }
 
@@ -47,36 +46,32 @@ std::string clsCategory::GetParentName(std::int16_t cid) {
     std::string text;
     std::int16_t key = cid;
     for (int level = 0; level <= levels; ++level) {
-        const Recordset& row = read(joined("Select * from Category where CatId= ", key));
-        if (row.eof()) break;
-        if (level > 0) text += (level > 1 ? " <- " : "") + textOf(row.field("CatName"));
-        key = int16OrZero(row.field("ParentCategory"));
+        const RowArray row = query(joined("Select * from Category where CatId= ", key));
+        if (row.empty()) break;
+        if (level > 0) text += (level > 1 ? " <- " : "") + textOf(row("CatName", 0));
+        key = int16OrZero(row("ParentCategory", 0));
         if (key == 0) break;
     }
-    recordset_.close();
     return text.empty() ? text : " (" + text + ")";
 }
 
-std::optional<RowArray> clsCategory::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                                      std::string_view AscOrDesc) {
+ListRows clsCategory::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
+                                       std::string_view AscOrDesc) {
     return readPageOrAll("Select * from Categories ", Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsCategory::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                         std::string_view AscOrDesc) {
+ListRows clsCategory::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
+                                          std::string_view AscOrDesc) {
     return readPageOrAll(joined("select * from Categories where Catname like '", Catname, "%' "), Page, PageCount,
                          FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsCategory::GetComboCategories() {
+ListRows clsCategory::GetComboCategories() {
     return readRows("Select * from Category order by CatName");
 }
 
 std::int32_t clsCategory::GetTotalItems() {
-    const Recordset& row = read(joined("Select count(ItemId) from Item where CategoryId= ", Catid));
-    const std::int32_t count = row.eof() ? 0 : toInt32(row.field(0));
-    recordset_.close();
-    return count;
+    return toInt32(query(joined("Select count(ItemId) from Item where CategoryId= ", Catid))(0, 0));
 }
 
 }  // namespace torvane

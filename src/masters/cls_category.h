@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,13 +30,11 @@ public:
     // The names of at most three parents of a category, nearest first, as " (Hardware <- Supplies)"; empty without one.
     std::string GetParentName(std::int16_t cid);
     // Pages of the view Categories: key, name, number of items, parent key. Page -1 gives every row.
-    std::optional<RowArray> GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                             std::string_view AscOrDesc);
+    ListRows GetAllCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // The same for names that begin with `Catname`.
-    std::optional<RowArray> GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc);
+    ListRows GetSearchCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // Every category by name: key, name, parent key.
-    std::optional<RowArray> GetComboCategories();
+    ListRows GetComboCategories();
     // Number of items in category `Catid`.
     std::int32_t GetTotalItems();
 };

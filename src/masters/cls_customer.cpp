@@ -1,9 +1,18 @@
 #include "masters/cls_customer.h"
 
-#include "datastore/statement.h"
-#include "masters/customer_lists.h"
+#include "datastore/fields.h"
 
 namespace torvane {
+
+namespace {
+
+constexpr Field<ClsCustomer> fields[] = {
+    {"CustName", &ClsCustomer::CustName}, {"BStreet1", &ClsCustomer::BStreet1}, {"BStreet2", &ClsCustomer::BStreet2},
+    {"BCity", &ClsCustomer::BCity},       {"BState", &ClsCustomer::BState},     {"BZip", &ClsCustomer::BZip},
+    {"BCountry", &ClsCustomer::BCountry}, {"BPhone", &ClsCustomer::BPhone},     {"BFax", &ClsCustomer::BFax},
+    {"BMobile", &ClsCustomer::BMobile},   {"BEmail", &ClsCustomer::BEmail},     {"BUrl", &ClsCustomer::BUrl}};
+
+}  // namespace
 
 std::string_view allCustomersStatement() {
     return "Select CustId,CustName,BCity,BPhone,BEmail,BCCNo  from Customer";
@@ -24,12 +33,9 @@ bool ClsCustomer::Validate() {
         return false;
     }
     // Read for every action, so that a text which no statement can carry fails before an edit too.
-    const bool equal =
-        anyRow(joined("Select * from Customer where CustName ='", CustName, "' and BStreet1 ='", BStreet1,
-                      "' and BStreet2 ='", BStreet2, "' and BCity ='", BCity, "' and BState =", BState, " and BZip ='",
-                      BZip, "' and BCountry ='", BCountry, "' and BPhone ='", BPhone, "' and BFax ='", BFax,
-                      "' and BMobile ='", BMobile, "' and BEmail ='", BEmail, "' and BUrl ='", BUrl, "'"));
-    if (AddEditDel == "A" && equal) {
+    const RowArray equal =
+        query(joined("Select * from Customer where ", columnsWithValues(*this, fields, " =", " and ")));
+    if (AddEditDel == "A" && !equal.empty()) {
         host_.box("Duplicate Customer Data", "Inventory");
         return false;
     }
@@ -37,19 +43,12 @@ bool ClsCustomer::Validate() {
 }
 
 bool ClsCustomer::Save() {
-    if (AddEditDel == "A") {
-        connection_.execute(joined(
-            "Insert into Customer (CustName,BStreet1,BStreet2,BCity,BState,BZip,BCountry,BPhone,BFax,BMobile,BEmail,"
-            "BUrl) values ('",
-            CustName, "','", BStreet1, "','", BStreet2, "','", BCity, "',", BState, ",'", BZip, "','", BCountry, "','",
-            BPhone, "','", BFax, "','", BMobile, "','", BEmail, "','", BUrl, "')"));
-    } else if (AddEditDel == "E") {
-        connection_.execute(joined("Update Customer Set CustName = '", CustName, "', BStreet1 = '", BStreet1,
-                                   "', BStreet2 = '", BStreet2, "', BCity = '", BCity, "', BState = ", BState,
-                                   ", BZip = '", BZip, "', BCountry = '", BCountry, "', BPhone = '", BPhone,
-                                   "', BFax = '", BFax, "', BMobile = '", BMobile, "', BEmail = '", BEmail,
-                                   "', BUrl = '", BUrl, "' where CustId=", CustId));
-    }
+    if (AddEditDel == "A")
+        connection_.execute(
+            joined("Insert into Customer (", columnList(fields), ") values (", valueList(*this, fields), ")"));
+    else if (AddEditDel == "E")
+        connection_.execute(
+            joined("Update Customer Set ", columnsWithValues(*this, fields, " = ", ", "), " where CustId=", CustId));
     return false;
 }
 
@@ -58,39 +57,27 @@ void ClsCustomer::Delete() {
 }
 
 void ClsCustomer::GetCustomer() {
-    const Recordset& row = read(joined("Select * from Customer where CustId = ", CustId));
-    if (!row.eof()) {
-        CustName = textOf(row.field("CustName"));
-        BStreet1 = textOrEmpty(row.field("BStreet1"));
-        BStreet2 = textOrEmpty(row.field("BStreet2"));
-        BCity = textOrEmpty(row.field("BCity"));
-        BState = int16OrZero(row.field("BState"));
-        BZip = textOrEmpty(row.field("BZip"));
-        BCountry = textOrEmpty(row.field("BCountry"));
-        BPhone = textOrEmpty(row.field("BPhone"));
-        BFax = textOrEmpty(row.field("BFax"));
-        BMobile = textOrEmpty(row.field("BMobile"));
-        BEmail = textOrEmpty(row.field("BEmail"));
-        BUrl = textOrEmpty(row.field("BUrl"));
-    }
-    recordset_.close();
+    const RowArray row = query(joined("Select * from Customer where CustId = ", CustId));
+    if (row.empty()) return;
+    textOf(row("CustName", 0));  // the one text that may not be Null
+    readFields(*this, fields, row);
 }
 
-std::optional<RowArray> ClsCustomer::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                     std::string_view AscOrDesc) {
+ListRows ClsCustomer::GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
+                                      std::string_view AscOrDesc) {
     return readPage(allCustomersStatement(), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsCustomer::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                                        std::string_view AscOrDesc) {
+ListRows ClsCustomer::GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
+                                         std::string_view AscOrDesc) {
     return readPage(searchCustomersStatement(SearchFld, SearchVal), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsCustomer::GetComboCustomers() {
+ListRows ClsCustomer::GetComboCustomers() {
     return readRows("Select * from Customer order by CustName");
 }
 
-std::optional<RowArray> ClsCustomer::GetComboState() {
+ListRows ClsCustomer::GetComboState() {
     return readRows("Select * from States order by StateName");
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -44,14 +43,17 @@ public:
     void GetCustomer();
 
     // Pages of key, name, city, phone, e-mail, BCCNo; nothing when there are none.
-    std::optional<RowArray> GetAllCustomers(long Page, long& PageCount, std::string_view FldName,
-                                            std::string_view AscOrDesc);
+    ListRows GetAllCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // The same for rows whose SearchFld (under "All" any of the five texts) begins with SearchVal.
-    std::optional<RowArray> GetSearchCustomers(long Page, long& PageCount, std::string_view FldName,
-                                               std::string_view AscOrDesc);
+    ListRows GetSearchCustomers(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // Every customer by name, and every state by name: key, name.
-    std::optional<RowArray> GetComboCustomers();
-    std::optional<RowArray> GetComboState();
+    ListRows GetComboCustomers();
+    ListRows GetComboState();
 };
+
+// The statements of the customer lists, without their order clause; the estimate record offers the same lists.
+std::string_view allCustomersStatement();
+// Customers whose `field` begins with `text`; under "All" any of name, city, phone, e-mail and BCCNo.
+std::string searchCustomersStatement(std::string_view field, std::string_view text);
 
 }  // namespace torvane

@@ -17,8 +17,9 @@ bool ClsItem::Validate() {
     if (qty == 0) return refuse("Enter Default Quantity");
     if (AddEditDel != "A") return true;
     const bool duplicate =
-        anyRow(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =", CategoryId,
-                      " and Material =", Material, " and Qty =", qty));
+        !query(joined("Select * from Item where Itemname ='", Itemname, "' and CategoryId =", CategoryId,
+                      " and Material =", Material, " and Qty =", qty))
+             .empty();
     if (duplicate) host_.box("Duplicate Item Data ", "Inventory");
     return !duplicate;
 }
@@ -44,25 +45,22 @@ void ClsItem::Delete() {
 }
 
 void ClsItem::GetItem() {
-    const Recordset& row = read(joined("Select * from Item where ItemId= ", itemid));
-    if (!row.eof()) {
-        Itemcode = textOf(row.field("Itemcode"));
-        Itemname = textOf(row.field("Itemname"));
-        CategoryId = toInt16(row.field("CategoryId"));
-        UnitId = toInt16(row.field("UnitId"));
-        Material = singleOrZero(row.field("Material"));
-        Labor = singleOrZero(row.field("Labor"));
-        SubLabor = singleOrZero(row.field("SubLabor"));
-        Equipment = singleOrZero(row.field("Equipment"));
-        qty = toSingle(row.field("Qty"));
-        TU = textOrEmpty(row.field("TU"));
-    }
-    recordset_.close();
+    const RowArray row = query(joined("Select * from Item where ItemId= ", itemid));
+    if (row.empty()) return;
+    Itemcode = textOf(row("Itemcode", 0));
+    Itemname = textOf(row("Itemname", 0));
+    CategoryId = toInt16(row("CategoryId", 0));
+    UnitId = toInt16(row("UnitId", 0));
+    Material = singleOrZero(row("Material", 0));
+    Labor = singleOrZero(row("Labor", 0));
+    SubLabor = singleOrZero(row("SubLabor", 0));
+    Equipment = singleOrZero(row("Equipment", 0));
+    qty = toSingle(row("Qty", 0));
+    TU = textOrEmpty(row("TU", 0));
 }
 
 double ClsItem::Maxitemno() {
-    const Value highest = read("Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)").field(0);
-    recordset_.close();
+    const Value highest = query("Select max(cdbl(itemcode)) from Item where isnumeric(itemcode)")(0, 0);
     return isNull(highest) ? 1 : finite(toDouble(highest) + 1);
 }
 
@@ -87,13 +85,11 @@ void ClsItem::UpdateEquipmentprice(std::int32_t itmid, std::string_view prc) {
     updatePrice("Equipment", "Equipment price updated in master file", itmid, prc);
 }
 
-std::optional<RowArray> ClsItem::GetAllItems(long Page, long& PageCount, std::string_view FldName,
-                                             std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage("Select *  from Item", Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName,
-                                              std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     if (compareWithoutCase(FldName, "itemcode") == 0)
         FldName = AscOrDesc == "A" ? " Val(itemcode),itemcode" : " Val(itemcode) desc,itemcode";
     return readPage(
@@ -102,16 +98,14 @@ std::optional<RowArray> ClsItem::GetAllItemsN(long Page, long& PageCount, std::s
         Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc) {
+ListRows ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(
         "SELECT Item.ItemID,Item.ItemName,Category.CatName, item.Material,Item.Qty,Item.Itemcode,Units.Name FROM "
         "Item,Category,Units  where  Item.CategoryID = Category.CatId  and Item.UnitId=Units.Id",
         Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc) {
+ListRows ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     const std::string statement =
         SearchFld == "All"
             ? joined(
@@ -127,7 +121,7 @@ std::optional<RowArray> ClsItem::GetSearchItems(long Page, long& PageCount, std:
     return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> ClsItem::GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc) {
+ListRows ClsItem::GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc) {
     long PageCount = 0;
     return readPageOrAll(
         "SELECT Item.ItemID,Item.ItemName,Item.CategoryId FROM Item,Category,Units  where  Item.CategoryID = "

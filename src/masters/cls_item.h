@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -57,20 +56,16 @@ public:
 
     // Pages of items; nothing when there are none. The last three drop items whose category or unit has gone; their
     // columns are key, name, category name, material, quantity, item number, unit name.
-    std::optional<RowArray> GetAllItems(long Page, long& PageCount, std::string_view FldName,
-                                        std::string_view AscOrDesc);
+    ListRows GetAllItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // Sorted by "ItemCode", numbers come in their numeric order.
-    std::optional<RowArray> GetAllItemsN(long Page, long& PageCount, std::string_view FldName,
-                                         std::string_view AscOrDesc);
-    std::optional<RowArray> GetAllReItemsN(long Page, long& PageCount, std::string_view FldName,
-                                           std::string_view AscOrDesc);
+    ListRows GetAllItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
+    ListRows GetAllReItemsN(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // Items whose SearchFld begins with SearchVal ("All": name or category name). Page -1 gives every row.
-    std::optional<RowArray> GetSearchItems(long Page, long& PageCount, std::string_view FldName,
-                                           std::string_view AscOrDesc);
+    ListRows GetSearchItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
 
     // Key, name and category key of every item that the lists show, sorted by a column; what GetSearchItems with
     // SearchFld "Categoryid" gives for all categories at once.
-    std::optional<RowArray> GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc);
+    ListRows GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc);
 
 private:
     void updatePrice(std::string_view column, std::string_view spoken, std::int32_t itmid, std::string_view prc);

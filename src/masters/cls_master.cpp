@@ -13,7 +13,7 @@ bool clsMaster::Validate() {
         return false;
     }
     if (AddEditDel != "A") return true;
-    const bool duplicate = anyRow(joined("Select * from ", Mastertable, " where Name ='", Name, "'"));
+    const bool duplicate = !query(joined("Select * from ", Mastertable, " where Name ='", Name, "'")).empty();
     if (duplicate) host_.box("Duplicate Data '" + Name + "'", "Master Entry");
     return !duplicate;
 }
@@ -34,57 +34,50 @@ void clsMaster::Delete() {
 }
 
 std::string clsMaster::GetCatg() {
-    const Recordset& row = read(joined("Select * from ", Mastertable, " where Id= ", Id));
-    std::string name;
-    if (!row.eof()) Name = name = textOf(row.field("Name"));
-    recordset_.close();
-    return name;
+    const RowArray row = query(joined("Select * from ", Mastertable, " where Id= ", Id));
+    if (row.empty()) return {};
+    Name = textOf(row("Name", 0));
+    return Name;
 }
 
 std::optional<long> clsMaster::GetRecord(std::optional<long> RecNo) {
-    Recordset& rows = read(joined("Select * from ", Mastertable, " order by name"));
-    std::optional<long> position;
-    if (!rows.eof()) {
-        const long wanted = RecNo.value_or(1);
-        rows.setAbsolutePosition(wanted == 0 ? 1 : std::min(wanted, rows.recordCount()));
-        position = rows.absolutePosition();
-        RecordCount = narrowToInt16(static_cast<double>(rows.recordCount()));
-        Id = toInt16(rows.field("ID"));
-        Name = textOf(rows.field("Name"));
-    }
-    rows.close();
+    const RowArray rows = query(joined("Select * from ", Mastertable, " order by name"));
+    if (rows.empty()) return {};
+    const long wanted = RecNo.value_or(1);
+    const int position = wanted == 0 ? 1 : static_cast<int>(std::min<long>(wanted, rows.rows()));
+    RecordCount = narrowToInt16(rows.rows());
+    Id = toInt16(rows("ID", position - 1));
+    Name = textOf(rows("Name", position - 1));
     return position;
 }
 
-std::optional<RowArray> clsMaster::GetComboCategories() {
+ListRows clsMaster::GetComboCategories() {
     return readRows(joined("Select * from ", Mastertable, " order by Name"));
 }
 
 std::optional<long> clsMaster::GetCategory(std::string_view text) {
-    Recordset& rows = read(joined("select * from ", Mastertable, " where Name like '%", text, "%'  order by name"));
-    if (rows.eof()) {
-        rows.close();
+    const RowArray found =
+        query(joined("select * from ", Mastertable, " where Name like '%", text, "%'  order by name"));
+    if (found.empty()) {
         host_.box("No Result found.", "Search");
         return {};
     }
-    Id = toInt16(rows.field("ID"));
-    Name = textOf(rows.field("Name"));
-    read(joined("Select * from ", Mastertable, " order by name"));
+    Id = toInt16(found("ID", 0));
+    Name = textOf(found("Name", 0));
+    const RowArray all = query(joined("Select * from ", Mastertable, " order by name"));
     std::optional<long> position;
-    for (; !rows.eof(); rows.moveNext())
-        if (toInt16(rows.field("id")) == Id) position = rows.absolutePosition();
-    RecordCount = narrowToInt16(static_cast<double>(rows.recordCount()));
-    rows.close();
+    for (int row = 0; row < all.rows(); ++row)
+        if (toInt16(all("id", row)) == Id) position = row + 1;
+    RecordCount = narrowToInt16(all.rows());
     return position;
 }
 
-std::optional<RowArray> clsMaster::GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                                    std::string_view AscOrDesc) {
+ListRows clsMaster::GetAllCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
     return readPage(joined("Select * from ", Mastertable), Page, PageCount, FldName, AscOrDesc);
 }
 
-std::optional<RowArray> clsMaster::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                       std::string_view AscOrDesc) {
+ListRows clsMaster::GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
+                                        std::string_view AscOrDesc) {
     auto rows = readPage(joined("select * from ", Mastertable, " where Name like '%", Name, "%' "), Page, PageCount,
                          FldName, AscOrDesc);
     if (!rows) host_.box("No Result found.", "Search");

@@ -31,15 +31,13 @@ public:
     // position; nothing on an empty table, with no field changed.
     std::optional<long> GetRecord(std::optional<long> RecNo);
     // Every row by name: key, name.
-    std::optional<RowArray> GetComboCategories();
+    ListRows GetComboCategories();
     // Loads the first row, in name order, whose name has `text` anywhere, and gives its position in the whole table.
     // Nothing, after a box, when there is none.
     std::optional<long> GetCategory(std::string_view text);
-    std::optional<RowArray> GetAllCategories(long Page, long& PageCount, std::string_view FldName,
-                                             std::string_view AscOrDesc);
+    ListRows GetAllCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
     // Rows whose name has `Name` anywhere; a box when there are none.
-    std::optional<RowArray> GetSearchCategories(long Page, long& PageCount, std::string_view FldName,
-                                                std::string_view AscOrDesc);
+    ListRows GetSearchCategories(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc);
 };
 
 }  // namespace torvane

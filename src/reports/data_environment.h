@@ -1,21 +1,19 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
-#include <string>
+#include <span>
+#include <string_view>
 
 #include "datastore/environment.h"
-#include "datastore/store.h"
 #include "reports/report_rows.h"
 
 namespace torvane {
 
-// The data side of the reports: one connection and the commands that fill them. The arithmetic of the proposal (line
-// totals, tax and overhead amounts) is done by its command, unrounded. A run goes on after errors: one that can't read
-// gives no rows, and no message.
+// The data side of the reports: the commands that fill them. The arithmetic of the proposal (line totals, tax and
+// overhead amounts) is done by its command, unrounded. A run that can't read gives no rows, and no message.
 class DataEnvironment1 {
 public:
-    explicit DataEnvironment1(const Environment& environment);
+    explicit DataEnvironment1(const Environment& environment) : environment_(environment) {}
 
     // Every estimate whose customer is there; with dates only those from the first to the last of them.
     ReportRows estimates();
@@ -27,13 +25,9 @@ public:
     ReportRows proposal(std::int32_t OrderNo);
 
 private:
-    // The common steps of a run: a new connection, the recordset filled from it.
-    ReportRows run(Recordset& recordset, const std::string& source, const std::vector<std::string>& by);
+    // Over a connection of its own.
+    ReportRows run(std::string_view source, std::span<const std::string_view> by = {});
     Environment environment_;
-    Connection Connection1;
-    Recordset rsCommand1;
-    Recordset rsCommand2;
-    Recordset rsCommand3_Grouping;
 };
 
 }  // namespace torvane

@@ -13,21 +13,7 @@ std::string points(int twips) {
 
 std::string escaped(std::string_view text) {
     std::string safe;
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                safe += "&amp;";
-                break;
-            case '<':
-                safe += "&lt;";
-                break;
-            case '>':
-                safe += "&gt;";
-                break;
-            default:
-                safe += c;
-        }
-    }
+    for (const char c : text) safe += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : std::string(1, c);
     return safe;
 }
 

@@ -4,17 +4,11 @@ namespace torvane {
 
 namespace {
 
-constexpr auto Label = ReportControl::Label;
-constexpr auto Text = ReportControl::Text;
-constexpr auto Line = ReportControl::Line;
-constexpr auto Sum = ReportControl::Sum;
-constexpr auto Left = Align::Left;
-constexpr auto Right = Align::Right;
-constexpr auto Plain = Face::Plain;
-constexpr auto Bold = Face::Bold;
-constexpr auto Title = Face::Title;
-constexpr auto General = Format::General;
-constexpr auto Money = Format::TwoDecimals;
+using enum ReportControl;
+using enum Align;
+using enum Face;
+using enum Format;
+constexpr auto Money = TwoDecimals;
 
 constexpr ReportField estimatesReportHeader[] = {
     {"Label6", Label, "Estimates Report", 2592, 0, 2880, 432, Left, Title},

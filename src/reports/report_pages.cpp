@@ -83,24 +83,4 @@ std::vector<Placed> ReportPages::page(int number, std::string* problem) const {
     return placed;
 }
 
-std::string ReportPages::dump() const {
-    std::string text;
-    for (int number = 0; number < pageCount(); ++number) {
-        for (const Placed& placed : page(number)) {
-            text += generalText(number + 1);
-            for (const int measure : {placed.left, placed.top, placed.width, placed.height})
-                text += ' ' + generalText(measure);
-            if (placed.kind == ReportControl::Line) {
-                text += " line";
-            } else {
-                constexpr const char* faces[] = {"plain", "bold", "title"};
-                text += std::string{" "} + faces[static_cast<int>(placed.face)] +
-                        (placed.align == Align::Right ? " right " : " left ") + placed.text;
-            }
-            text += '\n';
-        }
-    }
-    return text;
-}
-
 }  // namespace torvane

@@ -40,8 +40,6 @@ public:
     // data lack, is left empty; `problem`, when given, names the first of them and says why. Failure::Subscript when
     // there is no such page.
     std::vector<Placed> page(int number, std::string* problem = nullptr) const;
-    // The whole report as text, a line per placed thing: page, left, top, width, height, face, alignment, text.
-    std::string dump() const;
 
 private:
     struct PlacedBand {

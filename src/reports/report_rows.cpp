@@ -1,6 +1,5 @@
 #include "reports/report_rows.h"
 
-#include <algorithm>
 #include <map>
 
 #include "values/failure.h"
@@ -8,25 +7,15 @@
 
 namespace torvane {
 
-namespace {
-
-bool sameName(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::ranges::equal(a, b, {}, lower, lower);
-}
-
-}  // namespace
-
 double amountOf(const Value& cell) {
     const float* single = std::get_if<float>(&cell);
     return single ? decimalOf(*single) : toDouble(cell);
 }
 
-ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by)
-    : names_(std::move(names)), rows_(std::move(rows)) {
+ReportRows::ReportRows(RowArray rows, std::span<const std::string_view> by) : rows_(std::move(rows)) {
     std::vector<int> columns;
     columns.reserve(by.size());
-    for (const std::string& name : by) columns.push_back(column(name));
+    for (const std::string_view name : by) columns.push_back(column(name));
     std::map<std::vector<Value>, std::size_t> known;
     for (int row = 0; row < rows_.rows(); ++row) {
         std::vector<Value> parent;
@@ -39,10 +28,10 @@ ReportRows::ReportRows(std::vector<std::string> names, RowArray rows, const std:
 }
 
 int ReportRows::column(std::string_view name) const {
-    const auto place = std::ranges::find_if(names_, [&](const std::string& known) { return sameName(known, name); });
-    if (place == names_.end())
+    const int number = rows_.column(name);
+    if (number < 0)
         throw RuntimeFailure(static_cast<int>(Failure::InvalidCall), "the data have no such field", std::string(name));
-    return static_cast<int>(place - names_.begin());
+    return number;
 }
 
 double ReportRows::sum(std::string_view column_) const {

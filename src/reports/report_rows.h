@@ -1,6 +1,6 @@
 #pragma once
 
-#include <string>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -23,7 +23,7 @@ public:
     ReportRows() = default;
     // One group per distinct combination of the columns `by`, in the order of their first row; with no such columns one
     // group of all rows. Failure::InvalidCall when a column is missing.
-    ReportRows(std::vector<std::string> names, RowArray rows, const std::vector<std::string>& by);
+    explicit ReportRows(RowArray rows, std::span<const std::string_view> by = {});
 
     const std::vector<Group>& groups() const { return groups_; }
     // The sum of the amounts of a column over all rows; Null counts as 0. Failures as of cell, and of arithmetic.
@@ -33,8 +33,7 @@ public:
 
 private:
     int column(std::string_view name) const;
-    std::vector<std::string> names_;
-    RowArray rows_{0, {}};
+    RowArray rows_;
     std::vector<Group> groups_;
 };
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "datastore/file_copy.h"
 #include "datastore/store.h"
+#include "files/file_copy.h"
 #include "values/failure.h"
 
 namespace torvane {
@@ -12,10 +12,6 @@ namespace {
 
 constexpr std::string_view ending = ".bak";
 constexpr std::string_view filter = "Backup (*.bak)";
-
-std::string databaseOf(const Environment& environment) {
-    return dataSource(connectionText(environment.host.programDirectory()));
-}
 
 }  // namespace
 
@@ -28,7 +24,7 @@ void takeBackup(const Environment& environment, FileSystem& files) {
         if (files.exists(*name) &&
             host.box("File already Exists. Overwrite it?", "Take Backup", Buttons::YesNo) != Answer::Yes)
             return;
-        const std::string database = databaseOf(environment);
+        const std::string database = environment.database();
         environment.store.settle(database);
         if (copyFile(files, database, *name)) host.box("Data File Exported", "Success");
     } catch (const RuntimeFailure&) {
@@ -49,7 +45,7 @@ void restoreBackup(const Environment& environment, FileSystem& files) {
             host.box("File not found.", "File Import");
             return;
         }
-        const std::string database = databaseOf(environment);
+        const std::string database = environment.database();
         // No journal may stand beside the file that comes: it would be played into it.
         environment.store.settle(database);
         if (copyFile(files, *name, database)) host.box("Data File Imported", "Success");

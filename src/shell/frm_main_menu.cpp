@@ -188,8 +188,7 @@ void frmMainMenu::Form_Load() {
         return;
     }
     const Program::Doing doing(program(), "starting");
-    connection_ = std::make_unique<Connection>(program().environment().store);
-    connection_->open(connectionText(program().host().programDirectory()));
+    connection_ = std::make_unique<Connection>(program().environment());
     ActivateMerlin();
     Assistant& merlin = program().Merlin();
     merlin.MoveTo(100, 100);

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 
 namespace torvane {
 

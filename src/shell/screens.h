@@ -6,12 +6,12 @@
 
 #include "calculators/screens/calculator_window.h"
 #include "calculators/screens/scientific.h"
-#include "datastore/file_copy.h"
 #include "estimates/screens/frm_blank.h"
 #include "estimates/screens/frm_list.h"
 #include "estimates/screens/frm_order.h"
 #include "estimates/screens/frm_order_no.h"
 #include "estimates/screens/frm_orders.h"
+#include "files/file_copy.h"
 #include "help/frm_help.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_customer.h"

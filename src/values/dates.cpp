@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <vector>
+
+#include "values/letters.h"
 
 namespace torvane {
 
@@ -11,29 +14,14 @@ namespace {
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 // Bytes beyond ASCII count as letters: month names may hold any.
 bool isLetter(char c) {
-    return (lower(c) >= 'a' && lower(c) <= 'z') || (static_cast<unsigned char>(c) & 0x80U) != 0;
-}
-
-bool isLeap(int year) {
-    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return (lower(c) >= 'a' && lower(c) <= 'z') || !isAscii(c);
 }
 
 std::string padded(int number, std::size_t width) {
     std::string text = std::to_string(number);
     return text.size() < width ? std::string(width - text.size(), '0') + text : text;
-}
-
-bool startsWith(std::string_view text, std::string_view word) {
-    return text.size() >= word.size() &&
-           std::equal(word.begin(), word.end(), text.begin(), [](char a, char b) { return lower(a) == lower(b); });
 }
 
 struct Month {
@@ -51,7 +39,7 @@ Month monthAt(std::string_view text, const ShortDate& style) {
             const std::string& name = (*names)[i];
             const bool whole =
                 text.size() == name.size() || (text.size() > name.size() && !isLetter(text[name.size()]));
-            if (name.size() > found.length && startsWith(text, name) && whole) {
+            if (name.size() > found.length && beginsWith(text, name) && whole) {
                 found = {static_cast<int>(i) + 1, name.size()};
             }
         }
@@ -80,7 +68,7 @@ std::size_t literalAt(std::string_view text, const ShortDate& style) {
         const std::size_t close = pattern.find('\'', open + 1);
         if (close == std::string::npos) break;
         const std::string_view word = std::string_view(pattern).substr(open + 1, close - open - 1);
-        if (startsWith(text, word)) longest = std::max(longest, word.size());
+        if (beginsWith(text, word)) longest = std::max(longest, word.size());
         open = close;
     }
     return longest;
@@ -143,9 +131,10 @@ std::string order(const ShortDate& style) {
 }  // namespace
 
 bool isValid(const Date& date) {
-    static constexpr int days[]{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (date.year < 100 || date.year > 9999 || date.month < 1 || date.month > 12 || date.day < 1) return false;
-    return date.day <= days[date.month - 1] + (date.month == 2 && isLeap(date.year) ? 1 : 0);
+    // Clamped to what is no month or day either, for the calendar's own types keep a byte of them.
+    const int month = std::clamp(date.month, 0, 13);
+    const int day = std::clamp(date.day, 0, 32);
+    return date.year >= 100 && date.year <= 9999 && (std::chrono::year{date.year} / month / day).ok();
 }
 
 std::string shortDateText(const Date& date, const ShortDate& style) {

@@ -16,6 +16,13 @@ bool isInside(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
+// The bytes of the sign that a text begins with; 0 for an empty one.
+std::size_t signLength(std::string_view text) {
+    if (text.empty()) return 0;
+    return static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), [](char c) { return isInside(c); }) -
+                                    text.begin());
+}
+
 icu::StringPiece piece(std::string_view text) {
     return {text.data(), static_cast<std::int32_t>(text.size())};
 }
@@ -123,12 +130,6 @@ bool isInside(std::string_view text, std::size_t at) {
 }
 
 }  // namespace
-
-std::size_t signLength(std::string_view text) {
-    if (text.empty()) return 0;
-    return static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), [](char c) { return isInside(c); }) -
-                                    text.begin());
-}
 
 std::string withoutCase(std::string_view text) {
     std::string folded;

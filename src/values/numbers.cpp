@@ -9,14 +9,12 @@
 #include <system_error>
 
 #include "values/failure.h"
+#include "values/letters.h"
 
 namespace torvane {
 
 namespace {
 
-bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -134,12 +132,6 @@ double longestFinite(const Numeral& numeral) {
         }
     }
     return value;
-}
-
-std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
 }
 
 enum class Reading { Good, NoNumber, TooLarge };

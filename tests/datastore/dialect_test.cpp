@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "datastore/shape.h"
 #include "values/failure.h"
 
 namespace torvane {
@@ -41,8 +40,8 @@ TEST(Dialect, RefusedTexts) {
         std::string statement;
         const char* why;
     } rows[] = {
-        {"select #13/13/2003#", "a date that is none"},
-        {"select ##", "a date that is none"},
+        {"select #13/13/2003#", "not a date"},
+        {"select ##", "not a date"},
         {"select #7/4/2003", "a date has no end"},
         {"select 1 -- all", "a remark in the statement"},
         {"select 1 /* all */", "a remark in the statement"},
@@ -63,37 +62,6 @@ TEST(Dialect, RefusedTexts) {
             EXPECT_EQ(failure.refused(), row.statement);
         }
     }
-}
-
-TEST(Shape, IsReadIntoItsPieces) {
-    const ShapedCommand command = readShape(
-        "SHAPE {SELECT Orderinfo.*, Item.Itemname as Item, '}' as Brace, \norderinfo.tax*orderinfo.amount/100 as "
-        "taxtot\n"
-        "   FROM orderinfo,Item }  AS Command3 COMPUTE Command3 BY 'orderinfo.OrderNo','OrderDate' , 'taxtot'\n");
-    EXPECT_EQ(
-        command.inner,
-        "SELECT Orderinfo.*, Item.Itemname as Item, '}' as Brace, \norderinfo.tax*orderinfo.amount/100 as taxtot\n"
-        "   FROM orderinfo,Item");
-    EXPECT_EQ(command.child, "Command3");
-    EXPECT_EQ(command.by, (std::vector<std::string>{"orderinfo.OrderNo", "OrderDate", "taxtot"}));
-    EXPECT_EQ(readShape("shape{select 1}as c compute C by 'a'").by.size(), 1U);
-}
-
-TEST(Shape, RefusedTexts) {
-    const char* rows[] = {
-        "",
-        "select * from customer",
-        "SHAPE {select 1 AS c COMPUTE c BY 'a'",
-        "SHAPE {} AS c COMPUTE c BY 'a'",
-        "SHAPE {select 1} AS c COMPUTE d BY 'a'",
-        "SHAPE {select 1} AS c COMPUTE c BY",
-        "SHAPE {select 1} AS c COMPUTE c BY 'a',",
-        "SHAPE {select 1} AS c COMPUTE c BY a",
-        "SHAPE {select 1} AS c COMPUTE c BY ''",
-        "SHAPE {select 1} AS c COMPUTE c BY 'a' and",
-        "RESHAPE {select 1} AS c COMPUTE c BY 'a'",
-    };
-    for (const char* row : rows) EXPECT_THROW(readShape(row), RuntimeFailure) << row;
 }
 
 }  // namespace

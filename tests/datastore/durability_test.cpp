@@ -22,8 +22,7 @@ protected:
     void killed(Work work) {
         Child child([&](auto say) {
             Store own;
-            Connection line(own);
-            line.open(connectionText(folder));
+            Connection line({host, own});
             work(line, [&] {
                 say('r');
                 pause();
@@ -35,14 +34,13 @@ protected:
 };
 
 TEST_F(GroupTest, IsSeenAtOnceAndFlushedAtItsEnd) {
-    Connection another{store};
-    another.open(connectionText(folder));
+    auto another = std::make_unique<Connection>(environment);
     grouped(connection, [&] {
         insertRooms(2);
-        EXPECT_EQ(rows(roomCount, another), "4;");
-        grouped(another, [&] { another.execute("delete from Rooms where Id = 1"); });
+        EXPECT_EQ(rows(roomCount, *another), "4;");
+        grouped(*another, [&] { another->execute("delete from Rooms where Id = 1"); });
         EXPECT_EQ(raw(file, roomCount), "2;");
-        another.close();
+        another.reset();
     });
     EXPECT_EQ(raw(file, roomCount), "3;");
 }
@@ -63,8 +61,6 @@ TEST_F(GroupTest, KeepsWhatWasExecutedBeforeAFailure) {
                          }),
                  std::logic_error);
     EXPECT_EQ(raw(file, roomCount), "4;");
-    connection.close();
-    EXPECT_EQ(failureOf([&] { grouped(connection, [] {}); }), static_cast<int>(Failure::InvalidCall));
 }
 
 TEST_F(GroupTest, IsCommittedWhenTheProgramEnds) {
@@ -144,12 +140,8 @@ TEST_F(GroupTest, GoesOnWithNothingOnceTheDatabaseHasUndoneIt) {
 
 class ReplacedFileTest : public StoreTest {
 protected:
-    ReplacedFileTest() {
-        makeRaw(other, "insert into Rooms values (3, 'Other')");
-        for (Connection& line : lines) line.open(connectionText(folder));
-    }
-    std::string other = folder + "/Other.bak";
-    Connection lines[3] = {Connection{store}, Connection{store}, Connection{store}};
+    std::string other = makeRaw(folder + "/Other.bak", "insert into Rooms values (3, 'Other')");
+    Connection lines[3] = {Connection{environment}, Connection{environment}, Connection{environment}};
 };
 
 TEST_F(ReplacedFileTest, IsReadAndWrittenByAllConnections) {
@@ -228,7 +220,6 @@ protected:
 };
 
 TEST_F(SettleTest, PlaysAnInterruptedWriteBack) {
-    connection.close();
     leaveHotJournal();
     EXPECT_GT(contents(file).size(), 4'000'000U);
     store.settle(file);

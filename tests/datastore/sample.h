@@ -12,6 +12,7 @@
 
 #include "datastore/schema.h"
 #include "datastore/store.h"
+#include "support/test_host.h"
 
 namespace torvane {
 
@@ -36,17 +37,15 @@ insert into BlankNotes values ('');
 // A folder with a database in it, and one connection to that. The helpers of "raw" go past the store.
 class StoreTest : public testing::Test {
 protected:
-    StoreTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "torvane;XXXXXX").string();
-        folder = mkdtemp(pattern.data());
-        file = folder + "/Larkfen.mdb";
-        makeRaw(file);
-        connection.open(connectionText(folder));
-    }
     ~StoreTest() override { std::filesystem::remove_all(folder); }
 
-    static void makeRaw(const std::string& name, const std::string& more = {}) {
+    static std::string makeFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "torvane-XXXXXX").string();
+        return mkdtemp(pattern.data());
+    }
+    static std::string makeRaw(const std::string& name, const std::string& more = {}) {
         raw(name, schemaText() + sampleText + more, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+        return name;
     }
 
     // The cells of a query from a handle of its own, "~" for Null, "|" between cells, ";" behind rows.
@@ -68,23 +67,19 @@ protected:
         return result;
     }
 
-    static std::string dump(const std::optional<RowArray>& rows) {
+    static std::string dump(const RowArray& rows) {
         std::string text;
-        for (int row = 0; rows && row < rows->rows(); ++row) {
-            for (int column = 0; column < rows->columns(); ++column) {
-                const Value& value = (*rows)(column, row);
-                text.append(isNull(value) ? "~" : textOf(value)).append(column + 1 < rows->columns() ? "|" : ";");
+        for (int row = 0; row < rows.rows(); ++row) {
+            for (int column = 0; column < rows.columns(); ++column) {
+                const Value& value = rows(column, row);
+                text.append(isNull(value) ? "~" : textOf(value)).append(column + 1 < rows.columns() ? "|" : ";");
             }
         }
-        return rows ? text : "none";
+        return rows.empty() ? "none" : text;
     }
 
     std::string rows(std::string_view statement) { return rows(statement, connection); }
-    static std::string rows(std::string_view statement, Connection& through) {
-        Recordset recordset;
-        recordset.open(statement, through);
-        return dump(recordset.getRows());
-    }
+    static std::string rows(std::string_view statement, Connection& through) { return dump(through.query(statement)); }
 
     // The number of the failure that the work ends with; 0 when it ends well.
     template <typename Work>
@@ -108,10 +103,12 @@ protected:
         ASSERT_TRUE(stream.flush().good());
     }
 
-    std::string folder;
-    std::string file;
+    std::string folder = makeFolder();
+    std::string file = makeRaw(folder + "/Larkfen.mdb");
+    TestHost host{folder};
     Store store;
-    Connection connection{store};
+    Environment environment{host, store};
+    Connection connection{environment};
     std::string said;  // the text of the last failure
 };
 

@@ -1,5 +1,6 @@
 #include "support/record_test.h"
 #include "estimates/cls_order.h"
+#include "estimates/line_row.h"
 
 namespace torvane {
 namespace {
@@ -160,6 +161,27 @@ TEST_F(EstimateRecordTest, LinesRefuseWhatDoesNotFit) {
     EXPECT_EQ(2, lines.Item(1).Item->itemid);
     EXPECT_EQ(9, numberOf([&] { lines.Item(3); }));
     EXPECT_EQ(9, numberOf([&] { lines.Remove(0); }));
+}
+
+TEST_F(EstimateRecordTest, LinesAsTheirRowsShowThem) {
+    const LineNames names{7, "Stud", 3, "Attic", 2, "each"};
+    const auto texts = [](const LineRow& row) {
+        std::string all;
+        for (const std::string& cell : cellsOf(row)) all += cell + '|';
+        return all;
+    };
+    EXPECT_EQ("7|Attic|2.5|each|Stud|25|1|2|3|31|3|2|", texts(enteredRow(names, {"2.5", "10", "1", "2", "3"})));
+    ColnOrderItems lines(environment);
+    const auto stored = [&](double quantity, double material, double labor, double extension, double others) {
+        return texts(storedRow(names, lines.Add(std::int64_t{7}, quantity, material, Value{std::int64_t{3}},
+                                                Value{std::int64_t{2}}, extension, labor, others)));
+    };
+    EXPECT_EQ("7|Attic|2|each|Stud|25|0|0|0|25|3|2|", stored(2.5, 25, 0, 0, 0)) << "a whole quantity";
+    EXPECT_EQ("7|Attic|4|each|Stud|1|0|0|0|1|3|2|", stored(3.5, 1.00005, 0, 0, 0)) << "four decimals";
+    EXPECT_EQ("7|Attic|1|each|Stud|12.35|0.1|3.15|0.4|16|3|2|", stored(1, 12.35, 0.1, 3.15, 0.4));
+    EXPECT_EQ("7|Attic|1|each|Stud|0|0|1.234568E+07|0|12345680|3|2|", stored(1, 0, 0, 12345678, 0));
+    EXPECT_EQ(6, numberOf([&] { stored(3e9, 0, 0, 0, 0); }));
+    EXPECT_EQ(keyOf(lines.Item(1)), keyOf(enteredRow(names, {})));
 }
 
 }  // namespace

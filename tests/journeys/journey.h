@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 #include "shell/screens.h"
 #include "support/data_folder.h"
 #include "support/screen_test.h"

@@ -1,8 +1,8 @@
 // The item sheet.
 
-#include "estimates/category_nodes.h"
 #include "estimates/screens/category_tree.h"
 #include "journeys/journey.h"
+#include "masters/category_nodes.h"
 
 namespace torvane {
 namespace {

@@ -70,8 +70,7 @@ TEST_F(GuardTest, OpenGroupIsCommittedBetweenTheBoxAndTheEnd) {
     ASSERT_EQ(sqlite3_exec(raw, "create table Units (Id integer, Name text)", nullptr, nullptr, nullptr), SQLITE_OK);
     whileFailureShows = [&] { EXPECT_TRUE(std::filesystem::exists(file + "-journal")); };
     endOf([&] {
-        Connection connection(store);
-        connection.open(connectionText(host.folder));
+        Connection connection({host, store});
         run([&] {
             grouped(connection, [&] {
                 connection.execute("insert into Units values (3, 'yard')");

@@ -186,8 +186,7 @@ protected:
     Outcome actArmed(Fault fault, int call, bool hot) {
         NotingHost host(folder.path());
         Store store;
-        Connection main(store);
-        main.open(connectionText(folder.path()));
+        Connection main({host, store});
         putBack(hot);
         disk.arm(fault, call);
         Outcome outcome;
@@ -211,16 +210,13 @@ protected:
         return {sign == 0, sign == 'w'};
     }
     static std::string roomsBy(Connection& connection) {
-        Recordset rows;
-        rows.open("select max(Name) from Rooms", connection);
-        return textOf(rows.field(0));
+        return textOf(connection.query("select max(Name) from Rooms")(0, 0));
     }
     // The next start of the program; the user does again what can be done again.
     void startAnew() {
         NotingHost host(folder.path());
         Store store;
-        Connection main(store);
-        main.open(connectionText(folder.path()));
+        Connection main({host, store});
         main.execute("insert into Units (Name) values ('anew')");
         if (GetParam().copies) GetParam().act({host, store}, disk);
     }
@@ -354,8 +350,7 @@ INSTANTIATE_TEST_SUITE_P(
                              }},
                       Action{"writeNotes",
                              [](const auto& with, auto&) {
-                                 Connection connection(with.store);
-                                 connection.open(connectionText(with.host.programDirectory()));
+                                 Connection connection(with);
                                  writeSharedNotes(connection, "It's after.");
                              }}),
     nameOfAction);

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 
 namespace torvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 
 namespace torvane {
 

@@ -1,7 +1,7 @@
 #include "estimates/screens/frm_list.h"
 
-#include "estimates/category_nodes.h"
 #include "estimates/screens/frm_order.h"
+#include "masters/category_nodes.h"
 #include "masters/cls_master.h"
 #include "platform/fill_names.h"
 #include "platform/help_contexts.h"

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "estimates/cls_order.h"
-#include "estimates/pricing.h"
+#include "estimates/line_row.h"
 #include "masters/cls_category.h"
 #include "masters/cls_customer.h"
 #include "masters/screens/customer_pick.h"
@@ -17,6 +17,7 @@
 namespace torvane {
 
 class frmCustomer;
+struct PriceBox;
 
 // The estimate screen: customer and job site, the line panel, the list of lines, the totals, the area panel and the
 // notes of one estimate. What is saved are the lines of `Order`; what is summed are the rows of the list. The fields
@@ -59,10 +60,8 @@ private:
     void InitListView();
     void FillRooms();
     void FillUnits();
-    void FillItems();
     void FillState();
     void FillData();
-    void loadLines();
     void ClearClass();
     void CmdSelCust_Click();
     void CmdNewCust_Click();
@@ -74,18 +73,25 @@ private:
     void cmdMainHelp_Click();
 
     // --- The line panel
+    void connectPanel();
+    void FillItems();
+    void loadLines();
     LinePanel panel();
     void cmbItems_Click();
-    void askMasterPrice(const TextBox& box, PricePart part, std::string_view prompt,
-                        void (ClsItem::*update)(std::int32_t, std::string_view));
+    void askMasterPrice(const PriceBox& changed);
     void CmdEdit_Click();
     void cmdEditApply_Click();
     void cmdEditCanc_Click();
     void cmdDel_Click();
     void showEditing(bool editing);
-    std::vector<std::string> panelRow(std::int16_t itemid);
-    // Reads the item and its category as every change of a line does; gives the item's name.
+    // An item in the room and the unit that the panel has selected.
+    LineNames names(std::int32_t itemId, std::string item);
+    std::vector<std::string> panelRow(std::int32_t itemId);
+    LineRow listedRow(int row);
+    // Reads the item and its category as every change of a line does.
     void readItem(ClsItem& item);
+    // What keeps a line from being entered; says so in a box.
+    bool quantityMissing();
     bool alreadyAdded(std::int32_t itemId, std::int32_t leaveOut);
     int selectedRow();
 

@@ -11,6 +11,25 @@ namespace torvane {
 
 namespace {
 
+// A result of the area panel: its box, and the option that chooses it for the line.
+struct AreaBox {
+    TextBox* Ui::frmOrder::*box;
+    std::string RoomAreas::*text;
+    QRadioButton* Ui::frmOrder::*option;
+};
+// In the order in which they are written.
+constexpr AreaBox areaBoxes[] = {
+    {&Ui::frmOrder::txtPerimeter, &RoomAreas::perimeter, &Ui::frmOrder::chkarea1},
+    {&Ui::frmOrder::txtWalls, &RoomAreas::walls, &Ui::frmOrder::chkarea2},
+    {&Ui::frmOrder::txtCeiling, &RoomAreas::ceiling, &Ui::frmOrder::chkarea3},
+    {&Ui::frmOrder::txtFloorCeil, &RoomAreas::floorCeiling, &Ui::frmOrder::chkarea5},
+    {&Ui::frmOrder::txtTotArea, &RoomAreas::totalArea, &Ui::frmOrder::chkarea6},
+    {&Ui::frmOrder::txtConcrete, &RoomAreas::concrete, &Ui::frmOrder::chkarea4},
+    {&Ui::frmOrder::txtPlywood, &RoomAreas::plywood, &Ui::frmOrder::chkarea7},
+    {&Ui::frmOrder::txtDrywall4x12, &RoomAreas::drywall4x12, &Ui::frmOrder::chkarea8},
+    {&Ui::frmOrder::txtDrywall4x8, &RoomAreas::drywall4x8, &Ui::frmOrder::chkarea9},
+};
+
 // Keeps the notes frame over the lower middle of its window, whatever the window's size.
 class NotesPlace : public QObject {
 public:
@@ -34,16 +53,9 @@ private:
 }  // namespace
 
 void frmOrder::CalTotalArea() {
+    const Program::Doing doing(program(), "computing the areas");
     const RoomAreas areas = roomAreas(ui().txtLength->Text(), ui().txtWidth->Text(), ui().txtHeight->Text());
-    ui().txtPerimeter->setText(areas.perimeter);
-    ui().txtWalls->setText(areas.walls);
-    ui().txtCeiling->setText(areas.ceiling);
-    ui().txtFloorCeil->setText(areas.floorCeiling);
-    ui().txtTotArea->setText(areas.totalArea);
-    ui().txtConcrete->setText(areas.concrete);
-    ui().txtPlywood->setText(areas.plywood);
-    ui().txtDrywall4x12->setText(areas.drywall4x12);
-    ui().txtDrywall4x8->setText(areas.drywall4x8);
+    for (const AreaBox& area : areaBoxes) (ui().*area.box)->setText(areas.*area.text);
 }
 
 void frmOrder::placeNotes() {
@@ -52,17 +64,13 @@ void frmOrder::placeNotes() {
 
 void frmOrder::cmdMove_Click() {
     ui().TxtQty->setText(ui().txtTotArea->Text());
-    const std::pair<QRadioButton*, TextBox*> rows[] = {
-        {ui().chkarea1, ui().txtPerimeter}, {ui().chkarea2, ui().txtWalls},       {ui().chkarea3, ui().txtCeiling},
-        {ui().chkarea4, ui().txtConcrete},  {ui().chkarea5, ui().txtFloorCeil},   {ui().chkarea6, ui().txtTotArea},
-        {ui().chkarea7, ui().txtPlywood},   {ui().chkarea8, ui().txtDrywall4x12}, {ui().chkarea9, ui().txtDrywall4x8}};
-    for (const auto& [option, box] : rows)
-        if (option->isChecked()) ui().TxtQty->setText(box->Text());
+    for (const AreaBox& area : areaBoxes)
+        if ((ui().*area.option)->isChecked()) ui().TxtQty->setText((ui().*area.box)->Text());
 }
 
 void frmOrder::cmdImport_Click() {
-    Connection connection(program().environment().store);
-    connection.open(connectionText(program().host().programDirectory()));
+    const Program::Doing doing(program(), "reading the notes");
+    Connection connection(program().environment());
     ui().rtfNotes->setText(readSharedNotes(connection));
     ui().frmNotes->setVisible(true);
     ui().frmNotes->raise();

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 #include "platform/controls.h"
 #include "reports/report_html.h"
 #include "reports/screens/page_painter.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,7 +19,6 @@ struct CategoryNode {
 // lists the items of category 12, too. That is how searches in this system match, and here it stays so.
 //   categories   rows of the view: key, name, number of items, parent key
 //   items        key, name, category key, in the order in which they are to stand
-std::vector<CategoryNode> categoryNodes(const std::optional<RowArray>& categories,
-                                        const std::optional<RowArray>& items);
+std::vector<CategoryNode> categoryNodes(const ListRows& categories, const ListRows& items);
 
 }  // namespace torvane

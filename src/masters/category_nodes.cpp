@@ -1,4 +1,4 @@
-#include "estimates/category_nodes.h"
+#include "masters/category_nodes.h"
 
 #include <algorithm>
 #include <map>
@@ -15,7 +15,7 @@ constexpr int levels = 3;
 
 class Builder {
 public:
-    Builder(const RowArray& categories, const std::optional<RowArray>& items) : categories_(categories) {
+    Builder(const RowArray& categories, const ListRows& items) : categories_(categories) {
         for (int row = 0; row < categories.rows(); ++row) childrenOf_[int16OrZero(categories(3, row))].push_back(row);
         if (!items) return;
         for (int row = 0; row < items->rows(); ++row) {
@@ -65,8 +65,7 @@ private:
 
 }  // namespace
 
-std::vector<CategoryNode> categoryNodes(const std::optional<RowArray>& categories,
-                                        const std::optional<RowArray>& items) {
+std::vector<CategoryNode> categoryNodes(const ListRows& categories, const ListRows& items) {
     if (!categories) return {{"R", "Categories", -1}};
     return Builder(*categories, items).build();
 }

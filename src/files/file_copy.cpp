@@ -1,4 +1,4 @@
-#include "datastore/file_copy.h"
+#include "files/file_copy.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
