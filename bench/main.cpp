@@ -6,8 +6,8 @@
 #include <string>
 
 #include "benches.h"
-#include "platform/guarded_application.h"
 #include "sample.h"
+#include "screens/guarded_application.h"
 #include "shell/pictures_init.h"
 
 // Prints one line per measurement. Status 1 only when something could not be measured: on a busy machine a ratio may

@@ -9,8 +9,8 @@
 #include "harness.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
-#include "platform/program.h"
 #include "sample.h"
+#include "screens/program.h"
 
 // The windows of the catalogue at its largest: none of their acts may hold the user up for longer than the limit.
 

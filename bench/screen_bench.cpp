@@ -12,8 +12,8 @@
 #include "estimates/screens/frm_order.h"
 #include "harness.h"
 
-#include "platform/program.h"
 #include "sample.h"
+#include "screens/program.h"
 
 // The estimate screen with its real window, against the rows through SQLite alone and Qt's own widgets.
 

@@ -16,11 +16,11 @@
 #include "estimates/screens/frm_order.h"
 #include "harness.h"
 #include "masters/category_nodes.h"
-#include "platform/controls.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/page_painter.h"
 #include "reports/screens/report_export.h"
 #include "sample.h"
+#include "widgets/texts.h"
 
 // The item sheet on the largest catalogue, and the reports on every estimate.
 

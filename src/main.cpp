@@ -4,14 +4,14 @@
 #include "assistant/animated_assistant.h"
 #include "assistant/speech.h"
 #include "datastore/store.h"
-#include "platform/controls.h"
-#include "platform/guarded_application.h"
-#include "platform/pictures.h"
-#include "platform/qt_host.h"
+#include "screens/guarded_application.h"
+#include "screens/qt_host.h"
 #include "shell/folder_lock.h"
 #include "shell/pictures_init.h"
 #include "shell/program_folder.h"
 #include "shell/screens.h"
+#include "widgets/pictures.h"
+#include "widgets/texts.h"
 
 int main(int argc, char** argv) {
     using namespace torvane;

@@ -8,7 +8,7 @@
 #include "assistant/narrator.h"
 #include "assistant/ticker.h"
 #include "assistant/voice.h"
-#include "platform/assistant.h"
+#include "screens/assistant.h"
 
 namespace torvane {
 

@@ -10,7 +10,7 @@
 #include "assistant/character.h"
 #include "assistant/ticker.h"
 #include "assistant/voice.h"
-#include "platform/assistant.h"
+#include "screens/assistant.h"
 
 namespace torvane {
 

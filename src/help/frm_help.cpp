@@ -6,7 +6,8 @@
 
 #include "help/help_book.h"
 #include "host/host.h"
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

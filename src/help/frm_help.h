@@ -4,8 +4,9 @@
 #include <QUrl>
 #include <memory>
 
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_help.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -6,8 +6,8 @@
 #include <QXmlStreamReader>
 #include <algorithm>
 
-#include "platform/controls.h"
 #include "values/failure.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -1,8 +1,8 @@
 #include "shell/frm_about.h"
 
 #include "host/host.h"
-#include "platform/help_contexts.h"
-#include "platform/pictures.h"
+#include "screens/help_contexts.h"
+#include "widgets/pictures.h"
 
 namespace torvane {
 

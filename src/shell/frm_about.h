@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_about.h"
 
 namespace torvane {

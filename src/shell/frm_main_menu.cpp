@@ -9,10 +9,12 @@
 
 #include <algorithm>
 
-#include "platform/controls.h"
-#include "platform/help_contexts.h"
-#include "platform/pictures.h"
+#include "screens/help_contexts.h"
 #include "shell/menu_tree.h"
+#include "widgets/picture_button.h"
+#include "widgets/pictures.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "datastore/store.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "shell/menu_actions.h"
 
 class QAction;

@@ -17,9 +17,9 @@
 #include "masters/screens/frm_customer.h"
 #include "masters/screens/frm_item.h"
 #include "masters/screens/frm_master.h"
-#include "platform/program.h"
 #include "reports/screens/data_reports.h"
 #include "reports/screens/frm_rpt_orders.h"
+#include "screens/program.h"
 #include "shell/frm_about.h"
 #include "shell/frm_main_menu.h"
 

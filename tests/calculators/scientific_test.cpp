@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "support/screen_test.h"
+#include "widgets/text_box.h"
 
 namespace torvane {
 

@@ -8,11 +8,11 @@
 
 #include "calculators/calculator_groups.h"
 #include "help/help_book.h"
-#include "platform/controls.h"
 #include "support/data_folder.h"
 #include "support/files.h"
 #include "support/screen_test.h"
 #include "values/failure.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 namespace {

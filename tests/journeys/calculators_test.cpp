@@ -8,6 +8,7 @@
 #include "calculators/screens/calculator_window.h"
 #include "journeys/journey.h"
 #include "shell/menu_tree.h"
+#include "widgets/units.h"
 
 namespace torvane {
 namespace {

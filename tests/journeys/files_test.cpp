@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "journeys/journey.h"
-#include "platform/text_area.h"
 #include "support/files.h"
+#include "widgets/text_area.h"
 
 namespace torvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <QRadioButton>
 
 #include "journeys/journey.h"
-#include "platform/text_area.h"
+#include "widgets/text_area.h"
 
 namespace torvane {
 namespace {

@@ -4,8 +4,8 @@
 #include <QClipboard>
 #include <QLabel>
 
-#include "platform/text_area.h"
 #include "values/numbers.h"
+#include "widgets/text_area.h"
 
 namespace torvane {
 

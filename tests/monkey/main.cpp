@@ -26,11 +26,11 @@
 #include <utility>
 
 #include "assistant/animated_assistant.h"
-#include "platform/controls.h"
-#include "platform/guarded_application.h"
+#include "screens/guarded_application.h"
 #include "shell/pictures_init.h"
 #include "shell/screens.h"
 #include "support/data_folder.h"
+#include "widgets/drop_list.h"
 
 namespace torvane {
 namespace {

@@ -11,10 +11,11 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include "platform/pictures.h"
 #include "platform/probe.h"
-#include "platform/qt_host.h"
+#include "screens/qt_host.h"
 #include "support/screen_test.h"
+#include "widgets/picture_button.h"
+#include "widgets/pictures.h"
 
 namespace torvane {
 
@@ -450,6 +451,7 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         form.Unload();
         host.style = shortDateOf(QLocale(row.locale));
         form.Show();
+        form.date->setDateStyle(host.style);
         form.date->setValue({2026, 11, 23});
         key(*form.choice, Qt::Key_Tab);
         row.act(*form.date);

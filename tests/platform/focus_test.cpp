@@ -3,9 +3,9 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/focus_watcher.h"
 #include "platform/probe.h"
-#include "platform/qt_host.h"
+#include "screens/focus_watcher.h"
+#include "screens/qt_host.h"
 #include "support/screen_test.h"
 
 namespace torvane {

@@ -1,4 +1,4 @@
-#include "platform/form.h"
+#include "screens/form.h"
 #include "support/screen_test.h"
 #include "ui_form_file.h"
 

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "platform/error_box.h"
-#include "platform/focus_watcher.h"
 #include "platform/probe.h"
+#include "screens/error_box.h"
+#include "screens/focus_watcher.h"
 #include "support/screen_test.h"
 
 namespace torvane {

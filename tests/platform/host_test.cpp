@@ -10,9 +10,9 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/error_box.h"
 #include "platform/probe.h"
-#include "platform/qt_host.h"
+#include "screens/error_box.h"
+#include "screens/qt_host.h"
 #include "support/screen_test.h"
 
 namespace torvane {

@@ -7,8 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/controls.h"
-#include "platform/form.h"
+#include "screens/form.h"
+#include "widgets/date_box.h"
+#include "widgets/drop_list.h"
+#include "widgets/report_list.h"
+#include "widgets/text_box.h"
 
 namespace torvane {
 

@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <iostream>
 
-#include "platform/guarded_application.h"
+#include "screens/guarded_application.h"
 
 namespace {
 

@@ -16,7 +16,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-#include "platform/guarded_application.h"
+#include "screens/guarded_application.h"
 
 namespace torvane {
 

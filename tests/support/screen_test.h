@@ -13,10 +13,12 @@
 #include <vector>
 
 #include "datastore/store.h"
-#include "platform/controls.h"
-#include "platform/form.h"
-#include "platform/program.h"
+#include "screens/form.h"
+#include "screens/program.h"
 #include "support/test_host.h"
+#include "widgets/drop_list.h"
+#include "widgets/report_list.h"
+#include "widgets/texts.h"
 
 class QAction;
 

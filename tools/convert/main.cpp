@@ -3,8 +3,8 @@
 #include <QApplication>
 
 #include "conversions/screens/conversion_window.h"
-#include "platform/pictures.h"
-#include "platform/style.h"
+#include "widgets/pictures.h"
+#include "widgets/style.h"
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);

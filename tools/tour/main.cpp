@@ -22,11 +22,14 @@
 #include <string>
 
 #include "assistant/animated_assistant.h"
-#include "platform/controls.h"
-#include "platform/guarded_application.h"
-#include "platform/qt_host.h"
+#include "screens/guarded_application.h"
+#include "screens/qt_host.h"
 #include "shell/pictures_init.h"
 #include "shell/screens.h"
+#include "widgets/drop_list.h"
+#include "widgets/report_list.h"
+#include "widgets/text_box.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 namespace {

@@ -7,7 +7,9 @@
 
 #include "calculators/screens/panel_view.h"
 #include "calculators/screens/tab_strip.h"
-#include "platform/controls.h"
+#include "widgets/picture_button.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

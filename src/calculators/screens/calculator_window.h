@@ -4,7 +4,7 @@
 #include <map>
 
 #include "calculators/calculator_groups.h"
-#include "platform/form.h"
+#include "screens/form.h"
 
 namespace torvane {
 

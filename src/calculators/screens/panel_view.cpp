@@ -6,7 +6,10 @@
 #include <QRadioButton>
 #include <algorithm>
 
-#include "platform/controls.h"
+#include "widgets/drop_list.h"
+#include "widgets/picture_button.h"
+#include "widgets/text_box.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

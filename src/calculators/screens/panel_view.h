@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "calculators/panel.h"
-#include "platform/form.h"
+#include "screens/form.h"
 
 class QGridLayout;
 

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionButton>
 #include <QTimer>
@@ -15,7 +16,9 @@
 
 #include "calculators/screens/key_preview.h"
 #include "host/host.h"
-#include "platform/controls.h"
+#include "widgets/text_box.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

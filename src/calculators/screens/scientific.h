@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "calculators/scientific_machine.h"
-#include "platform/form.h"
+#include "screens/form.h"
 
 class QButtonGroup;
 class QLabel;

@@ -15,7 +15,8 @@
 #include <QSignalBlocker>
 
 #include "conversions/units.h"
-#include "platform/controls.h"
+#include "widgets/text_box.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

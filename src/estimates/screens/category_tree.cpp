@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-#include "platform/controls.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

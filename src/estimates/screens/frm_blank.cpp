@@ -1,7 +1,7 @@
 #include "estimates/screens/frm_blank.h"
 
 #include "estimates/shared_notes.h"
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 
 namespace torvane {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "datastore/store.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_blank.h"
 
 namespace torvane {

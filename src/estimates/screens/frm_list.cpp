@@ -3,8 +3,8 @@
 #include "estimates/screens/frm_order.h"
 #include "masters/category_nodes.h"
 #include "masters/cls_master.h"
-#include "platform/fill_names.h"
-#include "platform/help_contexts.h"
+#include "screens/fill_names.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -6,7 +6,7 @@
 
 #include "masters/cls_category.h"
 #include "masters/cls_item.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_list.h"
 
 namespace torvane {

@@ -1,8 +1,8 @@
 #include "estimates/screens/frm_order.h"
 
 #include "masters/screens/frm_customer.h"
-#include "platform/fill_names.h"
-#include "platform/help_contexts.h"
+#include "screens/fill_names.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -81,6 +81,7 @@ void frmOrder::Form_Load() {
     if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
     setHelpContext(HelpContext::estimate);
+    ui().TxtDate->setDateStyle(program().host().shortDate());
     ui().TxtDate->setValue(program().host().today());
     InitListView();
     FillRooms();

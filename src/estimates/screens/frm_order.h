@@ -11,7 +11,7 @@
 #include "masters/cls_category.h"
 #include "masters/cls_customer.h"
 #include "masters/screens/customer_pick.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_order.h"
 
 namespace torvane {

@@ -2,7 +2,7 @@
 
 #include "estimates/line_row.h"
 #include "estimates/screens/frm_order.h"
-#include "platform/focus_watcher.h"
+#include "screens/focus_watcher.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -1,7 +1,7 @@
 #include "estimates/screens/frm_orders.h"
 
 #include "estimates/screens/frm_order.h"
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "estimates/cls_order.h"
-#include "platform/form.h"
-#include "platform/paged_list.h"
+#include "screens/form.h"
+#include "screens/paged_list.h"
 #include "ui_frm_orders.h"
 
 namespace torvane {

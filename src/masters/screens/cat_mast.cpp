@@ -1,7 +1,7 @@
 #include "masters/screens/cat_mast.h"
 
 #include "masters/screens/frm_category.h"
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

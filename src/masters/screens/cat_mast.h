@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "masters/cls_category.h"
-#include "platform/entry_buttons.h"
-#include "platform/form.h"
+#include "screens/entry_buttons.h"
+#include "screens/form.h"
 #include "ui_cat_mast.h"
 
 namespace torvane {

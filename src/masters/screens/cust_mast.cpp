@@ -1,8 +1,8 @@
 #include "masters/screens/cust_mast.h"
 
 #include "masters/screens/frm_customer.h"
-#include "platform/fill_names.h"
-#include "platform/help_contexts.h"
+#include "screens/fill_names.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "masters/cls_customer.h"
-#include "platform/entry_buttons.h"
-#include "platform/form.h"
+#include "screens/entry_buttons.h"
+#include "screens/form.h"
 #include "ui_cust_mast.h"
 
 namespace torvane {

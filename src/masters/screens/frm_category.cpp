@@ -4,8 +4,9 @@
 
 #include "masters/screens/category_pick.h"
 #include "masters/screens/record_buttons.h"
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -4,8 +4,8 @@
 
 #include "masters/cls_category.h"
 #include "masters/screens/cat_mast.h"
-#include "platform/form.h"
-#include "platform/paged_list.h"
+#include "screens/form.h"
+#include "screens/paged_list.h"
 #include "ui_frm_category.h"
 
 namespace torvane {

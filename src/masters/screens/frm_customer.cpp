@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -6,7 +6,7 @@
 #include "masters/screens/cust_mast.h"
 #include "masters/screens/customer_pick.h"
 #include "masters/screens/record_buttons.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_customer.h"
 
 namespace torvane {

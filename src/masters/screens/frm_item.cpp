@@ -3,7 +3,7 @@
 #include <QMenu>
 #include <utility>
 
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

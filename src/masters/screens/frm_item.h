@@ -5,7 +5,7 @@
 #include "masters/cls_item.h"
 #include "masters/screens/item_mast.h"
 #include "masters/screens/record_buttons.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_item.h"
 
 namespace torvane {

@@ -2,8 +2,9 @@
 
 #include <QLabel>
 
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

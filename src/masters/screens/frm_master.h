@@ -5,7 +5,7 @@
 #include <string>
 
 #include "masters/cls_master.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "ui_frm_master.h"
 
 namespace torvane {

@@ -4,8 +4,8 @@
 
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
-#include "platform/fill_names.h"
-#include "platform/help_contexts.h"
+#include "screens/fill_names.h"
+#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {

@@ -6,8 +6,8 @@
 #include "masters/cls_item.h"
 #include "masters/cls_master.h"
 #include "masters/screens/category_pick.h"
-#include "platform/entry_buttons.h"
-#include "platform/form.h"
+#include "screens/entry_buttons.h"
+#include "screens/form.h"
 #include "ui_item_mast.h"
 
 namespace torvane {

@@ -2,7 +2,7 @@
 
 #include <QMenu>
 
-#include "platform/form.h"
+#include "screens/form.h"
 
 namespace torvane {
 

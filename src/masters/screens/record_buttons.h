@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/paged_list.h"
+#include "screens/paged_list.h"
 
 class QMenu;
 

@@ -1,6 +1,6 @@
 #include "reports/screens/data_reports.h"
 
-#include "platform/help_contexts.h"
+#include "screens/help_contexts.h"
 
 namespace torvane {
 

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "platform/program.h"
 #include "reports/data_environment.h"
 #include "reports/screens/report_window.h"
+#include "screens/program.h"
 
 namespace torvane {
 

@@ -1,7 +1,7 @@
 #include "reports/screens/frm_rpt_orders.h"
 
-#include "platform/help_contexts.h"
 #include "reports/screens/data_reports.h"
+#include "screens/help_contexts.h"
 
 namespace torvane {
 
@@ -16,6 +16,7 @@ void frmRptOrders::Form_Load() {
     on(*this, ui().Command3, &QAbstractButton::clicked, [this] { reports_.showEstimates(); });
     on(*this, ui().Command2, &QAbstractButton::clicked, [this] { Unload(); });
     program().StartUp(*this);
+    for (DateBox* box : {ui().FDate, ui().TDate}) box->setDateStyle(program().host().shortDate());
     const Date today = program().host().today();
     ui().FDate->setValue({today.year, today.month, 1});
     ui().TDate->setValue(today);

@@ -3,7 +3,7 @@
 #include <QFontMetricsF>
 #include <array>
 
-#include "platform/controls.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

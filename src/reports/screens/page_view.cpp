@@ -2,8 +2,9 @@
 
 #include <QPainter>
 
-#include "platform/controls.h"
 #include "reports/screens/page_painter.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

@@ -8,9 +8,9 @@
 #include <numeric>
 
 #include "files/file_copy.h"
-#include "platform/controls.h"
 #include "reports/report_html.h"
 #include "reports/screens/page_painter.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -7,9 +7,10 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "platform/controls.h"
-#include "platform/dialogs.h"
+#include "screens/dialogs.h"
 #include "values/numbers.h"
+#include "widgets/drop_list.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

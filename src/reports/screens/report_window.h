@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
-#include "platform/form.h"
 #include "reports/report_pages.h"
 #include "reports/screens/report_export.h"
+#include "screens/form.h"
 #include "ui_report_window.h"
 
 namespace torvane {

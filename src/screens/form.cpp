@@ -1,4 +1,4 @@
-#include "platform/form.h"
+#include "screens/form.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -7,9 +7,9 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "platform/controls.h"
-#include "platform/focus_watcher.h"
-#include "platform/form_window.h"
+#include "screens/focus_watcher.h"
+#include "screens/form_window.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

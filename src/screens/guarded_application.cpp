@@ -1,9 +1,9 @@
-#include "platform/guarded_application.h"
+#include "screens/guarded_application.h"
 
 #include <QSettings>
 
-#include "platform/program.h"
-#include "platform/style.h"
+#include "screens/program.h"
+#include "widgets/style.h"
 
 namespace torvane {
 

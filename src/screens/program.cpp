@@ -1,4 +1,4 @@
-#include "platform/program.h"
+#include "screens/program.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -8,11 +8,12 @@
 #include <cstdlib>
 
 #include "datastore/store.h"
-#include "platform/controls.h"
-#include "platform/error_box.h"
-#include "platform/focus_watcher.h"
-#include "platform/form.h"
-#include "platform/form_window.h"
+#include "screens/error_box.h"
+#include "screens/focus_watcher.h"
+#include "screens/form.h"
+#include "screens/form_window.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
 
 namespace torvane {
 

@@ -1,6 +1,6 @@
-#include "platform/fill_names.h"
+#include "screens/fill_names.h"
 
-#include "platform/controls.h"
+#include "widgets/drop_list.h"
 
 namespace torvane {
 

@@ -1,6 +1,6 @@
-#include "platform/text_area.h"
+#include "widgets/text_area.h"
 
-#include "platform/controls.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "datastore/environment.h"
-#include "platform/assistant.h"
+#include "screens/assistant.h"
 #include "values/failure.h"
 
 class QWidget;

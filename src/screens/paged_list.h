@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "datastore/rows.h"
-#include "platform/controls.h"
+#include "widgets/report_list.h"
+#include "widgets/text_box.h"
 
+class QAbstractButton;
 class QLabel;
 
 namespace torvane {

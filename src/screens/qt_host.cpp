@@ -1,4 +1,4 @@
-#include "platform/qt_host.h"
+#include "screens/qt_host.h"
 
 #include <QDate>
 #include <QDialogButtonBox>
@@ -12,9 +12,9 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
-#include "platform/controls.h"
-#include "platform/dialogs.h"
+#include "screens/dialogs.h"
 #include "values/failure.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

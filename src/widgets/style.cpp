@@ -1,4 +1,4 @@
-#include "platform/style.h"
+#include "widgets/style.h"
 
 #include <QApplication>
 #include <QHeaderView>

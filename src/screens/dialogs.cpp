@@ -1,9 +1,9 @@
-#include "platform/dialogs.h"
+#include "screens/dialogs.h"
 
 #include <QPointer>
 #include <QScreen>
 
-#include "platform/form_window.h"
+#include "screens/form_window.h"
 
 namespace torvane {
 

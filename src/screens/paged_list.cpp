@@ -1,10 +1,11 @@
-#include "platform/paged_list.h"
+#include "screens/paged_list.h"
 
 #include <QLabel>
 
 #include "datastore/data_class.h"
-#include "platform/form.h"
+#include "screens/form.h"
 #include "values/numbers.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

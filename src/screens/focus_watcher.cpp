@@ -1,4 +1,4 @@
-#include "platform/focus_watcher.h"
+#include "screens/focus_watcher.h"
 
 #include <QApplication>
 #include <QHash>
@@ -9,8 +9,8 @@
 #include <QWindow>
 #include <vector>
 
-#include "platform/form.h"
-#include "platform/form_window.h"
+#include "screens/form.h"
+#include "screens/form_window.h"
 
 namespace torvane {
 

@@ -1,8 +1,8 @@
-#include "platform/entry_buttons.h"
+#include "screens/entry_buttons.h"
 
 #include <QAbstractButton>
 
-#include "platform/form.h"
+#include "screens/form.h"
 
 namespace torvane {
 

@@ -1,7 +1,7 @@
-#include "platform/error_box.h"
+#include "screens/error_box.h"
 
-#include "platform/controls.h"
-#include "platform/dialogs.h"
+#include "screens/dialogs.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/program.h"
+#include "screens/program.h"
 
 class QEventLoop;
 

@@ -1,0 +1,259 @@
+#include "widgets/report_list.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+#include <algorithm>
+
+#include "values/failure.h"
+#include "widgets/texts.h"
+#include "widgets/units.h"
+
+namespace torvane {
+
+namespace {
+
+QStringList qstrings(const std::vector<std::string>& texts) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (const std::string& text : texts) list.append(qstring(text));
+    return list;
+}
+
+class RightAligned : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    }
+};
+
+// All three are of one size, or the captions would jump from one to the other.
+QIcon headerIcon(const ReportList& list, ReportList::Icon icon) {
+    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, list.header());
+    const qreal ratio = list.devicePixelRatioF();
+    QPixmap pixmap(QSize(side, side) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    if (icon != ReportList::Icon::Blank) {
+        const qreal middle = side / 2.0;
+        const qreal reach = side * 0.45;
+        const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(list.palette().color(QPalette::ButtonText));
+        painter.drawPolygon(QPolygonF(
+            {{middle - reach, middle - tip / 2}, {middle + reach, middle - tip / 2}, {middle, middle + tip / 2}}));
+    }
+    return QIcon(pixmap);
+}
+
+}  // namespace
+
+ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setIndentation(0);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    header()->setSectionsClickable(true);
+    header()->setTextElideMode(Qt::ElideRight);
+    connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
+    // A quick second click comes as a double click.
+    connect(header(), &QHeaderView::sectionDoubleClicked, this, &ReportList::ColumnClick);
+}
+
+// A text that its column cuts is shown whole as a tool tip.
+bool ReportList::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QModelIndex index = indexAt(help->pos());
+        constexpr int margins = 8;
+        const bool cut = index.isValid() && fontMetrics().horizontalAdvance(index.data().toString()) + margins >
+                                                columnWidth(index.column());
+        // Always as rich text: a tool tip guesses from the signs in it which of the two a text is.
+        const QString whole = QStringLiteral("<div style='white-space:pre-wrap'>%1</div>");
+        if (cut)
+            QToolTip::showText(help->globalPos(), whole.arg(index.data().toString().toHtmlEscaped()), this,
+                               visualRect(index));
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QTreeWidget::viewportEvent(event);
+}
+
+void ReportList::setColumns(const std::vector<Column>& columns) {
+    const int count = static_cast<int>(columns.size());
+    setColumnCount(count);
+    icons_.assign(columns.size(), Icon::Blank);
+    auto* captions = new QTreeWidgetItem;
+    auto* right = new RightAligned(this);
+    for (int index = 0; index < count; ++index) {
+        const Column& column = columns[static_cast<std::size_t>(index)];
+        captions->setText(index, qstring(column.header));
+        captions->setTextAlignment(index, (column.numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        setItemDelegateForColumn(index, column.numeric ? right : nullptr);
+    }
+    setHeaderItem(captions);
+    const double scale = fontScale(*this);
+    for (int index = 0; index < count; ++index) {
+        const int width = pixels(columns[static_cast<std::size_t>(index)].twips * scale);
+        setColumnHidden(index, width == 0);  // a width of 0 alone could be dragged open
+        if (width > 0) setColumnWidth(index, width);
+    }
+}
+
+void ReportList::ClearRows() {
+    clear();
+}
+
+void ReportList::AddRow(const std::vector<std::string>& texts) {
+    AddRows({texts});
+}
+
+void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const std::vector<std::string>& row : rows) items.append(new QTreeWidgetItem(qstrings(row)));
+    const bool first = RowCount() == 0;
+    addTopLevelItems(items);
+    if (first && !items.isEmpty()) makeCurrent(*items.constFirst());
+}
+
+void ReportList::RemoveRow(int row) {
+    item(row);
+    delete takeTopLevelItem(row);
+}
+
+int ReportList::RowCount() const {
+    return topLevelItemCount();
+}
+
+int ReportList::SelectedRow() const {
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.constFirst().row();
+}
+
+void ReportList::selectRow(int row) {
+    makeCurrent(item(row));
+}
+
+// The current cell must be one that is shown: from a hidden one the arrow keys move on, but select nothing.
+void ReportList::makeCurrent(QTreeWidgetItem& row) {
+    setCurrentItem(&row, firstVisibleColumn());
+}
+
+QTreeWidgetItem& ReportList::item(int row) const {
+    if (row < 0 || row >= RowCount()) fail(Failure::Subscript);
+    return *topLevelItem(row);
+}
+
+void ReportList::requireColumn(int column) const {
+    if (column < 0 || column >= columnCount()) fail(Failure::Subscript);
+}
+
+std::string ReportList::Cell(int row, int column) const {
+    requireColumn(column);
+    return utf8(item(row).text(column));
+}
+
+void ReportList::setCell(int row, int column, std::string_view text) {
+    requireColumn(column);
+    item(row).setText(column, qstring(text));
+}
+
+void ReportList::setRow(int row, const std::vector<std::string>& texts) {
+    item(row);
+    if (!texts.empty()) requireColumn(static_cast<int>(texts.size()) - 1);
+    for (std::size_t column = 0; column < texts.size(); ++column) setCell(row, static_cast<int>(column), texts[column]);
+}
+
+void ReportList::setColumnIcon(int column, Icon icon) {
+    requireColumn(column);
+    icons_[static_cast<std::size_t>(column)] = icon;
+    for (int each = 0; each < columnCount(); ++each) {
+        // A caption at the right stays where it is without an icon of no picture, and has all the room.
+        const bool blank = columnIcon(each) == Icon::Blank;
+        const bool right = headerItem()->textAlignment(each) & Qt::AlignRight;
+        headerItem()->setIcon(each, blank && right ? QIcon() : headerIcon(*this, columnIcon(each)));
+    }
+}
+
+ReportList::Icon ReportList::columnIcon(int column) const {
+    requireColumn(column);
+    return icons_[static_cast<std::size_t>(column)];
+}
+
+int ReportList::firstVisibleColumn() const {
+    for (int column = 0; column < columnCount(); ++column)
+        if (!isColumnHidden(column)) return column;
+    return 0;
+}
+
+// The stock search would look at the key in the hidden first column.
+void ReportList::keyboardSearch(const QString& search) {
+    if (RowCount() == 0) return;
+    const int row = std::max(0, currentIndex().row());
+    selectionModel()->setCurrentIndex(model()->index(row, firstVisibleColumn()), QItemSelectionModel::NoUpdate);
+    QTreeWidget::keyboardSearch(search);
+}
+
+// A click beside the rows, or with Control held, would leave the list without a selected row, which none of its buttons
+// can do anything with.
+QItemSelectionModel::SelectionFlags ReportList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    if (!index.isValid()) return QItemSelectionModel::NoUpdate;
+    const auto flags = QTreeWidget::selectionCommand(index, event);
+    const bool takesAway = flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect);
+    return takesAway ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows : flags;
+}
+
+void ReportList::keyPressEvent(QKeyEvent* event) {
+    const int row = SelectedRow();
+    if (event->matches(QKeySequence::Copy)) {
+        event->accept();
+        if (row < 0) return;
+        QStringList texts;
+        for (int column = 0; column < columnCount(); ++column)
+            if (!isColumnHidden(column)) texts.append(item(row).text(column));
+        QApplication::clipboard()->setText(texts.join('\t'));
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        if (row >= 0) emit DblClick();
+    } else {
+        QTreeWidget::keyPressEvent(event);
+    }
+}
+
+void ReportList::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTreeWidget::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton) emit DblClick();
+}
+
+void ReportList::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton) emit RightClick(event->globalPosition().toPoint());
+}
+
+void ReportList::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    // The mouse has its own way: the menu comes when the button is let go, on every platform.
+    if (event->reason() != QContextMenuEvent::Keyboard) return;
+    const QRect row = visualRect(currentIndex());
+    emit RightClick(viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint()));
+}
+
+}  // namespace torvane

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QTreeWidget>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace torvane {
+
+// The report list: rows of texts under headers. Column 0 is the row's own text; the columns of width 0 are hidden and
+// carry keys that code reads by index. Sorted by the database, never by the list. Ctrl+C copies the visible texts of
+// the selected row, separated by tabs; Enter is a double click.
+class ReportList : public QTreeWidget {
+    Q_OBJECT
+public:
+    enum class Icon { Blank, Up, Down };
+    struct Column {
+        std::string_view header;
+        int twips = 0;
+        bool numeric = false;  // right-aligned
+    };
+    explicit ReportList(QWidget* parent = nullptr);
+    void setColumns(const std::vector<Column>& columns);
+    void ClearRows();
+    // Appends a row, column by column; selects it if it is the first row of the list.
+    void AddRow(const std::vector<std::string>& texts);
+    // The same for many rows at once.
+    void AddRows(const std::vector<std::vector<std::string>>& rows);
+    // Failure::Subscript when there is no such row; likewise where a row or column is named below.
+    void RemoveRow(int row);
+    int RowCount() const;
+    // -1 when no row is selected.
+    int SelectedRow() const;
+    void selectRow(int row);
+    // -1, no row selected, is a failure of the caller like any other row that is not there.
+    std::string Cell(int row, int column) const;
+    void setCell(int row, int column, std::string_view text);
+    void setRow(int row, const std::vector<std::string>& texts);
+    void setColumnIcon(int column, Icon icon);
+    Icon columnIcon(int column) const;
+    // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
+    bool ascending = true;
+
+signals:
+    void ColumnClick(int column);
+    void
+    DblClick();  // double-clicked, on a row or beside the rows (the selected one counts), or Enter pressed on a row
+    void RightClick(const QPoint& globalPosition);  // the right button let go, or the menu key
+
+public:
+    void keyboardSearch(const QString& search) override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event = nullptr) const override;
+
+private:
+    QTreeWidgetItem& item(int row) const;
+    void makeCurrent(QTreeWidgetItem& row);
+    void requireColumn(int column) const;
+    int firstVisibleColumn() const;
+    std::vector<Icon> icons_;
+};
+
+}  // namespace torvane
