@@ -3,7 +3,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/probe.h"
+#include "screens/probe.h"
 #include "screens/focus_watcher.h"
 #include "screens/qt_host.h"
 #include "support/screen_test.h"

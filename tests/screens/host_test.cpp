@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/probe.h"
+#include "screens/probe.h"
 #include "screens/error_box.h"
 #include "screens/qt_host.h"
 #include "support/screen_test.h"

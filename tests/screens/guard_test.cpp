@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "platform/probe.h"
+#include "screens/probe.h"
 #include "screens/error_box.h"
 #include "screens/focus_watcher.h"
 #include "support/screen_test.h"

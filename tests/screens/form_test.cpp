@@ -3,7 +3,7 @@
 #include <QScreen>
 #include <QWindow>
 
-#include "platform/probe.h"
+#include "screens/probe.h"
 #include "support/screen_test.h"
 
 namespace torvane {

@@ -11,7 +11,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include "platform/probe.h"
+#include "screens/probe.h"
 #include "screens/qt_host.h"
 #include "support/screen_test.h"
 #include "widgets/picture_button.h"
