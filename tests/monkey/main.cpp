@@ -71,7 +71,7 @@ public:
 private:
     std::optional<std::string> name() {
         if (dice_.oneIn(4)) return std::nullopt;
-        const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", ""};
+        const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", "/no ending"};
         return folder_ + names[dice_.below(5)];
     }
     std::string folder_;

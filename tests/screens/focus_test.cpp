@@ -3,8 +3,8 @@
 #include <QTest>
 #include <QWindow>
 
-#include "screens/probe.h"
 #include "screens/focus_watcher.h"
+#include "screens/probe.h"
 #include "screens/qt_host.h"
 #include "support/screen_test.h"
 

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "screens/probe.h"
 #include "screens/error_box.h"
 #include "screens/focus_watcher.h"
+#include "screens/probe.h"
 #include "support/screen_test.h"
 
 namespace torvane {

@@ -10,8 +10,8 @@
 #include <QTest>
 #include <QWindow>
 
-#include "screens/probe.h"
 #include "screens/error_box.h"
+#include "screens/probe.h"
 #include "screens/qt_host.h"
 #include "support/screen_test.h"
 
