@@ -52,6 +52,7 @@ bool Program::enter() {
     // in an inner event loop is an act of its own.
     const int loops = QThread::currentThread()->loopLevel();
     if (handlers_.empty() || loops > handlers_.back()) watcher_->flush();
+    failedWhile_.clear();  // what somebody caught is over
     handlers_.push_back(loops);
     return true;
 }

@@ -132,7 +132,7 @@ private:
     bool ending_ = false;
 };
 
-// Leaves the process at once with this status: output is flushed, no destructor runs. What main() gives as `end`.
+// Leaves the process at once with this status: output is flushed, no destructor runs. What main() gives as `leave`.
 [[noreturn]] void leaveProcess(int status);
 
 }  // namespace torvane

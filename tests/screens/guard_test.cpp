@@ -85,7 +85,16 @@ TEST_F(GuardTest, OpenGroupIsCommittedBetweenTheBoxAndTheEnd) {
 }
 
 TEST_F(GuardTest, AnyExceptionEndsTheProgram) {
+    run([&] {
+        try {
+            const Program::Doing doing(program, "opening the help");
+            fail(Failure::FileNotFound);
+        } catch (const RuntimeFailure&) {
+            // Said in a box, and over.
+        }
+    });
     const RuntimeFailure failure = endOf([&] { run([] { throw std::runtime_error("out of paper"); }); });
+    EXPECT_EQ(failure.during(), "");
     EXPECT_EQ(failure.number(), 0);
     EXPECT_EQ(failure.text(), "out of paper");
 }
