@@ -51,7 +51,7 @@ std::vector<std::string> insertedLines(ClsOrder& order, std::int32_t number) {
 
 void estimates(Sample& sample) {
     ModeOnly screen;
-    ClsOrder order(sample.environment, screen);
+    ClsOrder order(sample.access, screen);
     order.OrderNo = Sample::largeOrder;
     order.GetOrder();
     if (order.ColnOrderItems().Count() != Sample::largeOrderLines) throw std::runtime_error("not the large estimate");
@@ -90,7 +90,7 @@ void estimates(Sample& sample) {
         "estimate of 1,000 lines loaded", 3,
         [&] {
             // As into the screen's record, which has been cleared when its window closed.
-            ClsOrder fresh(sample.environment, screen);
+            ClsOrder fresh(sample.access, screen);
             fresh.OrderNo = Sample::largeOrder;
             auto load = [&] { fresh.GetOrder(); };
             return timed(load);

@@ -54,15 +54,15 @@ void comparePages(const ListCase& list, Raw& raw) {
 }  // namespace
 
 void lists(Sample& sample) {
-    ClsItem item(sample.environment);
+    ClsItem item(sample.access);
     item.SearchFld = "All";
     item.SearchVal = "Item 1";
-    clsCategory category(sample.environment);
-    ClsCustomer customer(sample.environment);
+    clsCategory category(sample.access);
+    ClsCustomer customer(sample.access);
     customer.SearchFld = "All";
     customer.SearchVal = "C";
     NoScreen screen;
-    ClsOrder order(sample.environment, screen);
+    ClsOrder order(sample.access, screen);
     order.SearchFld = "orderno";
 
     const std::string items =

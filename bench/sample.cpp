@@ -92,7 +92,7 @@ long Raw::read(const std::string& select) {
 }
 
 Sample::Sample(const std::string& folder)
-    : folder_(made(folder)), host(folder_), environment{host, store}, raw(folder_ + "/raw.db") {}
+    : folder_(made(folder)), host(folder_), access{host, store}, raw(folder_ + "/raw.db") {}
 
 std::string Sample::made(const std::string& folder) {
     const std::filesystem::path base(folder);

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "datastore/store.h"
 #include "host/host.h"
 
@@ -75,7 +75,7 @@ private:
 public:
     QuietHost host;
     Store store;
-    Environment environment;
+    DataAccess access;
     Raw raw;
 };
 

@@ -79,8 +79,8 @@ void bareTree(const std::vector<CategoryNode>& nodes) {
 }
 
 void itemSheet(Sample& sample, Screens& screens) {
-    clsCategory category(sample.environment);
-    ClsItem item(sample.environment);
+    clsCategory category(sample.access);
+    ClsItem item(sample.access);
     long pages = 0;
     const auto nodes = categoryNodes(category.GetAllCategories(-1, pages, "ParentCategory, Catname", "A"),
                                      item.GetItemsOfCategories("ItemName", "A"));
@@ -168,8 +168,7 @@ void reports(Sample& sample, Screens& screens) {
     auto proposal = [&] { screens.act([&] { screens.reports.showProposal(Sample::largeOrder); }); };
     printFigure("proposal of 1,000 lines, first page", proposalLimit, medianOf(proposal, [] {}), "ms");
 
-    const ReportPages pages(estimatesLayout(), DataEnvironment1(sample.environment).estimates(),
-                            sample.host.shortDate());
+    const ReportPages pages(estimatesLayout(), DataEnvironment1(sample.access).estimates(), sample.host.shortDate());
     std::vector<std::vector<Placed>> placed;
     for (int number = 0; number < pages.pageCount(); ++number) placed.push_back(pages.page(number));
     const std::string file = sample.folder() + "/report.pdf";

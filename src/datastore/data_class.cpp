@@ -21,8 +21,8 @@ long pagesOf(long rows, long pageSize) {
 
 }  // namespace
 
-DataClass::DataClass(const Environment& environment)
-    : PageSize(environment.host.NoInList()), host_(environment.host), connection_(environment) {}
+DataClass::DataClass(const DataAccess& access)
+    : PageSize(access.host.NoInList()), host_(access.host), connection_(access) {}
 
 RowArray DataClass::query(std::string_view statement) {
     leftOpen_ = false;

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "datastore/store.h"
 
 namespace torvane {
@@ -20,7 +20,7 @@ public:
 
 protected:
     // Opens the connection; a missing or damaged database is a RuntimeFailure.
-    explicit DataClass(const Environment& environment);
+    explicit DataClass(const DataAccess& access);
     ~DataClass() = default;
 
     // All rows of a statement.

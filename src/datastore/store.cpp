@@ -29,7 +29,7 @@ void Store::settle(const std::string& name) {
     file(name)->settle();
 }
 
-Connection::Connection(const Environment& environment) : file_(environment.store.file(environment.database())) {
+Connection::Connection(const DataAccess& access) : file_(access.store.file(access.database())) {
     file_->ready();
 }
 

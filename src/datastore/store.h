@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "datastore/rows.h"
 #include "values/dates.h"
 
@@ -49,7 +49,7 @@ private:
 class Connection {
 public:
     // A missing or damaged file is a RuntimeFailure with its name in refused(); none is created.
-    explicit Connection(const Environment& environment);
+    explicit Connection(const DataAccess& access);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

@@ -20,11 +20,11 @@ std::string dateLiteral(const Date& date) {
 
 }  // namespace
 
-ClsOrder::ClsOrder(const Environment& environment, EstimateScreen& screen)
-    : DataClass(environment), environment_(environment), screen_(screen) {}
+ClsOrder::ClsOrder(const DataAccess& access, EstimateScreen& screen)
+    : DataClass(access), access_(access), screen_(screen) {}
 
 torvane::ColnOrderItems& ClsOrder::ColnOrderItems() {
-    if (!lines_) lines_ = std::make_unique<torvane::ColnOrderItems>(environment_);
+    if (!lines_) lines_ = std::make_unique<torvane::ColnOrderItems>(access_);
     return *lines_;
 }
 

@@ -15,7 +15,7 @@ namespace torvane {
 // screens show. `Tax` and `Overhead` are percentages of `Amount`, the sum of the lines; `Total` is the grand total.
 class ClsOrder : public DataClass {
 public:
-    ClsOrder(const Environment& environment, EstimateScreen& screen);
+    ClsOrder(const DataAccess& access, EstimateScreen& screen);
 
     std::int32_t OrderNo = 0;
     std::int32_t CustId = 0;
@@ -83,7 +83,7 @@ public:
 
 private:
     void insertLines();
-    Environment environment_;
+    DataAccess access_;
     EstimateScreen& screen_;
     std::unique_ptr<torvane::ColnOrderItems> lines_;
 };

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "masters/cls_item.h"
 #include "values/value.h"
 
@@ -25,7 +25,7 @@ struct ClsOrderItems {
 // The lines of an estimate in the order of their addition, at positions from 1.
 class ColnOrderItems {
 public:
-    explicit ColnOrderItems(const Environment& environment) : environment_(environment) {}
+    explicit ColnOrderItems(const DataAccess& access) : access_(access) {}
 
     // Appends a line; its item knows no more than its key. Failures, with nothing appended: Null in any argument but
     // `Others` (where it is 0), a key beyond 16 bits, an amount beyond a float32.
@@ -40,7 +40,7 @@ public:
 
 private:
     void requirePosition(std::int32_t position) const;
-    Environment environment_;
+    DataAccess access_;
     std::vector<std::unique_ptr<ClsOrderItems>> lines_;
 };
 

@@ -11,7 +11,7 @@ namespace torvane {
 // The item categories, a tree by parent key: one category in public fields, its storage, and the lists.
 class clsCategory : public DataClass {
 public:
-    explicit clsCategory(const Environment& environment) : DataClass(environment) {}
+    explicit clsCategory(const DataAccess& access) : DataClass(access) {}
 
     std::int16_t Catid = 0;
     std::string Catname;

@@ -11,7 +11,7 @@ namespace torvane {
 // The customers: one customer in public fields, its storage, and the lists.
 class ClsCustomer : public DataClass {
 public:
-    explicit ClsCustomer(const Environment& environment) : DataClass(environment) {}
+    explicit ClsCustomer(const DataAccess& access) : DataClass(access) {}
 
     std::int16_t CustId = 0;
     std::string CustName;

@@ -13,7 +13,7 @@ namespace torvane {
 // they stand, so an apostrophe in one is a refused statement.
 class ClsItem : public DataClass {
 public:
-    explicit ClsItem(const Environment& environment) : DataClass(environment) {}
+    explicit ClsItem(const DataAccess& access) : DataClass(access) {}
 
     std::int16_t itemid = 0;
     std::string Itemcode;  // the item number that the user sees; free text, numeric by convention, not unique

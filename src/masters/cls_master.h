@@ -12,7 +12,7 @@ namespace torvane {
 // The two tables of bare names, Rooms (takeoff names) and Units: one row in public fields, its storage, and the lists.
 class clsMaster : public DataClass {
 public:
-    explicit clsMaster(const Environment& environment) : DataClass(environment) {}
+    explicit clsMaster(const DataAccess& access) : DataClass(access) {}
 
     std::string Mastertable;  // "Rooms" or "Units"; goes into every statement
     std::int16_t Id = 0;

@@ -32,7 +32,7 @@ constexpr std::string_view Command3_Grouping[] = {
 
 ReportRows DataEnvironment1::run(std::string_view source, std::span<const std::string_view> by) {
     try {
-        Connection Connection1(environment_);
+        Connection Connection1(access_);
         return ReportRows(Connection1.query(source), by);
     } catch (const RuntimeFailure&) {
         return {};
@@ -47,7 +47,7 @@ ReportRows DataEnvironment1::estimates() {
 
 ReportRows DataEnvironment1::estimates(const Date& FDate, const Date& TDate) {
     // In the short date of the machine, as a date becomes text by default.
-    const ShortDate& style = environment_.host.shortDate();
+    const ShortDate& style = access_.host.shortDate();
     return run(joined(Command1, " and orderdate>=#", shortDateText(FDate, style), "# and orderdate <= #",
                       shortDateText(TDate, style), "# order by orderinfo.orderno"));
 }

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "reports/report_rows.h"
 
 namespace torvane {
@@ -13,7 +13,7 @@ namespace torvane {
 // overhead amounts) is done by its command, unrounded. A run that can't read gives no rows, and no message.
 class DataEnvironment1 {
 public:
-    explicit DataEnvironment1(const Environment& environment) : environment_(environment) {}
+    explicit DataEnvironment1(const DataAccess& access) : access_(access) {}
 
     // Every estimate whose customer is there; with dates only those from the first to the last of them.
     ReportRows estimates();
@@ -27,7 +27,7 @@ public:
 private:
     // Over a connection of its own.
     ReportRows run(std::string_view source, std::span<const std::string_view> by = {});
-    Environment environment_;
+    DataAccess access_;
 };
 
 }  // namespace torvane

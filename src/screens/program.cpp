@@ -30,8 +30,8 @@ QMargins frameOf(const QWidget& window) {
 
 }  // namespace
 
-Program::Program(Environment environment, std::function<void(int)> leave)
-    : environment_(environment),
+Program::Program(DataAccess access, std::function<void(int)> leave)
+    : access_(access),
       leave_(std::move(leave)),
       showFailure_(showErrorBox),
       watcher_(std::make_unique<FocusWatcher>(*this)) {}
@@ -74,7 +74,7 @@ void Program::end(RuntimeFailure failure) {
     } catch (const std::exception&) {
         // There is nothing left to say it with; the rest of the end must come.
     }
-    environment_.store.commitOpenGroups();
+    access_.store.commitOpenGroups();
     leave_(1);
 }
 

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "screens/assistant.h"
 #include "values/failure.h"
 
@@ -26,13 +26,13 @@ class FocusWatcher;
 class Program {
 public:
     // `leave` leaves the process with a status; it never returns.
-    Program(Environment environment, std::function<void(int status)> leave);
+    Program(DataAccess access, std::function<void(int status)> leave);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    const Environment& environment() const { return environment_; }
-    Host& host() const { return environment_.host; }
+    const DataAccess& dataAccess() const { return access_; }
+    Host& host() const { return access_.host; }
 
     // --- The event guard ---------------------------------------------------------------------------------------------
     // Runs a handler. A failure that leaves it ends the program; nothing ever leaves `guarded` itself. Runs nothing
@@ -113,7 +113,7 @@ private:
     void windowUnloaded(QWidget* window, bool wasShown);
     void leaveWithLastWindow();
 
-    Environment environment_;
+    DataAccess access_;
     std::vector<std::string> doing_;  // what is going on, the innermost last
     std::string failedWhile_;         // the innermost that a failure has left
     std::function<void(int)> leave_;

@@ -15,26 +15,26 @@ constexpr std::string_view filter = "Backup (*.bak)";
 
 }  // namespace
 
-void takeBackup(const Environment& environment, FileSystem& files) {
+void takeBackup(const DataAccess& access, FileSystem& files) {
     try {
-        Host& host = environment.host;
+        Host& host = access.host;
         auto name = host.askSaveName("Larkfen.bak", filter);
         if (!name) return;
         if (!name->ends_with(ending)) *name += ending;
         if (files.exists(*name) &&
             host.box("File already Exists. Overwrite it?", "Take Backup", Buttons::YesNo) != Answer::Yes)
             return;
-        const std::string database = environment.database();
-        environment.store.settle(database);
+        const std::string database = access.database();
+        access.store.settle(database);
         if (copyFile(files, database, *name)) host.box("Data File Exported", "Success");
     } catch (const RuntimeFailure&) {
         // Silent on purpose: a backup that can't be made looks as if nothing had happened.
     }
 }
 
-void restoreBackup(const Environment& environment, FileSystem& files) {
+void restoreBackup(const DataAccess& access, FileSystem& files) {
     try {
-        Host& host = environment.host;
+        Host& host = access.host;
         const auto name = host.askOpenName(filter);
         if (!name) return;
         if (!name->ends_with(ending)) {
@@ -45,9 +45,9 @@ void restoreBackup(const Environment& environment, FileSystem& files) {
             host.box("File not found.", "File Import");
             return;
         }
-        const std::string database = environment.database();
+        const std::string database = access.database();
         // No journal may stand beside the file that comes: it would be played into it.
-        environment.store.settle(database);
+        access.store.settle(database);
         if (copyFile(files, *name, database)) host.box("Data File Imported", "Success");
     } catch (const RuntimeFailure&) {
         // Silent on purpose, as above.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 
 namespace torvane {
 
@@ -8,7 +8,7 @@ class FileSystem;
 
 // Backup and restore: copies of the database file, whole or not at all. Any failure, a cancelled dialog among them,
 // ends the operation silently; only its questions and results are said in boxes.
-void takeBackup(const Environment& environment, FileSystem& files);
-void restoreBackup(const Environment& environment, FileSystem& files);
+void takeBackup(const DataAccess& access, FileSystem& files);
+void restoreBackup(const DataAccess& access, FileSystem& files);
 
 }  // namespace torvane

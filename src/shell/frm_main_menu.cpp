@@ -190,7 +190,7 @@ void frmMainMenu::Form_Load() {
         return;
     }
     const Program::Doing doing(program(), "starting");
-    connection_ = std::make_unique<Connection>(program().environment());
+    connection_ = std::make_unique<Connection>(program().dataAccess());
     ActivateMerlin();
     Assistant& merlin = program().Merlin();
     merlin.MoveTo(100, 100);

@@ -37,8 +37,8 @@ void openCalculator(CalculatorWindow& window, const CalculatorEntry& calculator)
 std::vector<MenuAction> menuActions(Screens& screens, FileSystem& files) {
     const auto leave = [&screens] { screens.mainMenu.Unload(); };
     std::vector<MenuAction> actions{
-        {"mnuExport", [&screens, &files] { takeBackup(screens.mainMenu.program().environment(), files); }},
-        {"mnuImport", [&screens, &files] { restoreBackup(screens.mainMenu.program().environment(), files); }},
+        {"mnuExport", [&screens, &files] { takeBackup(screens.mainMenu.program().dataAccess(), files); }},
+        {"mnuImport", [&screens, &files] { restoreBackup(screens.mainMenu.program().dataAccess(), files); }},
         {"mnuClose", leave},
         {"mnuExit", leave},
         {"SubMnuAddCat", open(screens.category, "A")},

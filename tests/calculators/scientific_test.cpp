@@ -18,7 +18,7 @@ using Texts = std::vector<std::string>;
 
 // A calculator in a program of its own.
 struct Calculator {
-    explicit Calculator(Store& store) : program(Environment{host, store}, [](int) {}) {
+    explicit Calculator(Store& store) : program(DataAccess{host, store}, [](int) {}) {
         program.setErrorBox([this](const RuntimeFailure& failure) { failed = failure.number(); });
         program.setHelp([this](int context) { helpPage = context; });
         form.setBeep([this] { ++beeps; });

@@ -34,7 +34,7 @@ protected:
 };
 
 TEST_F(GroupTest, IsSeenAtOnceAndFlushedAtItsEnd) {
-    auto another = std::make_unique<Connection>(environment);
+    auto another = std::make_unique<Connection>(access);
     grouped(connection, [&] {
         insertRooms(2);
         EXPECT_EQ(rows(roomCount, *another), "4;");
@@ -141,7 +141,7 @@ TEST_F(GroupTest, GoesOnWithNothingOnceTheDatabaseHasUndoneIt) {
 class ReplacedFileTest : public StoreTest {
 protected:
     std::string other = makeRaw(folder + "/Other.bak", "insert into Rooms values (3, 'Other')");
-    Connection lines[3] = {Connection{environment}, Connection{environment}, Connection{environment}};
+    Connection lines[3] = {Connection{access}, Connection{access}, Connection{access}};
 };
 
 TEST_F(ReplacedFileTest, IsReadAndWrittenByAllConnections) {

@@ -8,7 +8,7 @@ namespace torvane {
 namespace {
 
 struct List : DataClass {
-    explicit List(const Environment& environment) : DataClass(environment) { RecordCount = -7; }
+    explicit List(const DataAccess& access) : DataClass(access) { RecordCount = -7; }
     using DataClass::readPage;
     using DataClass::readPageOrAll;
 };
@@ -44,7 +44,7 @@ protected:
 
 TEST_F(PagingTest, PagesFollowThePageSizeOfTheReadBefore) {
     fill(40);
-    List list(environment);
+    List list(access);
     EXPECT_EQ(page(list, 2, 15), "11-25 3/40");  // the first read positions by 10
     EXPECT_EQ(page(list, 1, 15), "1-15 3/40");
     EXPECT_EQ(page(list, 2, 15), "16-30 3/40");
@@ -57,7 +57,7 @@ TEST_F(PagingTest, PagesFollowThePageSizeOfTheReadBefore) {
 }
 
 TEST_F(PagingTest, ReadsWithoutRowsOrWithABadPageLeaveEverything) {
-    List list(environment);
+    List list(access);
     fill(0);
     EXPECT_EQ(page(list, 1, 15), "none -7/-7");
     EXPECT_EQ(page(list, 0, 15), "none -7/-7");
@@ -73,7 +73,7 @@ TEST_F(PagingTest, ReadsWithoutRowsOrWithABadPageLeaveEverything) {
 
 TEST_F(PagingTest, ReadingAllKeepsThePageSize) {
     fill(40);
-    List list(environment);
+    List list(access);
     EXPECT_EQ(all(list), "1-40 4/40");
     EXPECT_EQ(page(list, 2, 15), "11-25 3/40");
     EXPECT_EQ(all(list), "1-40 3/40");
@@ -84,7 +84,7 @@ TEST_F(PagingTest, TiesKeepOneOrderOverAllPages) {
     raw(file, "create index UnitsByName on Units (Name)");  // read backwards, it turns the rows of a tie round
     constexpr std::int16_t PageSize = 5;
     for (const char* direction : {"A", "D"}) {
-        List list(environment);
+        List list(access);
         const std::string whole = dump(*list.readPageOrAll(units, -1, PageCount, "Name", direction));
         std::string joined;
         page(list, 1, PageSize);
@@ -96,7 +96,7 @@ TEST_F(PagingTest, TiesKeepOneOrderOverAllPages) {
 
 TEST_F(PagingTest, CountsBeyond16BitsOverflow) {
     fill(32767);
-    List list(environment);
+    List list(access);
     EXPECT_EQ(page(list, 2, 15), "11-25 2185/32767");
     raw(file, "insert into Units values (0, 'one more')");
     EXPECT_EQ(failureOf([&] { page(list, 1, 15); }), static_cast<int>(Failure::Overflow));

@@ -107,8 +107,8 @@ protected:
     std::string file = makeRaw(folder + "/Larkfen.mdb");
     TestHost host{folder};
     Store store;
-    Environment environment{host, store};
-    Connection connection{environment};
+    DataAccess access{host, store};
+    Connection connection{access};
     std::string said;  // the text of the last failure
 };
 

@@ -51,7 +51,7 @@ TEST_F(StoreTest, AFileKeptWithAWriteAheadLogBecomesOneFile) {
 
 TEST_F(StoreTest, ManyConnectionsShareOneHandle) {
     std::vector<std::unique_ptr<Connection>> lines;
-    for (int i = 0; i < 3000; ++i) lines.push_back(std::make_unique<Connection>(environment));
+    for (int i = 0; i < 3000; ++i) lines.push_back(std::make_unique<Connection>(access));
     lines.front()->execute("insert into Rooms (Name) values ('Hall')");
     EXPECT_EQ(rows("select count(*) from Rooms", *lines.back()), "3;");
 }

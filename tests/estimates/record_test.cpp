@@ -45,7 +45,7 @@ protected:
 };
 
 TEST_F(EstimateRecordTest, Validation) {
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     const auto refusedWith = [&](const char* text) {
         host.expectOk(text, "Estimate");
         EXPECT_FALSE(order.Validate());
@@ -60,7 +60,7 @@ TEST_F(EstimateRecordTest, Validation) {
 }
 
 TEST_F(EstimateRecordTest, StatementsWordForWord) {
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     fill(order);
     order.SCity = "O'Fallon";
     screen.mode = "A";
@@ -80,7 +80,7 @@ TEST_F(EstimateRecordTest, StatementsWordForWord) {
 
 TEST_F(EstimateRecordTest, OpeningTakesNullsButForTheCustomerAndTheDay) {
     folder.execute("insert into OrderInfo (OrderNo, CustId, OrderDate) values (12, 3, '2003-07-04')");
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     fill(order);
     order.GetOrder();
     EXPECT_EQ(1, screen.shown);
@@ -95,7 +95,7 @@ TEST_F(EstimateRecordTest, OpeningTakesNullsButForTheCustomerAndTheDay) {
 }
 
 TEST_F(EstimateRecordTest, AnUnknownNumberClearsTheRecordAndLeavesTheRecordsetOpen) {
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     fill(order);
     addLine(order, 7, 1, 1);
     host.expectOk("Estimate not found corresponding to entered Estimate Number", "Search Estimate");
@@ -114,7 +114,7 @@ TEST_F(EstimateRecordTest, AnUnknownNumberClearsTheRecordAndLeavesTheRecordsetOp
 
 TEST_F(EstimateRecordTest, DeletingNeedsItsFlag) {
     folder.useSample();
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     order.OrderNo = 1;
     order.Delete();
     EXPECT_EQ("1", folder.cell("select count(*) from OrderInfo where OrderNo = 1"));
@@ -129,7 +129,7 @@ TEST_F(EstimateRecordTest, Gateways) {
     folder.execute(
         "insert into Representatives values (1, 'Zoe'), (2, 'Abe'); insert into Ship values (1, 'Truck');"
         "insert into Tax values (3, 6.25), (4, null)");
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     EXPECT_EQ("Abe", textOf((*order.GetComboRep())(1, 0)));
     EXPECT_EQ("Truck", textOf((*order.GetComboShip())(1, 0)));
     EXPECT_EQ(6.25, order.GetTaxRate(std::int64_t{3}));
@@ -147,7 +147,7 @@ TEST_F(EstimateRecordTest, Gateways) {
 }
 
 TEST_F(EstimateRecordTest, LinesRefuseWhatDoesNotFit) {
-    ColnOrderItems lines(environment);
+    ColnOrderItems lines(access);
     EXPECT_EQ(0, lines.Count());
     const Value one{std::int64_t{1}};
     const Value large{std::int64_t{32768}};
@@ -171,7 +171,7 @@ TEST_F(EstimateRecordTest, LinesAsTheirRowsShowThem) {
         return all;
     };
     EXPECT_EQ("7|Attic|2.5|each|Stud|25|1|2|3|31|3|2|", texts(enteredRow(names, {"2.5", "10", "1", "2", "3"})));
-    ColnOrderItems lines(environment);
+    ColnOrderItems lines(access);
     const auto stored = [&](double quantity, double material, double labor, double extension, double others) {
         return texts(storedRow(names, lines.Add(std::int64_t{7}, quantity, material, Value{std::int64_t{3}},
                                                 Value{std::int64_t{2}}, extension, labor, others)));

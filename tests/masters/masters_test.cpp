@@ -26,7 +26,7 @@ protected:
 };
 
 TEST_F(MastersTest, ItemStatementsWordForWord) {
-    ClsItem item(environment);
+    ClsItem item(access);
     item.itemid = 9;
     item.Itemcode = "A'1";
     item.Itemname = "Nail";
@@ -57,7 +57,7 @@ TEST_F(MastersTest, ItemStatementsWordForWord) {
 }
 
 TEST_F(MastersTest, ItemKeepsItsFieldsWhenThereIsNoRow) {
-    ClsItem item(environment);
+    ClsItem item(access);
     item.itemid = 99;
     item.Itemname = "kept";
     item.Material = 5;
@@ -71,7 +71,7 @@ TEST_F(MastersTest, ItemNullQuantityIsAFailureAndNullPricesAreZero) {
     folder.execute(
         "update Item set Material = null, Labor = null, TU = null where ItemId = 1;"
         "update Item set Qty = null where ItemId = 2");
-    ClsItem item(environment);
+    ClsItem item(access);
     item.itemid = 1;
     item.GetItem();
     EXPECT_EQ(0, item.Material);
@@ -80,7 +80,7 @@ TEST_F(MastersTest, ItemNullQuantityIsAFailureAndNullPricesAreZero) {
 }
 
 TEST_F(MastersTest, NextItemNumber) {
-    ClsItem item(environment);
+    ClsItem item(access);
     EXPECT_EQ(1, item.Maxitemno());
     addItems(3);
     folder.execute(
@@ -90,7 +90,7 @@ TEST_F(MastersTest, NextItemNumber) {
 
 TEST_F(MastersTest, ItemPages) {
     addItems(40);
-    ClsItem item(environment);
+    ClsItem item(access);
     long pages = 0;
     const auto read = [&](long page) { return column(item.GetAllItemsN(page, pages, "ItemCode", "A"), 5); };
     EXPECT_EQ("1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 ", read(1));
@@ -99,7 +99,7 @@ TEST_F(MastersTest, ItemPages) {
     EXPECT_EQ(3, pages);
     EXPECT_EQ(40, item.RecordCount);
     // An instance positions its very first read by ten rows a page.
-    ClsItem other(environment);
+    ClsItem other(access);
     EXPECT_EQ("11 12 13 14 15 16 17 18 19 20 21 22 23 24 25 ",
               column(other.GetAllItemsN(2, pages, "ItemCode", "A"), 5));
     other.SearchFld = "ItemName";
@@ -115,7 +115,7 @@ TEST_F(MastersTest, ItemCodesSortAsNumbersOnlyWhereTheyAreSaidTo) {
     folder.execute(
         "update Item set Itemcode = '10' where ItemId = 1; update Item set Itemcode = '9' where ItemId = 2;"
         "update Item set Itemcode = 'A1' where ItemId = 3");
-    ClsItem item(environment);
+    ClsItem item(access);
     long pages = 0;
     EXPECT_EQ("A1 9 10 ", column(item.GetAllItemsN(1, pages, "ItemCode", "A"), 5));
     EXPECT_EQ("10 9 A1 ", column(item.GetAllItemsN(1, pages, "ITEMCODE", "D"), 5));
@@ -124,7 +124,7 @@ TEST_F(MastersTest, ItemCodesSortAsNumbersOnlyWhereTheyAreSaidTo) {
 
 TEST_F(MastersTest, DeletingActsOnItsFlagAlone) {
     addItems(1);
-    ClsItem item(environment);
+    ClsItem item(access);
     item.itemid = 1;
     item.AddEditDel = "E";
     item.Delete();
@@ -138,7 +138,7 @@ TEST_F(MastersTest, CategoryParents) {
     folder.execute(
         "insert into Category (CatId, CatName, ParentCategory) values (1, 'Supplies', null), (2, 'Hardware', 1),"
         "(3, 'Nails', 2), (4, 'Brads', 3), (5, 'Tiny', 4), (6, 'Loop', 7), (7, 'Pool', 6), (8, 'Orphan', 99)");
-    clsCategory category(environment);
+    clsCategory category(access);
     struct Row {
         std::int16_t key;
         const char* text;
@@ -151,7 +151,7 @@ TEST_F(MastersTest, CategoryParents) {
 }
 
 TEST_F(MastersTest, CategoryAndNameWithoutARow) {
-    clsCategory category(environment);
+    clsCategory category(access);
     category.Catname = "Nails";
     category.ParentCategory = 1;
     EXPECT_EQ("", category.GetCatg());
@@ -161,7 +161,7 @@ TEST_F(MastersTest, CategoryAndNameWithoutARow) {
     category.AddEditDel = "E";
     EXPECT_EQ("Update Category Set Catname = 'O'Nail',ParentCategory = 1 where Catid=0",
               refusedBy([&] { category.Save(); }));
-    clsMaster master(environment);
+    clsMaster master(access);
     master.Mastertable = "Rooms";
     master.Name = "Kitchen";
     master.Id = 99;
@@ -170,7 +170,7 @@ TEST_F(MastersTest, CategoryAndNameWithoutARow) {
 }
 
 TEST_F(MastersTest, CustomerStatementsWordForWord) {
-    ClsCustomer customer(environment);
+    ClsCustomer customer(access);
     customer.CustId = 3;
     customer.CustName = "O'Neil";
     customer.BStreet1 = "s1";

@@ -302,10 +302,10 @@ bool watch(const QString& program, unsigned seed, int steps) {
         QProcess child;
         child.setProcessChannelMode(QProcess::MergedChannels);
         child.setWorkingDirectory(folder);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("HOME", folder);
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        child.setProcessEnvironment(environment);
+        QProcessEnvironment access = QProcessEnvironment::systemEnvironment();
+        access.insert("HOME", folder);
+        access.insert("QT_QPA_PLATFORM", "offscreen");
+        child.setProcessEnvironment(access);
         child.start(program, {QString::number(seed), QString::number(steps), folder});
         QByteArray output;
         while (child.state() != QProcess::NotRunning && child.waitForReadyRead(patienceMs)) output += child.readAll();

@@ -52,12 +52,12 @@ class ListReportsTest : public RecordTest {
 protected:
     ListReportsTest() { folder.useSample(); }
     std::string estimates(const Date& from, const Date& to) {
-        return dump(ReportPages(estimatesLayout(), DataEnvironment1(environment).estimates(from, to), host.style));
+        return dump(ReportPages(estimatesLayout(), DataEnvironment1(access).estimates(from, to), host.style));
     }
 };
 
 TEST_F(ListReportsTest, OfTheSampleBusiness) {
-    DataEnvironment1 data(environment);
+    DataEnvironment1 data(access);
     EXPECT_EQ(kept("estimates.txt"), dump(ReportPages(estimatesLayout(), data.estimates(), host.style)));
     EXPECT_EQ(kept("customers.txt"), dump(ReportPages(customersLayout(), data.customers(), host.style)));
 }
@@ -82,7 +82,7 @@ TEST_F(ListReportsTest, TheMachinesOwnDatesReachTheStatement) {
     for (const char* pattern : {"yyyy-MM-dd", "d MMM yyyy", "M/d/yy", "dddd"}) {
         SCOPED_TRACE(pattern);
         host.style.pattern = pattern;
-        DataEnvironment1 data(environment);
+        DataEnvironment1 data(access);
         const bool readable = std::string_view(pattern) != "dddd";
         EXPECT_EQ(readable ? 1U : 0U, data.estimates({2004, 3, 15}, {2004, 3, 15}).groups().size());
     }

@@ -55,7 +55,7 @@ class ProposalTest : public RecordTest {
 protected:
     ProposalTest() { folder.useSample(); }
     ReportPages proposal(std::int32_t OrderNo) {
-        DataEnvironment1 data(environment);
+        DataEnvironment1 data(access);
         return {proposalLayout(), data.proposal(OrderNo), host.style};
     }
 };

@@ -84,10 +84,10 @@ struct Mode : EstimateScreen {
     void showEstimate() override {}
 };
 
-void saveEstimate(const Environment& environment, const char* mode, std::int32_t number) {
+void saveEstimate(const DataAccess& access, const char* mode, std::int32_t number) {
     Mode screen;
     screen.mode = mode;
-    ClsOrder order(environment, screen);
+    ClsOrder order(access, screen);
     order.OrderNo = number;
     order.CustId = 3;
     order.OrderDate = {2024, 3, 15};
@@ -98,8 +98,8 @@ void saveEstimate(const Environment& environment, const char* mode, std::int32_t
 }
 
 template <class Record>
-void save(const Environment& environment, const char* flag, void (*fill)(Record&)) {
-    Record record(environment);
+void save(const DataAccess& access, const char* flag, void (*fill)(Record&)) {
+    Record record(access);
     record.AddEditDel = flag;
     fill(record);
     record.Save();
@@ -107,7 +107,7 @@ void save(const Environment& environment, const char* flag, void (*fill)(Record&
 
 struct Action {
     const char* name;
-    void (*act)(const Environment& environment, FileSystem& files);
+    void (*act)(const DataAccess& access, FileSystem& files);
     bool copies = false;  // a backup or a restore: no failure, and "Success" is the last box when all went well
 };
 void PrintTo(const Action& action, std::ostream* out) {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "datastore/environment.h"
+#include "datastore/data_access.h"
 #include "datastore/store.h"
 #include "support/data_folder.h"
 #include "support/test_host.h"
@@ -35,7 +35,7 @@ protected:
     DataFolder folder;
     TestHost host{folder.path()};
     Store store;
-    Environment environment{host, store};
+    DataAccess access{host, store};
 };
 
 }  // namespace torvane

@@ -189,7 +189,7 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds) {
 }
 
 ScreenTest::ScreenTest()
-    : host(utf8(directory.path())), program(Environment{host, store}, [this](int status) { leave(status); }) {
+    : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
     program.setErrorBox([this](const RuntimeFailure& failure) {
         failure_ = failure;
         whileFailureShows();

@@ -14,7 +14,7 @@ void frmBlank::Form_Load() {
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
     on(*this, ui().CmdCancel, &QAbstractButton::clicked, [this] { Unload(); });
     program().StartUp(*this);
-    connection_ = std::make_unique<Connection>(program().environment());
+    connection_ = std::make_unique<Connection>(program().dataAccess());
     ui().rtfNotes->setText(readSharedNotes(*connection_));
 }
 

@@ -22,12 +22,12 @@ frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList")
 }
 
 clsCategory& frmList::Category() {
-    if (!category_) category_ = std::make_unique<clsCategory>(program().environment());
+    if (!category_) category_ = std::make_unique<clsCategory>(program().dataAccess());
     return *category_;
 }
 
 ClsItem& frmList::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().environment());
+    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
     return *item_;
 }
 
@@ -84,7 +84,7 @@ void frmList::InitListView() {
 }
 
 void frmList::FillRooms() {
-    ClsOrder order(program().environment(), orderScreen_);
+    ClsOrder order(program().dataAccess(), orderScreen_);
     fillNames(*ui().cmbRooms, order.GetComboRooms());
 }
 
@@ -95,7 +95,7 @@ void frmList::TreeCategory_DblClick() {
     Item().itemid = strictInt16(key.substr(1));
     Item().GetItem();
     Category().Catid = Item().CategoryId;
-    clsMaster units(program().environment());
+    clsMaster units(program().dataAccess());
     units.Mastertable = "Units";
     units.Id = Item().UnitId;
     ui().ListView1->AddRow({generalText(Item().itemid), ui().cmbRooms->Text(), Item().Itemcode, Item().Itemname,

@@ -36,12 +36,12 @@ frmOrder::frmOrder(Program& program, std::function<void(std::int32_t)> showPropo
 frmOrder::~frmOrder() = default;
 
 ClsOrder& frmOrder::Order() {
-    if (!order_) order_ = std::make_unique<ClsOrder>(program().environment(), *this);
+    if (!order_) order_ = std::make_unique<ClsOrder>(program().dataAccess(), *this);
     return *order_;
 }
 
 ClsCustomer& frmOrder::Customer() {
-    if (!customer_) customer_ = std::make_unique<ClsCustomer>(program().environment());
+    if (!customer_) customer_ = std::make_unique<ClsCustomer>(program().dataAccess());
     return *customer_;
 }
 

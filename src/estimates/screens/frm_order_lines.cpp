@@ -88,13 +88,13 @@ void frmOrder::askMasterPrice(const PriceBox& changed) {
                            "Change master file price?"))
         return;
     const Program::Doing doing(program(), "writing the price to the catalogue");
-    ClsItem master(program().environment());
+    ClsItem master(program().dataAccess());
     (master.*changed.update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
 }
 
 void frmOrder::readItem(ClsItem& item) {
     item.GetItem();
-    if (!category_) category_ = std::make_unique<clsCategory>(program().environment());
+    if (!category_) category_ = std::make_unique<clsCategory>(program().dataAccess());
     category_->Catid = item.CategoryId;
     category_->GetCatg();
 }
@@ -194,7 +194,7 @@ void frmOrder::CmdEdit_Click() {
     ui().txtExtension->setText(row.subLabor);
     ui().txtOthers->setText(row.others);
     ui().txtTotal->setText(generalText(lineAmounts(panel()).total));
-    ClsItem item(program().environment());
+    ClsItem item(program().dataAccess());
     item.itemid = narrowToInt16(key.itemId);
     item.GetItem();
     showEditing(true);
@@ -214,7 +214,7 @@ void frmOrder::cmdEditApply_Click() {
     if (alreadyAdded(CurrentItemId, EditLineIndex)) return;
     CurrentItemId = ui().cmbItems->ItemData();
     strictInt32(ui().TxtQty->Text());  // only its failure matters
-    ClsItem item(program().environment());
+    ClsItem item(program().dataAccess());
     item.itemid = narrowToInt16(CurrentItemId);
     const LineAmounts amounts = lineAmounts(panel());
     // The line keeps its item, also when another one has been chosen.

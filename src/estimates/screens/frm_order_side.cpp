@@ -70,7 +70,7 @@ void frmOrder::cmdMove_Click() {
 
 void frmOrder::cmdImport_Click() {
     const Program::Doing doing(program(), "reading the notes");
-    Connection connection(program().environment());
+    Connection connection(program().dataAccess());
     ui().rtfNotes->setText(readSharedNotes(connection));
     ui().frmNotes->setVisible(true);
     ui().frmNotes->raise();

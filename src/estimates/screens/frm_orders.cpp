@@ -11,7 +11,7 @@ frmOrders::frmOrders(Program& program, frmOrder& order) : FormOf(program, "frmOr
 }
 
 ClsOrder& frmOrders::Order() {
-    if (!order_) order_ = std::make_unique<ClsOrder>(program().environment(), orderScreen_);
+    if (!order_) order_ = std::make_unique<ClsOrder>(program().dataAccess(), orderScreen_);
     return *order_;
 }
 

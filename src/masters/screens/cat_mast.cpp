@@ -33,7 +33,7 @@ CatMast::CatMast(Program& program, frmCategory& list)
 }
 
 clsCategory& CatMast::Cat() {
-    if (!cat_) cat_ = std::make_unique<clsCategory>(program().environment());
+    if (!cat_) cat_ = std::make_unique<clsCategory>(program().dataAccess());
     return *cat_;
 }
 

@@ -25,7 +25,7 @@ CustMast::CustMast(Program& program, frmCustomer& list)
 }
 
 ClsCustomer& CustMast::Cust() {
-    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().environment());
+    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().dataAccess());
     return *cust_;
 }
 

@@ -33,7 +33,7 @@ frmCategory::frmCategory(Program& program) : FormOf(program, "frmCategory"), cat
 }
 
 clsCategory& frmCategory::Cat() {
-    if (!cat_) cat_ = std::make_unique<clsCategory>(program().environment());
+    if (!cat_) cat_ = std::make_unique<clsCategory>(program().dataAccess());
     return *cat_;
 }
 

@@ -15,7 +15,7 @@ frmCustomer::frmCustomer(Program& program, CustomerPick& pick)
 }
 
 ClsCustomer& frmCustomer::Cust() {
-    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().environment());
+    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().dataAccess());
     return *cust_;
 }
 

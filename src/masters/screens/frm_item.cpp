@@ -14,7 +14,7 @@ frmItem::frmItem(Program& program, frmCategory& categories)
 }
 
 ClsItem& frmItem::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().environment());
+    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
     return *item_;
 }
 

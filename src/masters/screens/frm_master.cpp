@@ -25,7 +25,7 @@ void frmMaster::Form_Load() {
     click(ui().cmdMainHelp, &frmMaster::cmdMainHelp_Click);
     on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
     program().StartUp(*this);
-    master_ = std::make_unique<clsMaster>(program().environment());
+    master_ = std::make_unique<clsMaster>(program().dataAccess());
     master_->Mastertable = MastertableName;
     const bool rooms = MastertableName == "Rooms";
     setCaption((rooms ? "Takeoff Name " : MastertableName) + " Master Entry Screen");

@@ -30,7 +30,7 @@ ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
 }
 
 ClsItem& ItemMast::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().environment());
+    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
     return *item_;
 }
 
@@ -41,8 +41,8 @@ void ItemMast::takeCategory(std::int16_t CategoryId, const std::string& name) {
 
 void ItemMast::Form_Load() {
     const Program::Doing doing(program(), "opening the item form");
-    category_ = std::make_unique<clsCategory>(program().environment());
-    units_ = std::make_unique<clsMaster>(program().environment());
+    category_ = std::make_unique<clsCategory>(program().dataAccess());
+    units_ = std::make_unique<clsMaster>(program().dataAccess());
     categoriesFilled_ = false;
     on(*this, ui().CmbCat, &DropList::Click, [this] { Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData()); });
     on(*this, ui().cmdAddCat, &QAbstractButton::clicked, [this] { cmdAddCat_Click(); });

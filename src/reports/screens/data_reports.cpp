@@ -6,7 +6,7 @@ namespace torvane {
 
 DataReports::DataReports(Program& program)
     : program_(program),
-      data_(program.environment()),
+      data_(program.dataAccess()),
       DataReport1_(program, "DataReport1", HelpContext::estimatesReport),
       DataReport2_(program, "DataReport2", HelpContext::customersReport),
       DataReport3_(program, "DataReport3", HelpContext::proposal) {}

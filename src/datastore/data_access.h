@@ -9,7 +9,7 @@ namespace torvane {
 class Store;
 
 // What a data class is made with.
-struct Environment {
+struct DataAccess {
     Host& host;
     Store& store;
 
