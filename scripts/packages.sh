@@ -6,7 +6,8 @@ build_packages=(cmake ninja-build g++ qt6-base-dev qt6-base-dev-tools qt6-svg-de
                 qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite libgl1-mesa-dev libsqlite3-dev libicu-dev
                 fonts-liberation)
 test_packages=(libgtest-dev poppler-utils)
-check_packages=(git clang-format-14 clang-tidy-14)
+desk_packages=(xvfb xauth openbox xdotool dbus-daemon at-spi2-core gir1.2-atspi-2.0 python3-gi)
+check_packages=(git clang-format-14 clang-tidy-14 locales)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 package_packages=(dpkg-dev librsvg2-bin desktop-file-utils appstream lintian)
 

@@ -1,0 +1,240 @@
+"""Roads on which focus, questions and windows meet."""
+import filecmp
+import os
+import shutil
+import unittest
+
+from desk import PROGRAM, DeskTest, active, press, write, xdotool
+
+ESTIMATE = "Bid Estimate Screen"
+ITEMS = "Items List"
+NOTES = "Blank Area for Customer Notes"
+FIRST_ITEM = "ItemName = 'Aluminum gutter, 5 in'"  # which a new estimate shows
+
+
+class EstimateRoads(DeskTest):
+    def setUp(self):
+        super().setUp()
+        self.start()
+        self.comes("Main Menu")
+        self.choose("Estimates", "New Estimate")
+        self.comes(ESTIMATE)
+
+    def prices(self):
+        return self.rows(f"select Material, Labor from Item where {FIRST_ITEM}")[0]
+
+    def asks_for(self, price, answer):
+        self.box("Change master file price?",
+                 f"You have changed the {price} Price. Do you want to update this price in Main File?", answer)
+
+    def test_from_the_customer_to_the_paper(self):
+        self.click("Select ")
+        self.comes("Select Customer")
+        (name,) = self.rows("select CustName from Customer order by CustName")[0]
+        self.click(name, role="table cell", times=2)
+        self.comes(ESTIMATE)
+        self.reads("Customer Name", name)
+        self.enter("Quantity", "3")
+        self.click("Add")
+        self.click("Save")
+        self.box("Inventory", "Estimate Saved", "Return")
+        last = "OrderNo = (select max(OrderNo) from OrderInfo)"
+        self.assertEqual(self.rows(f"select CustName, Qty from OrderInfo natural join Customer, OrderItem using (OrderNo) where {last}"), [(name, 3)])
+        self.click("Print Proposal")
+        self.box(PROGRAM, "In case you made any changes to the proposal, you will need to save your changes first so "
+                 "that the changes appear in the print out.", "Return")
+        self.comes("Estimate Proposal")
+
+    def test_a_changed_price_is_asked_for_once_and_the_keys_go_where_the_user_went(self):
+        material, labor = self.prices()
+        self.enter("Materials Price", "9.5")
+        press("Tab")
+        self.asks_for("Material", "Escape")
+        self.comes(ESTIMATE)
+        write("7")
+        self.reads("Labor", "7")
+        self.click("Notes : ", role="text")
+        self.asks_for("Labor", "Return")
+        self.box(PROGRAM, "Labor price updated in master file", "Return")
+        self.comes(ESTIMATE)
+        write("by hand")
+        self.reads("Notes : ", "by hand")
+        self.assertEqual(self.prices(), (material, 7))
+
+    def test_the_same_when_the_user_went_to_another_window(self):
+        before = self.prices()
+        self.click("Add Multiple Items from Sheet")
+        self.comes(ITEMS)
+        for price in ("8.1", "8.2", "8.3"):
+            self.bring(ESTIMATE)
+            self.enter("Materials Price", price)
+            xdotool("search", "--name", f"^{ITEMS}$", "windowactivate")
+            self.asks_for("Material", "Escape")
+            self.comes(ITEMS)
+        self.assertEqual(self.prices(), before)
+        press("alt+F4")
+        self.goes(ITEMS)
+        self.comes(ESTIMATE)
+
+    def test_nothing_is_asked_when_the_screen_is_closed_in_the_midst_of_a_price(self):
+        self.enter("Materials Price", "9.5")
+        press("alt+F4")
+        self.goes(ESTIMATE)
+        self.comes("Main Menu")
+        self.choose("Estimates", "New Estimate")
+        self.comes(ESTIMATE)
+
+    def test_unsaved_work_is_asked_for_before_it_is_given_up(self):
+        for answer in ("Escape", "Return"):
+            self.comes(ESTIMATE)
+            self.click("Cancel")
+            self.box("Confirm Cancel", "Are you sure you want to cancel this screen and discard any changes done?", answer)
+        self.goes(ESTIMATE)
+        self.comes("Main Menu")
+
+
+class OfficeRoads(DeskTest):
+    def setUp(self):
+        super().setUp()
+        self.start()
+        self.comes("Main Menu")
+
+    def new_item(self):
+        self.choose("Mater Tables", "Item", "Add")
+        self.comes("Add Item")
+        self.click("Add", role="push button")
+        self.comes("Item Master")
+
+    def test_a_refusal_stands_over_its_form_and_gives_the_keys_back(self):
+        self.new_item()
+        self.click("Apply")
+        self.box("Item Details", "Enter Item Description", "Return")
+        self.box("Inventory", "Please enter Valid Data", "Return")
+        self.comes("Item Master")
+        self.enter("Item Description", "Ridge board")
+        press("Tab", "Tab")
+        write("4")
+        self.reads("Default Quantity", "4")
+        for cost in ("Material Cost", "Labor Cost", "Sub Labor Cost", "Equipments and other Cost"):
+            self.enter(cost, "1")
+        self.click("Ok")
+        self.box("Inventory", " Item Saved", "Return")
+        self.comes("Add Item")
+        self.assertEqual(self.rows("select qty from Item where ItemName = 'Ridge board'"), [(4,)])
+
+    def test_the_help_is_of_use_beside_a_form_that_must_be_answered(self):
+        self.new_item()
+        press("F1")
+        self.comes("Torvane Help")
+        self.click("Search", role="page tab")
+        press("alt+F4")
+        self.goes("Torvane Help")
+        self.comes("Item Master")
+        self.click("Cancel")
+        self.comes("Add Item")
+
+    def test_escape_keeps_what_was_to_be_deleted(self):
+        left = self.rows("select count(*) from Item")[0][0]
+        self.choose("Mater Tables", "Item", "Delete")
+        for answer in ("Escape", "Return"):
+            self.comes("Delete Item")
+            self.click("Silt fence", role="table cell")
+            self.click("Delete")
+            self.box("Inventory", "Are you sure you want to Delete ' 102 '", answer)
+            if answer == "Return":
+                self.box(PROGRAM, "Deleted", "Return")
+                left -= 1
+            self.assertEqual(self.rows("select count(*) from Item"), [(left,)])
+
+    def test_a_calculator_by_keys_alone(self):
+        press("alt", *["Right"] * 3, "Down", "Down", "Right", "Down", "Return")
+        self.comes("Calculators")
+        self.until(lambda: self.focused() == "Length of room (feet)", "the first box has not got the keys")
+        write("12\t10\n")
+        self.reads("Ceiling SF", "120")
+
+    def test_backup_and_restore(self):
+        copy = self.home + "/Monday.bak"
+        for question in (False, True):
+            self.choose("File", "Backup")
+            self.comes("Save As")
+            self.enter("File name:", copy)
+            press("Return")
+            if question:
+                self.box("Take Backup", "File already Exists. Overwrite it?", "Return")
+            self.box("Success", "Data File Exported", "Return")
+            self.comes("Main Menu")
+        self.assertTrue(filecmp.cmp(copy, self.database(), shallow=False))
+        shutil.copy(self.folder + "/Sample.bak", copy)
+        self.choose("File", "Restore from Backup")
+        self.comes("Open")
+        self.enter("File name:", copy)
+        press("Return")
+        self.box("Success", "Data File Imported", "Return")
+        self.comes("Main Menu")
+
+    def test_the_program_ends_with_its_last_window(self):
+        self.choose("Notes Area")
+        self.comes(NOTES)
+        self.bring("Main Menu")
+        press("alt+F4")
+        self.goes("Main Menu")
+        self.comes(NOTES)
+        press("alt+F4")
+        self.ends_with(0)
+
+
+class BadDays(DeskTest):
+    def ends_by(self, failure):
+        """The box of a failure that the program can't go on with, and the end."""
+        self.until(lambda: active() == PROGRAM and f"Run-time error {failure}\\n" in " ".join(self.in_front()),
+                   f"no failure {failure}")
+        press("Return")
+        self.ends_with(1)
+
+    def test_a_database_that_is_not_there(self):
+        os.remove(self.database())
+        self.start()
+        self.ends_by(14)
+        self.assertFalse(os.path.exists(self.database()))
+
+    def test_a_second_copy_ends_and_leaves_the_first_alone(self):
+        self.start()
+        self.comes("Main Menu")
+        first = self.program
+        self.start()
+        self.ends_by(91)
+        self.program = first
+        self.choose("Notes Area")
+        self.comes(NOTES)
+
+    def test_a_full_disk(self):
+        before = self.rows("select * from OrderInfo")
+        self.start(largest_file=os.path.getsize(self.database()))
+        self.comes("Main Menu")
+        self.choose("Notes Area")
+        self.comes(NOTES)
+        xdotool("type", "--delay", 1, "brick " * 2000)
+        self.click("Ok")
+        self.ends_by(10)
+        self.assertEqual(self.rows("pragma integrity_check"), [("ok",)])
+        self.assertEqual(self.rows("select * from OrderInfo"), before)
+
+    def test_a_report_that_finds_no_room(self):
+        paper = self.home + "/customers.pdf"
+        self.start(largest_file=4096)
+        self.comes("Main Menu")
+        self.choose("Reports", "Customers Report")
+        self.comes("Customers Report")
+        self.click("Export to PDF")
+        self.comes("Save As")
+        self.enter("File name:", paper)
+        press("Return")
+        self.box("Customers Report", f"The report could not be written to {paper}. Nothing was changed there.",
+                 "Return")
+        self.comes("Customers Report")
+        self.assertFalse(os.path.exists(paper))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
