@@ -46,16 +46,16 @@ void frmList::RefreshTree() {
     // Read once and handed out, in place of a query for each category.
     const auto items = Item().GetItemsOfCategories("ItemName", "A");
     const std::vector<CategoryNode> nodes = categoryNodes(categories, items);
-    std::vector<QTreeWidgetItem*> made;
-    made.reserve(nodes.size());
+    std::vector<QTreeWidgetItem*> inTree;
+    inTree.reserve(nodes.size());
     for (const CategoryNode& node : nodes) {
-        made.push_back(CategoryTree::node(node.key, node.text));
-        if (node.parent >= 0) made[static_cast<std::size_t>(node.parent)]->addChild(made.back());
+        inTree.push_back(CategoryTree::node(node.key, node.text));
+        if (node.parent >= 0) inTree[static_cast<std::size_t>(node.parent)]->addChild(inTree.back());
     }
-    tree.addTopLevelItem(made.front());
-    tree.setCurrentItem(made.front());
+    tree.addTopLevelItem(inTree.front());
+    tree.setCurrentItem(inTree.front());
     // When the window has its size: before, nobody knows what is in sight.
-    const auto showLast = [&tree, last = made.back()] { tree.scrollToItem(last); };
+    const auto showLast = [&tree, last = inTree.back()] { tree.scrollToItem(last); };
     QMetaObject::invokeMethod(&tree, showLast, Qt::QueuedConnection);
 }
 

@@ -18,16 +18,16 @@ namespace torvane {
 // entry form stands over the list.
 class RecordButtons {
 public:
-    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE". `own` is the
-    // list's own record, `shown` that of the entry form; `key` is its key, and `read` loads the row of that key.
+    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE". `listed` is the
+    // record of the list, `shown` that of the entry form, `key` the member with its key, and `read` loads the row of it.
     template <class Record>
-    RecordButtons(Form& form, std::string& which, PagedList& list, AtFirstUse<Record>& own, Form& entryForm,
+    RecordButtons(Form& form, std::string& which, PagedList& list, AtFirstUse<Record>& listed, Form& entryForm,
                   AtFirstUse<Record>& shown, std::int16_t Record::*key, void (Record::*read)())
         : form_(form), which_(which), list_(list) {
-        delete_ = [&own, key](std::int16_t selected) {
-            own().*key = selected;
-            own().AddEditDel = "D";
-            own().Delete();
+        delete_ = [&listed, key](std::int16_t selected) {
+            listed().*key = selected;
+            listed().AddEditDel = "D";
+            listed().Delete();
         };
         showEntryForm_ = [&entryForm, &shown, key, read](std::int16_t selected, std::string_view flag) {
             shown().*key = selected;
