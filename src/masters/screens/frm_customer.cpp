@@ -1,7 +1,5 @@
 #include "masters/screens/frm_customer.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "screens/help_contexts.h"
@@ -73,10 +71,8 @@ void frmCustomer::cmdSearch_Click() {
                                                                   {ui().OptCity, "BCity"},
                                                                   {ui().OptPhone, "BPhone"},
                                                                   {ui().OptEmail, "BEmail"}};
-    const auto* option = std::find_if(std::begin(options), std::end(options),
-                                      [](const auto& candidate) { return candidate.first->isChecked(); });
-    if (option == std::end(options)) fail(Failure::ObjectNotSet);
-    Cust().SearchFld = option->second;
+    for (const auto& [option, field] : options)
+        if (option->isChecked()) Cust().SearchFld = field;
     list_.startSearch();
 }
 

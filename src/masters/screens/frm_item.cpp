@@ -75,11 +75,8 @@ void frmItem::cmdSearch_Click() {
     Item().SearchVal = ui().txtName->Text();
     const std::pair<QRadioButton*, std::string_view> options[] = {
         {ui().OptAll, "All"}, {ui().OptName, "ItemName"}, {ui().OptCat, "CatName"}, {ui().OptCode, "ItemCode"}};
-    for (const auto& [option, field] : options) {
-        if (!option->isChecked()) continue;
-        Item().SearchFld = field;
-        break;
-    }
+    for (const auto& [option, field] : options)
+        if (option->isChecked()) Item().SearchFld = field;
     list_.startSearch();
 }
 
