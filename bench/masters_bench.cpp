@@ -11,6 +11,7 @@
 #include "masters/screens/frm_item.h"
 #include "sample.h"
 #include "screens/program.h"
+#include "ui_frm_item.h"
 
 // The windows of the catalogue at its largest: none of their acts may hold the user up for longer than the limit.
 
@@ -39,7 +40,7 @@ private:
     Program program_;
 
 public:
-    frmCategory category{program_};
+    frmCategory category{program_, {}};
     ItemList item{program_, category};
 };
 

@@ -14,6 +14,7 @@
 
 #include "sample.h"
 #include "screens/program.h"
+#include "ui_frm_order.h"
 
 // The estimate screen with its real window, against the rows through SQLite alone and Qt's own widgets.
 
@@ -57,7 +58,7 @@ private:
     Program program_;
 
 public:
-    frmOrder order{program_, [](std::int32_t) {}};
+    frmOrder order{program_, {.closeNumberPrompt = [] {}}};
 };
 
 class PaintCounter : public QObject {

@@ -20,6 +20,8 @@
 #include "reports/screens/page_painter.h"
 #include "reports/screens/report_export.h"
 #include "sample.h"
+#include "ui_frm_list.h"
+#include "ui_frm_order.h"
 #include "widgets/texts.h"
 
 // The item sheet on the largest catalogue, and the reports on every estimate.
@@ -38,7 +40,6 @@ class Screens {
 public:
     explicit Screens(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
         program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
-        order.setCompanions(sheet, sheet, {});
     }
     void act(const std::function<void()>& handler) {
         program_.guarded(handler);
@@ -49,7 +50,7 @@ private:
     Program program_;
 
 public:
-    frmOrder order{program_, [](std::int32_t) {}};
+    frmOrder order{program_, {.closeNumberPrompt = [] {}}};
     frmList sheet{program_, order};
     DataReports reports{program_};
 };

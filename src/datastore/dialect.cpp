@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <optional>
 
 #include "values/failure.h"
 #include "values/letters.h"
@@ -24,18 +23,6 @@ namespace {
     throw RuntimeFailure(SQLITE_ERROR, why, std::string(statement));
 }
 
-std::string_view withoutBlanks(std::string_view text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    return text;
-}
-
-// The rest behind the keyword and the blanks after it, or nothing when the text begins otherwise.
-std::optional<std::string_view> behind(std::string_view text, std::string_view keyword) {
-    text = withoutBlanks(text);
-    if (!beginsWith(text, keyword)) return std::nullopt;
-    return withoutBlanks(text.substr(keyword.size()));
-}
-
 // The length of the quoted piece that `text` begins with, its doubled quotes included; all of it when none ends it.
 std::size_t quotedLength(std::string_view text) {
     const char close = text.front() == '[' ? ']' : text.front();
@@ -53,9 +40,11 @@ std::string translate(std::string_view statement, const ShortDate& style) {
     std::string sql;
     sql.reserve(statement.size() + 16);
     std::string_view rest = statement;
-    if (const auto target = behind(rest, "delete"); target && !target->empty() && target->front() == '*') {
+    constexpr std::string_view keyword = "delete";
+    if (const auto text = trimmed(statement);
+        beginsWith(text, keyword) && trimmed(text.substr(keyword.size())).starts_with('*')) {
         sql = "delete ";
-        rest = target->substr(1);
+        rest.remove_prefix(rest.find('*') + 1);
     }
 
     while (!rest.empty()) {
@@ -76,13 +65,11 @@ std::string translate(std::string_view statement, const ShortDate& style) {
                 continue;
             }
             case ';':
-                if (!withoutBlanks(rest.substr(1)).empty()) refuse("text behind the statement", statement);
+                if (!trimmed(rest.substr(1)).empty()) refuse("text behind the statement", statement);
                 return sql;
             case '-':
             case '/':
-                if (rest.substr(0, 2) == "--" || rest.substr(0, 2) == "/*") {
-                    refuse("a remark in the statement", statement);
-                }
+                if (rest.starts_with("--") || rest.starts_with("/*")) refuse("a remark in the statement", statement);
                 break;
             default:
                 length = quotedLength(rest);

@@ -62,19 +62,20 @@ void isLike(sqlite3_context* context, int, sqlite3_value** arguments) {
     guarded(context, [&] {
         for (int i = 0; i < 2; ++i)
             if (sqlite3_value_type(arguments[i]) == SQLITE_NULL) return sqlite3_result_null(context);
-        // Kept from row to row.
+        // Made once for all rows of the statement.
         auto* pattern = static_cast<std::string*>(sqlite3_get_auxdata(context, 0));
-        std::unique_ptr<std::string> made;
+        std::unique_ptr<std::string> fresh;
         if (pattern == nullptr)
-            pattern = (made = std::make_unique<std::string>(withoutCase(textOfArgument(arguments[0])))).get();
+            pattern = (fresh = std::make_unique<std::string>(withoutCase(textOfArgument(arguments[0])))).get();
         // ASCII alone needs no other form.
         const std::string_view text = textOfArgument(arguments[1]);
         const bool plain = std::ranges::all_of(text, isAscii);
         const std::string folded = plain ? std::string() : withoutCase(text);
         const int different = sqlite3_strlike(pattern->c_str(), plain ? text.data() : folded.c_str(), 0);
         sqlite3_result_int(context, different == 0 ? 1 : 0);
-        if (made)
-            sqlite3_set_auxdata(context, 0, made.release(), [](void* kept) { delete static_cast<std::string*>(kept); });
+        if (fresh)
+            sqlite3_set_auxdata(context, 0, fresh.release(),
+                                [](void* unused) { delete static_cast<std::string*>(unused); });
     });
 }
 

@@ -14,7 +14,7 @@ bool isOneOf(const char* name, std::initializer_list<const char*> names) {
 }
 
 int authorize(void* data, int action, const char* first, const char* second, const char*, const char*) {
-    if (static_cast<const Gate*>(data)->ownWork) return SQLITE_OK;
+    if (static_cast<const Gate*>(data)->open) return SQLITE_OK;
     switch (action) {
         case SQLITE_SELECT:
         case SQLITE_READ:

@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "datastore/statement.h"
+
 namespace torvane {
 
 namespace {
@@ -117,20 +119,13 @@ create index OrderInfoByDate on OrderInfo (OrderDate);
 create index OrderInfoByTotal on OrderInfo (Total);
 )sql";
 
-std::string conditionOn(const Column& column) {
-    std::string condition(column.type.condition);
-    for (auto at = condition.find('@'); at != std::string::npos; at = condition.find('@')) {
-        condition.replace(at, 1, column.name);
-    }
-    return condition;
-}
-
-// The constraint's name is what SQLite tells when it refuses a value.
 std::string columnText(const Column& column) {
-    std::string sql(column.name);
-    sql.append(" ").append(column.type.declared);
-    sql.append("\n        constraint \"").append(column.name).append(" takes ").append(column.type.takes);
-    return sql.append("\" check (").append(conditionOn(column)).append(")");
+    std::string condition;
+    for (const char sign : column.type.condition)
+        sign == '@' ? condition.append(column.name) : condition.append(1, sign);
+    // The constraint's name is what SQLite tells when it refuses a value.
+    return joined(column.name, " ", column.type.declared, "\n        constraint \"", column.name, " takes ",
+                  column.type.takes, "\" check (", condition, ")");
 }
 
 }  // namespace
@@ -138,9 +133,9 @@ std::string columnText(const Column& column) {
 std::string schemaText() {
     std::string sql;
     for (const Table& table : tables()) {
-        sql.append("create table ").append(table.name).append(" (");
+        sql += joined("create table ", table.name, " (");
         for (const Column& column : table.columns)
-            sql.append(&column == &table.columns.front() ? "\n    " : ",\n    ").append(columnText(column));
+            sql += joined(&column == &table.columns.front() ? "\n    " : ",\n    ", columnText(column));
         sql.append("\n);\n");
     }
     return sql.append(viewAndIndexes);

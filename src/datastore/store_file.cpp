@@ -117,7 +117,7 @@ StoreFile::~StoreFile() {
 std::optional<StoreFile::Identity> StoreFile::identify() const {
     struct stat status {};
     if (stat(name_.c_str(), &status) != 0) return std::nullopt;
-    return Identity{status.st_dev, status.st_ino, status.st_mtim, status.st_size};
+    return Identity{status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
 void StoreFile::failed(std::string_view refused) const {
@@ -168,13 +168,13 @@ void StoreFile::ready() {
         if (now && now->sameFile(identity_)) return;
         throw RuntimeFailure(SQLITE_READONLY, "the database file was replaced during a write group", name_);
     }
-    if (handle_ == nullptr || !now || !now->unchanged(identity_)) openHandle();
+    if (handle_ == nullptr || now != identity_) openHandle();
 }
 
 void StoreFile::runPastGate(const char* sql) {
-    gate_.ownWork = true;
+    gate_.open = true;
     const int result = sqlite3_exec(handle_, sql, nullptr, nullptr, nullptr);
-    gate_.ownWork = false;
+    gate_.open = false;
     if (result != SQLITE_OK) failed(name_);
 }
 
@@ -254,7 +254,9 @@ void StoreFile::endGroup() {
         ready();
         commit();
     } catch (...) {
-        undo();
+        // No group is left, and no half of one, whatever state the failure has brought about.
+        --depth_;
+        closeHandle();
         throw;
     }
     --depth_;
@@ -263,12 +265,6 @@ void StoreFile::endGroup() {
 void StoreFile::commit() {
     runPastGate("commit");
     renewIdentity();
-}
-
-// Leaves no group and no half of one, whatever state a failure has brought about.
-void StoreFile::undo() {
-    --depth_;
-    closeHandle();
 }
 
 void StoreFile::commitEarly() {

@@ -47,14 +47,12 @@ private:
     struct Identity {
         dev_t device = 0;
         ino_t inode = 0;
-        timespec changed{};
         off_t size = 0;
+        time_t changed = 0;
+        long nanoseconds = 0;
 
+        bool operator==(const Identity&) const = default;
         bool sameFile(const Identity& other) const { return device == other.device && inode == other.inode; }
-        bool unchanged(const Identity& other) const {
-            return sameFile(other) && size == other.size && changed.tv_sec == other.changed.tv_sec &&
-                   changed.tv_nsec == other.changed.tv_nsec;
-        }
     };
 
     bool inGroup() const { return depth_ > 0 && !committedEarly_; }
@@ -69,7 +67,6 @@ private:
     // Runs statements of our own, which the gate lets through.
     void runPastGate(const char* sql);
     void commit();
-    void undo();
     [[noreturn]] void failed(std::string_view refused) const;
 
     std::string name_;

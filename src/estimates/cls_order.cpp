@@ -52,26 +52,24 @@ void ClsOrder::insertLines() {
 
 bool ClsOrder::Save() {
     const std::string& mode = screen_.estimateMode();
-    if (mode == "E") {
-        grouped(connection_, [this] {
+    if (mode != "A" && mode != "E") return false;
+    grouped(connection_, [&] {
+        if (mode == "E") {
             connection_.execute(joined("Delete * from Orderitem where OrderNo = ", OrderNo));
             connection_.execute(joined(
                 "Update OrderInfo Set CustId = ", CustId, ", RepId = ", RepId, ", OrderDate = ", dateLiteral(OrderDate),
                 ", ", columnsWithValues(*this, siteFields, " = ", ", "), ", ShipId = ", ShipId, ", Amount = ", Amount,
                 ", Tax = ", Tax, ", Overhead = ", Overhead, ", Total = ", Total, ", ",
                 columnsWithValues(*this, textFields, "=", ", "), " where OrderNo=", OrderNo));
-            insertLines();
-        });
-    } else if (mode == "A") {
-        grouped(connection_, [this] {
+        } else {
             connection_.execute(joined("Insert into OrderInfo (Orderno,CustId,RepId,OrderDate,", columnList(siteFields),
                                        ",ShipId,Amount,Tax,Total,", columnList(textFields), ",Overhead) values (",
                                        OrderNo, ",", CustId, ",", RepId, ",", dateLiteral(OrderDate), ",",
                                        valueList(*this, siteFields), ",", ShipId, ",", Amount, ",", Tax, ",", Total,
                                        ",", valueList(*this, textFields), ",", Overhead, ")"));
-            insertLines();
-        });
-    }
+        }
+        insertLines();
+    });
     return false;
 }
 

@@ -23,13 +23,6 @@ LineRow rowOf(const LineNames& names, const LineAmounts& amounts) {
 
 }  // namespace
 
-std::vector<std::string> cellsOf(const LineRow& row) {
-    std::vector<std::string> cells;
-    cells.reserve(std::size(lineColumns));
-    for (const LineColumn& column : lineColumns) cells.push_back(row.*column.text);
-    return cells;
-}
-
 LineRow enteredRow(const LineNames& names, const LinePanel& panel) {
     return rowOf(names, lineAmounts(panel));
 }
@@ -44,8 +37,8 @@ LineRow storedRow(const LineNames& names, const ClsOrderItems& line) {
     amounts.others = decimalOf(line.mvarOthers);
     amounts.total = finite(amounts.material + amounts.labor + amounts.extension + amounts.others);
     LineRow row = rowOf(names, amounts);
-    row.subLabor = generalText(line.mvarExtension);
-    row.others = generalText(line.mvarOthers);
+    row[LineColumn::subLabor] = generalText(line.mvarExtension);
+    row[LineColumn::others] = generalText(line.mvarOthers);
     return row;
 }
 
@@ -54,7 +47,8 @@ LineKey keyOf(const ClsOrderItems& line) {
 }
 
 LineKey keyOf(const LineRow& row) {
-    return {strictInt32(row.itemId), strictInt32(row.roomId), strictInt32(row.unitId)};
+    return {strictInt32(row[LineColumn::itemId]), strictInt32(row[LineColumn::roomId]),
+            strictInt32(row[LineColumn::unitId])};
 }
 
 }  // namespace torvane

@@ -10,47 +10,31 @@
 
 namespace torvane {
 
-// One row of the list of lines, as the estimate screen shows it. The amounts are those of the whole line.
-struct LineRow {
-    std::string itemId;
-    std::string room;
-    std::string quantity;
-    std::string unit;
-    std::string item;
-    std::string material;
-    std::string labor;
-    std::string subLabor;
-    std::string others;
-    std::string total;
-    std::string roomId;
-    std::string unitId;
-};
-
-struct LineColumn {
-    std::string_view header;
-    int twips;
-    bool numeric;
-    std::string LineRow::*text;
-};
+// One row of the list of lines, as the estimate screen shows it: a text for each column. The amounts are those of the
+// whole line.
+using LineRow = std::vector<std::string>;
 
 // The list's columns from left to right. Those without a width are there for the program.
-inline constexpr LineColumn lineColumns[] = {
-    {"Item ID", 0, false, &LineRow::itemId},      {"Takeoff Name", 1800, false, &LineRow::room},
-    {"Quantity", 1200, true, &LineRow::quantity}, {"Unit", 1200, false, &LineRow::unit},
-    {"Item Name", 1800, false, &LineRow::item},   {"Material", 1200, true, &LineRow::material},
-    {"Labor", 1200, true, &LineRow::labor},       {"Sub-Labor", 1200, true, &LineRow::subLabor},
-    {"Others", 1200, true, &LineRow::others},     {"Total", 1200, true, &LineRow::total},
-    {"Roomid", 0, false, &LineRow::roomId},       {"Unitid", 0, false, &LineRow::unitId},
+struct LineColumn {
+    enum Number { itemId, room, quantity, unit, item, material, labor, subLabor, others, total, roomId, unitId };
+    std::string_view header;
+    int twips;
+    bool numeric = false;
 };
-
-// The number of a column, from 0.
-constexpr int columnOf(std::string LineRow::*text) {
-    int number = 0;
-    while (lineColumns[number].text != text) ++number;
-    return number;
-}
-
-std::vector<std::string> cellsOf(const LineRow& row);
+inline constexpr LineColumn lineColumns[] = {
+    {"Item ID", 0},
+    {"Takeoff Name", 1800},
+    {"Quantity", 1200, true},
+    {"Unit", 1200},
+    {"Item Name", 1800},
+    {"Material", 1200, true},
+    {"Labor", 1200, true},
+    {"Sub-Labor", 1200, true},
+    {"Others", 1200, true},
+    {"Total", 1200, true},
+    {"Roomid", 0},
+    {"Unitid", 0},
+};
 
 // What a line is about.
 struct LineNames {

@@ -39,9 +39,9 @@ void FileSystem::setPermissions(int file, const std::string& target, const std::
         [[maybe_unused]] const int owner = ::fchown(file, status.st_uid, status.st_gid);
     } else if (model.empty() || ::stat(model.c_str(), &status) != 0) {
         constexpr mode_t everybodys = 0666;
-        const mode_t kept = ::umask(0);
-        ::umask(kept);
-        status.st_mode = everybodys & ~kept;
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        status.st_mode = everybodys & ~mask;
     }
     ::fchmod(file, status.st_mode & 07777);
 }

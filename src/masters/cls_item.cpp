@@ -106,18 +106,15 @@ ListRows ClsItem::GetAllReItemsN(long Page, long& PageCount, std::string_view Fl
 }
 
 ListRows ClsItem::GetSearchItems(long Page, long& PageCount, std::string_view FldName, std::string_view AscOrDesc) {
+    const bool all = SearchFld == "All";
+    const std::string condition =
+        all ? joined(" (ItemName like '", SearchVal, "%' or CatName like '", SearchVal, "%') ")
+            : joined(SearchFld, " like '", SearchVal, "%'");
     const std::string statement =
-        SearchFld == "All"
-            ? joined(
-                  "SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName, "
-                  "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID "
-                  "= Category.CatId and Item.UnitId=Units.Id and  (ItemName like '",
-                  SearchVal, "%' or CatName like '", SearchVal, "%') ")
-            : joined(
-                  "SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as "
-                  "CatName,item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  "
-                  "Item.CategoryID = Category.CatId and Item.UnitId=Units.Id and ",
-                  SearchFld, " like '", SearchVal, "%'");
+        joined("SELECT Item.ItemID,Item.ItemName as  ItmName,Category.CatName as CatName,", all ? " " : "",
+               "item.Material,Item.Qty,Item.Itemcode,Units.Name FROM Item,Category,Units  where  Item.CategoryID = "
+               "Category.CatId and Item.UnitId=Units.Id and ",
+               condition);
     return readPageOrAll(statement, Page, PageCount, FldName, AscOrDesc);
 }
 

@@ -2,6 +2,34 @@
 
 namespace torvane {
 
+namespace {
+
+frmOrder::Others aroundEstimate(Screens& screens) {
+    return {
+        .showProposal = [&screens](std::int32_t OrderNo) { screens.reports.showProposal(OrderNo); },
+        .closeNumberPrompt = [&screens] { screens.orderNo.Unload(); },
+        .selectCustomer =
+            [&screens] {
+                screens.customer.Which = "S";
+                screens.customer.ShowModal();
+            },
+        .addCustomer =
+            [&screens] {
+                screens.customer.Which = "A";
+                screens.customer.Show();
+            },
+        .showItemSheet = [&screens] { screens.itemSheet.Show(); },
+        .showCalculators =
+            [&screens](int group) {
+                CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
+                                                    &screens.calculators4};
+                groups[group - 1]->Show();
+            },
+    };
+}
+
+}  // namespace
+
 Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
                  std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant)
     : help(program),
@@ -13,21 +41,20 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
       calculators4(program, calculatorGroups()[3]),
       scientific(program),
       calculators1(program, scientific, calculators2, calculators3),
-      order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
+      order(program, aroundEstimate(*this)),
       orders(program, order),
       orderNo(program, order),
       itemSheet(program, order),
       blank(program),
-      customer(program, order),
-      category(program),
+      customer(program, [this](std::int32_t CustId, const std::string& name) { order.takeCustomer(CustId, name); }),
+      category(program, [this](std::int16_t CategoryId,
+                               const std::string& name) { item.entryForm().takeCategory(CategoryId, name); }),
       item(program, category),
       master(program),
       mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {
     help.setHelpFile(program.host().programDirectory() + "/LARKFENVERSION2.HLP");
     program.setHelp([this](int context) { help.showPage(context); });
     scientific.setAbout([this] { about.Show(); });
-    order.setCustomerList(customer);
-    order.setCompanions(orderNo, itemSheet, {&calculators1, &calculators2, &calculators3, &calculators4});
 }
 
 }  // namespace torvane

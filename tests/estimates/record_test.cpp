@@ -167,7 +167,7 @@ TEST_F(EstimateRecordTest, LinesAsTheirRowsShowThem) {
     const LineNames names{7, "Stud", 3, "Attic", 2, "each"};
     const auto texts = [](const LineRow& row) {
         std::string all;
-        for (const std::string& cell : cellsOf(row)) all += cell + '|';
+        for (const std::string& cell : row) all += cell + '|';
         return all;
     };
     EXPECT_EQ("7|Attic|2.5|each|Stud|25|1|2|3|31|3|2|", texts(enteredRow(names, {"2.5", "10", "1", "2", "3"})));

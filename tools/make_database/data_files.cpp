@@ -1,19 +1,17 @@
 #include "make_database/data_files.h"
 
 #include <charconv>
-#include <chrono>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+
+#include "values/dates.h"
+#include "values/letters.h"
+#include "values/numbers.h"
 
 namespace torvane {
 
 namespace {
-
-std::string trimmed(const std::string& text) {
-    const auto first = text.find_first_not_of(" \r");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \r") - first + 1);
-}
 
 bool onlyOf(const std::string& text, std::string_view allowed) {
     return !text.empty() && text.find_first_not_of(allowed) == std::string::npos;
@@ -38,11 +36,8 @@ const std::string& DataRow::text(std::size_t column) const {
 
 double DataRow::number(std::size_t column) const {
     const std::string& digits = columns.at(column);
-    double value = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (!onlyOf(digits, "0123456789.") || error != std::errc{} || end != digits.data() + digits.size())
-        fault("\"" + digits + "\" is no number");
-    return value;
+    if (!onlyOf(digits, "0123456789.") || !isNumeric(digits)) fault("\"" + digits + "\" is no number");
+    return strictDouble(digits);
 }
 
 int DataRow::key(std::size_t column) const {
@@ -55,17 +50,9 @@ int DataRow::key(std::size_t column) const {
 }
 
 const std::string& DataRow::date(std::size_t column) const {
-    const std::string& digits = columns.at(column);
-    std::string shape = digits;
-    for (char& sign : shape)
-        if (sign >= '0' && sign <= '9') sign = '0';
-    if (shape == "0000-00-00") {
-        const auto part = [&](std::size_t start) { return static_cast<unsigned>(std::stoi(digits.substr(start, 2))); };
-        const std::chrono::year_month_day read{std::chrono::year{std::stoi(digits.substr(0, 4))},
-                                               std::chrono::month{part(5)}, std::chrono::day{part(8)}};
-        if (read.ok()) return digits;
-    }
-    fault("\"" + digits + "\" is no date");
+    const std::string& day = columns.at(column);
+    if (const auto date = readDate(day); !date || isoText(*date) != day) fault("\"" + day + "\" is no date");
+    return day;
 }
 
 std::vector<DataRow> readRows(const std::filesystem::path& file) {
@@ -73,13 +60,10 @@ std::vector<DataRow> readRows(const std::filesystem::path& file) {
     std::vector<DataRow> rows;
     std::string text;
     for (int line = 1; std::getline(lines, text); ++line) {
-        if (trimmed(text).empty() || text.front() == '#') continue;
+        if (text.find_first_not_of(" \r") == std::string::npos || text.front() == '#') continue;
         DataRow row{file, line, {}};
-        for (std::size_t start = 0; start != std::string::npos;) {
-            const std::size_t tab = text.find('\t', start);
-            row.columns.push_back(trimmed(text.substr(start, tab == std::string::npos ? tab : tab - start)));
-            start = tab == std::string::npos ? tab : tab + 1;
-        }
+        std::istringstream columns(text + '\t');
+        for (std::string column; std::getline(columns, column, '\t');) row.columns.emplace_back(trimmed(column));
         if (text.find('\'') != std::string::npos) row.fault("has an apostrophe");
         rows.push_back(std::move(row));
     }
@@ -88,12 +72,9 @@ std::vector<DataRow> readRows(const std::filesystem::path& file) {
 
 std::string readText(const std::filesystem::path& file) {
     std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    // An empty file sets the fail bit of the text, so only the source is asked.
-    if (!in || (text << in.rdbuf(), in.bad())) throw std::runtime_error("can't read " + file.string());
-    std::string whole = text.str();
-    while (!whole.empty() && (whole.back() == '\n' || whole.back() == '\r')) whole.pop_back();
-    return whole;
+    if (!in) throw std::runtime_error("can't read " + file.string());
+    std::string text{std::istreambuf_iterator(in), {}};
+    return text.erase(text.find_last_not_of("\r\n") + 1);
 }
 
 }  // namespace torvane

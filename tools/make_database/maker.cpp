@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -14,6 +13,7 @@
 
 #include "datastore/schema.h"
 #include "make_database/data_files.h"
+#include "values/numbers.h"
 
 namespace torvane {
 
@@ -68,12 +68,7 @@ private:
 
 // What the program's own statements would have written: single precision, as text of at most 7 digits.
 double asStored(double amount) {
-    char text[32];
-    const auto end =
-        std::to_chars(text, text + sizeof text, static_cast<float>(amount), std::chars_format::general, 7).ptr;
-    double stored = 0;
-    std::from_chars(text, end, stored);
-    return stored;
+    return decimalOf(narrowToSingle(amount));
 }
 
 double cents(double amount) {
@@ -256,17 +251,16 @@ private:
         const CatalogueItem& item = items_.find(row, row.text(2));
         const double qty = row.number(3);
         if (qty == 0) row.fault("the quantity is 0");
-        const bool own = row.columns.size() == 7;
+        const bool costsGiven = row.columns.size() == 7;
         const double share = qty / item.qty;
         const double material = asStored(cents(qty * item.material));
-        const double labor = asStored(own ? row.number(4) : cents(share * item.labor));
-        const double subLabor = asStored(own ? row.number(5) : cents(share * item.subLabor));
-        const double others = asStored(own ? row.number(6) : cents(share * item.equipment));
+        const double labor = asStored(costsGiven ? row.number(4) : cents(share * item.labor));
+        const double subLabor = asStored(costsGiven ? row.number(5) : cents(share * item.subLabor));
+        const double others = asStored(costsGiven ? row.number(6) : cents(share * item.equipment));
         database_.add("OrderItem",
                       {estimate.number, item.key, asStored(qty), material, room, item.unit, subLabor, labor, others});
         // Summed in single precision row by row, as the estimate screen does, so that saving it again changes nothing.
-        estimate.amount =
-            static_cast<float>(static_cast<double>(estimate.amount) + material + subLabor + labor + others);
+        estimate.amount = narrowToSingle(estimate.amount + material + subLabor + labor + others);
         ++estimate.lines;
     }
 
@@ -274,7 +268,7 @@ private:
         if (estimate.site.empty()) estimate.start.fault("the estimate has no site");
         if (!estimate.tax) estimate.start.fault("the estimate has no rates");
         if (estimate.lines == 0) estimate.start.fault("the estimate has no lines");
-        const double amount = asStored(static_cast<double>(estimate.amount));
+        const double amount = decimalOf(estimate.amount);
         const double total = amount + amount * *estimate.tax / 100 + amount * estimate.overhead / 100;
         std::vector<Cell> cells{estimate.number, estimate.customer, 0, estimate.date};
         cells.insert(cells.end(), estimate.site.begin(), estimate.site.end());

@@ -2,12 +2,15 @@
 
 #include "estimates/shared_notes.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_blank.h"
 
 namespace torvane {
 
 frmBlank::frmBlank(Program& program) : FormOf(program, "frmBlank") {
     setHelpContext(HelpContext::notesArea);
 }
+
+frmBlank::~frmBlank() = default;
 
 void frmBlank::Form_Load() {
     const Program::Doing doing(program(), "reading the notes");

@@ -4,14 +4,16 @@
 
 #include "datastore/store.h"
 #include "screens/form.h"
-#include "ui_frm_blank.h"
+
+class Ui_frmBlank;
 
 namespace torvane {
 
 // Edits the shared notes, one text for all estimates.
-class frmBlank : public FormOf<Ui::frmBlank> {
+class frmBlank : public FormOf<Ui_frmBlank> {
 public:
     explicit frmBlank(Program& program);
+    ~frmBlank() override;
 
 protected:
     void Form_Load() override;

@@ -5,15 +5,16 @@
 #include "masters/cls_master.h"
 #include "screens/fill_names.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_list.h"
+#include "ui_frm_order.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int itemIdColumn = 0;
-constexpr int codeColumn = 2;
-constexpr int roomIdColumn = 9;
+// The sheet's columns from left to right.
+enum SheetColumn { itemId, room, code, name, category, quantity, unit, material, labor, roomId };
 
 }  // namespace
 
@@ -21,29 +22,18 @@ frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList")
     setHelpContext(HelpContext::itemSheet);
 }
 
-clsCategory& frmList::Category() {
-    if (!category_) category_ = std::make_unique<clsCategory>(program().dataAccess());
-    return *category_;
-}
-
-ClsItem& frmList::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
-    return *item_;
-}
+frmList::~frmList() = default;
 
 void frmList::Form_Load() {
     const Program::Doing doing(program(), "opening the item sheet");
-    category_.reset();
-    item_.reset();
-    on(*this, ui().TreeCategory, &CategoryTree::DblClick, [this] { TreeCategory_DblClick(); });
-    on(*this, ui().cmdAddEstimate, &QAbstractButton::clicked, [this] { cmdAddEstimate_Click(); });
-    on(*this, ui().cmdDelete, &QAbstractButton::clicked, [this] { cmdDelete_Click(); });
+    Category.reset();
+    Item.reset();
+    on(*this, ui().TreeCategory, &CategoryTree::DblClick, &frmList::TreeCategory_DblClick);
+    on(*this, ui().cmdAddEstimate, &QAbstractButton::clicked, &frmList::cmdAddEstimate_Click);
+    on(*this, ui().cmdDelete, &QAbstractButton::clicked, &frmList::cmdDelete_Click);
     on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
     program().StartUp(*this);
     ui().Splitter->setStretchFactor(1, 1);
-    FldName = "ParentCategory, Catname";
-    AscOrDesc = "A";
-    Page = -1;
     RefreshTree();
     InitListView();
     FillRooms();
@@ -51,22 +41,21 @@ void frmList::Form_Load() {
 
 void frmList::RefreshTree() {
     CategoryTree& tree = *ui().TreeCategory;
-    tree.clear();
-    const auto categories = Category().GetAllCategories(Page, PageCount, FldName, AscOrDesc);
-    FldName = "ItemName";
+    long PageCount = 0;
+    const auto categories = Category().GetAllCategories(-1, PageCount, "ParentCategory, Catname", "A");
     // Read once and handed out, in place of a query for each category.
-    const auto items = Item().GetItemsOfCategories(FldName, AscOrDesc);
+    const auto items = Item().GetItemsOfCategories("ItemName", "A");
     const std::vector<CategoryNode> nodes = categoryNodes(categories, items);
-    std::vector<QTreeWidgetItem*> made;
-    made.reserve(nodes.size());
+    std::vector<QTreeWidgetItem*> inTree;
+    inTree.reserve(nodes.size());
     for (const CategoryNode& node : nodes) {
-        made.push_back(CategoryTree::node(node.key, node.text));
-        if (node.parent >= 0) made[static_cast<std::size_t>(node.parent)]->addChild(made.back());
+        inTree.push_back(CategoryTree::node(node.key, node.text));
+        if (node.parent >= 0) inTree[static_cast<std::size_t>(node.parent)]->addChild(inTree.back());
     }
-    tree.addTopLevelItem(made.front());
-    tree.setCurrentItem(made.front());
+    tree.addTopLevelItem(inTree.front());
+    tree.setCurrentItem(inTree.front());
     // When the window has its size: before, nobody knows what is in sight.
-    const auto showLast = [&tree, last = made.back()] { tree.scrollToItem(last); };
+    const auto showLast = [&tree, last = inTree.back()] { tree.scrollToItem(last); };
     QMetaObject::invokeMethod(&tree, showLast, Qt::QueuedConnection);
 }
 
@@ -109,8 +98,7 @@ void frmList::cmdDelete_Click() {
     if (sheet.RowCount() == 0) return;
     const int row = sheet.SelectedRow();
     if (row < 0) fail(Failure::ObjectNotSet);
-    if (program().confirm("Do you want to delete item '" + sheet.Cell(row, codeColumn) + "'?",
-                          "Delete Item from the List"))
+    if (program().confirm("Do you want to delete item '" + sheet.Cell(row, code) + "'?", "Delete Item from the List"))
         sheet.RemoveRow(row);
 }
 
@@ -118,8 +106,8 @@ void frmList::cmdAddEstimate_Click() {
     const Program::Doing doing(program(), "putting the items into the estimate");
     const ReportList& sheet = *ui().ListView1;
     for (int row = 0; row < sheet.RowCount(); ++row) {
-        orderScreen_.ui().cmbRooms->selectItemData(strictInt32(sheet.Cell(row, roomIdColumn)));
-        orderScreen_.ui().cmbItems->selectItemData(strictInt32(sheet.Cell(row, itemIdColumn)));
+        orderScreen_.ui().cmbRooms->selectItemData(strictInt32(sheet.Cell(row, roomId)));
+        orderScreen_.ui().cmbItems->selectItemData(strictInt32(sheet.Cell(row, itemId)));
         orderScreen_.cmdAdd_Click();
     }
     orderScreen_.Show();

@@ -1,8 +1,13 @@
 #include "estimates/screens/frm_order.h"
 
-#include "masters/screens/frm_customer.h"
+#include <QEvent>
+#include <QMenu>
+
+#include "estimates/screens/area_panel.h"
+#include "estimates/shared_notes.h"
 #include "screens/fill_names.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_order.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -13,37 +18,48 @@ constexpr std::string_view boxTitle = "Inventory";
 
 // The texts of the job site: the box, where the estimate keeps it, and where the customer has it.
 struct SiteText {
-    TextBox* Ui::frmOrder::*box;
+    TextBox* Ui_frmOrder::*box;
     std::string ClsOrder::*site;
     std::string ClsCustomer::*billing;
 };
 constexpr SiteText siteTexts[] = {
-    {&Ui::frmOrder::TxtSstreet1, &ClsOrder::SStreet1, &ClsCustomer::BStreet1},
-    {&Ui::frmOrder::TxtSstreet2, &ClsOrder::SStreet2, &ClsCustomer::BStreet2},
-    {&Ui::frmOrder::TxtScity, &ClsOrder::SCity, &ClsCustomer::BCity},
-    {&Ui::frmOrder::TxtSZip, &ClsOrder::SZip, &ClsCustomer::BZip},
-    {&Ui::frmOrder::TxtSCountry, &ClsOrder::SCountry, &ClsCustomer::BCountry},
-    {&Ui::frmOrder::TxtSPhone, &ClsOrder::SPhone, &ClsCustomer::BPhone},
-    {&Ui::frmOrder::TxtSMobile, &ClsOrder::SMobile, &ClsCustomer::BMobile},
-    {&Ui::frmOrder::TxtSEmail, &ClsOrder::SEmail, &ClsCustomer::BEmail},
+    {&Ui_frmOrder::TxtSstreet1, &ClsOrder::SStreet1, &ClsCustomer::BStreet1},
+    {&Ui_frmOrder::TxtSstreet2, &ClsOrder::SStreet2, &ClsCustomer::BStreet2},
+    {&Ui_frmOrder::TxtScity, &ClsOrder::SCity, &ClsCustomer::BCity},
+    {&Ui_frmOrder::TxtSZip, &ClsOrder::SZip, &ClsCustomer::BZip},
+    {&Ui_frmOrder::TxtSCountry, &ClsOrder::SCountry, &ClsCustomer::BCountry},
+    {&Ui_frmOrder::TxtSPhone, &ClsOrder::SPhone, &ClsCustomer::BPhone},
+    {&Ui_frmOrder::TxtSMobile, &ClsOrder::SMobile, &ClsCustomer::BMobile},
+    {&Ui_frmOrder::TxtSEmail, &ClsOrder::SEmail, &ClsCustomer::BEmail},
+};
+
+// Keeps the notes frame over the lower middle of its window, whatever the window's size.
+class NotesPlace : public QObject {
+public:
+    explicit NotesPlace(QWidget& frame) : QObject(&frame), frame_(frame) {
+        frame.parentWidget()->installEventFilter(this);
+        place();
+    }
+    void place() {
+        const QSize whole = frame_.parentWidget()->size();
+        frame_.setGeometry(whole.width() / 8, whole.height() * 2 / 5, whole.width() * 3 / 4, whole.height() * 9 / 20);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Resize) place();
+        return false;
+    }
+
+private:
+    QWidget& frame_;
 };
 
 }  // namespace
 
-frmOrder::frmOrder(Program& program, std::function<void(std::int32_t)> showProposal)
-    : FormOf(program, "frmOrder"), showProposal_(std::move(showProposal)) {}
+frmOrder::frmOrder(Program& program, Others others) : FormOf(program, "frmOrder"), others_(std::move(others)) {
+    setHelpContext(HelpContext::estimate);
+}
 
 frmOrder::~frmOrder() = default;
-
-ClsOrder& frmOrder::Order() {
-    if (!order_) order_ = std::make_unique<ClsOrder>(program().dataAccess(), *this);
-    return *order_;
-}
-
-ClsCustomer& frmOrder::Customer() {
-    if (!customer_) customer_ = std::make_unique<ClsCustomer>(program().dataAccess());
-    return *customer_;
-}
 
 void frmOrder::takeCustomer(std::int32_t CustId, const std::string& name) {
     Order().CustId = CustId;
@@ -53,75 +69,52 @@ void frmOrder::takeCustomer(std::int32_t CustId, const std::string& name) {
 // --- Opening ---------------------------------------------------------------------------------------------------------
 
 void frmOrder::connectControls() {
-    const std::pair<QAbstractButton*, void (frmOrder::*)()> clicks[] = {
-        {ui().CmdSelCust, &frmOrder::CmdSelCust_Click},   {ui().CmdNewCust, &frmOrder::CmdNewCust_Click},
-        {ui().cmdAdd, &frmOrder::cmdAdd_Click},           {ui().cmdEditApply, &frmOrder::cmdEditApply_Click},
-        {ui().cmdEditCanc, &frmOrder::cmdEditCanc_Click}, {ui().CmdEdit, &frmOrder::CmdEdit_Click},
-        {ui().cmdDel, &frmOrder::cmdDel_Click},           {ui().cmdMove, &frmOrder::cmdMove_Click},
-        {ui().cmdImport, &frmOrder::cmdImport_Click},     {ui().cmdCopy, &frmOrder::cmdCopy_Click},
-        {ui().Command2, &frmOrder::Command2_Click},       {ui().Command7, &frmOrder::Command7_Click},
-        {ui().Command1, &frmOrder::Command1_Click},       {ui().cmdOk, &frmOrder::cmdOk_Click},
-        {ui().CmdSave, &frmOrder::CmdSave_Click},         {ui().CmdDeleteOrder, &frmOrder::CmdDeleteOrder_Click},
-        {ui().CmdCancel, &frmOrder::CmdCancel_Click},     {ui().cmdMainHelp, &frmOrder::cmdMainHelp_Click},
-        {ui().cmdItemList, &frmOrder::cmdItemList_Click},
-    };
-    for (const auto& [button, handler] : clicks) on(*this, button, &QAbstractButton::clicked, handler);
-    on(*this, ui().ListView1, &ReportList::DblClick, &frmOrder::CmdEdit_Click);
-    connectPanel();
-    for (TextBox* box : {ui().TxtAmount, ui().txtTaxPer, ui().txtOHPer})
-        on(*this, box, &QLineEdit::textChanged, &frmOrder::CalFinalTotal);
-    for (TextBox* box : {ui().txtLength, ui().txtWidth, ui().txtHeight})
-        on(*this, box, &QLineEdit::textChanged, &frmOrder::CalTotalArea);
+    onClicks<frmOrder>(*this, {{ui().CmdSelCust, &frmOrder::CmdSelCust_Click},
+                               {ui().cmdImport, &frmOrder::cmdImport_Click},
+                               {ui().cmdCopy, &frmOrder::cmdCopy_Click},
+                               {ui().Command7, &frmOrder::Command7_Click},
+                               {ui().Command1, &frmOrder::Command1_Click},
+                               {ui().CmdSave, &frmOrder::CmdSave_Click},
+                               {ui().CmdDeleteOrder, &frmOrder::CmdDeleteOrder_Click},
+                               {ui().CmdCancel, &frmOrder::CmdCancel_Click}});
+    on(*this, ui().CmdNewCust, &QAbstractButton::clicked, others_.addCustomer);
+    on(*this, ui().cmdItemList, &QAbstractButton::clicked, others_.showItemSheet);
+    on(*this, ui().Command2, &QAbstractButton::clicked, [this] { ui().frmNotes->setVisible(false); });
+    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, [this] { program().help(helpContext()); });
+    on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] {
+        if (ui().CmdSave->isEnabled()) CmdSave_Click();
+    });
+    lines_.connect();
+    connectAreaPanel(*this);
+    new NotesPlace(*ui().frmNotes);
 }
 
 void frmOrder::Form_Load() {
     const Program::Doing doing(program(), "opening the estimate screen");
     connectControls();
-    placeNotes();
-    if (numberPrompt_) numberPrompt_->Unload();
+    others_.closeNumberPrompt();
     program().StartUp(*this);
-    setHelpContext(HelpContext::estimate);
     ui().TxtDate->setDateStyle(program().host().shortDate());
     ui().TxtDate->setValue(program().host().today());
-    InitListView();
-    FillRooms();
-    FillUnits();
-    FillItems();
+    lines_.InitListView();
+    fillNames(*ui().cmbRooms, Order().GetComboRooms());
+    fillNames(*ui().cmbUnits, Order().GetComboUnits());
+    lines_.FillItems();
     if (AddOrDelete == "E") {
         setCaption("Edit Estimate");
         FillData();
-    } else if (AddOrDelete != "D") {
-        FillState();
-        ui().TxtOrder->setText(generalText(Order().GetNextOrderNo()));
-    } else {
+    } else if (AddOrDelete == "D") {
         setCaption("Delete Estimate");
         FillData();
-    }
-    if (AddOrDelete == "D") {
         for (QWidget* button :
              std::initializer_list<QWidget*>{ui().CmdEdit, ui().cmdAdd, ui().cmdDel, ui().CmdSelCust, ui().CmdNewCust,
                                              ui().cmdEditApply, ui().cmdEditCanc, ui().cmdOk, ui().CmdSave})
             button->setVisible(false);
         ui().CmdDeleteOrder->setVisible(true);
+    } else {
+        FillState();
+        ui().TxtOrder->setText(generalText(Order().GetNextOrderNo()));
     }
-}
-
-void frmOrder::Form_Unload() {
-    Order().ClearData();
-}
-
-void frmOrder::InitListView() {
-    std::vector<ReportList::Column> columns;
-    for (const LineColumn& column : lineColumns) columns.push_back({column.header, column.twips, column.numeric});
-    ui().ListView1->setColumns(columns);
-}
-
-void frmOrder::FillRooms() {
-    fillNames(*ui().cmbRooms, Order().GetComboRooms());
-}
-
-void frmOrder::FillUnits() {
-    fillNames(*ui().cmbUnits, Order().GetComboUnits());
 }
 
 void frmOrder::FillState() {
@@ -144,24 +137,18 @@ void frmOrder::FillData() {
     ui().TxtDate->setValue(Order().OrderDate);
     FillState();
     ui().cmbSState->selectItemData(Order().SState);
-    loadLines();
+    lines_.loadLines();
 }
 
 // --- Header, saving, closing -----------------------------------------------------------------------------------------
 
 void frmOrder::CmdSelCust_Click() {
-    customerList_->Which = "S";
-    customerList_->ShowModal();
+    others_.selectCustomer();
     const Program::Doing doing(program(), "taking over the customer's address");
     Customer().CustId = narrowToInt16(Order().CustId);
     Customer().GetCustomer();
     for (const SiteText& text : siteTexts) (ui().*text.box)->setText(Customer().*text.billing);
     ui().cmbSState->selectItemData(Customer().BState);
-}
-
-void frmOrder::CmdNewCust_Click() {
-    customerList_->Which = "A";
-    customerList_->Show();
 }
 
 void frmOrder::CmdSave_Click() {
@@ -172,7 +159,7 @@ void frmOrder::CmdSave_Click() {
     Order().OrderDate = ui().TxtDate->Value();
     Order().UPSTracking.clear();
     Order().Notes = ui().txtNotes->Text();
-    CalTotal();
+    lines_.CalTotal();
     Order().Tax = narrowToSingle(lenientNumber(ui().txtTaxPer->Text()));
     Order().Overhead = narrowToSingle(lenientNumber(ui().txtOHPer->Text()));
     Order().Total =
@@ -190,10 +177,6 @@ void frmOrder::CmdSave_Click() {
 void frmOrder::ClearClass() {
     Order().OrderNo = 0;
     Order().ClearEntry();
-}
-
-void frmOrder::cmdOk_Click() {
-    if (ui().CmdSave->isEnabled()) CmdSave_Click();
 }
 
 void frmOrder::CmdCancel_Click() {
@@ -219,11 +202,34 @@ void frmOrder::Command1_Click() {
         "appear in the print out.",
         defaultTitle);
     // From the box: the record is empty after a save.
-    showProposal_(strictInt32(ui().TxtOrder->Text()));
+    others_.showProposal(strictInt32(ui().TxtOrder->Text()));
 }
 
-void frmOrder::cmdMainHelp_Click() {
-    program().help(helpContext());
+// --- Notes, calculators ----------------------------------------------------------------------------------------------
+
+void frmOrder::cmdImport_Click() {
+    const Program::Doing doing(program(), "reading the notes");
+    Connection connection(program().dataAccess());
+    ui().rtfNotes->setText(readSharedNotes(connection));
+    ui().frmNotes->setVisible(true);
+    ui().frmNotes->raise();
+}
+
+void frmOrder::cmdCopy_Click() {
+    const std::string selected = ui().rtfNotes->SelText();
+    ui().txtNotes->setText(selected.empty() ? ui().rtfNotes->Text() : selected);
+}
+
+void frmOrder::Command7_Click() {
+    auto* menu = new QMenu(&window());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setObjectName(QStringLiteral("mnuCalc"));
+    for (int group = 1; group <= 4; ++group) {
+        QAction* entry = menu->addAction(QStringLiteral("Group %1").arg(group));
+        entry->setObjectName(QStringLiteral("mnuCalc%1").arg(group));
+        on(*this, entry, &QAction::triggered, [this, group] { others_.showCalculators(group); });
+    }
+    menu->popup(ui().Command7->mapToGlobal(QPoint(ui().Command7->width(), 0)));
 }
 
 }  // namespace torvane

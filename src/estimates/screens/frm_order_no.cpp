@@ -2,6 +2,7 @@
 
 #include "estimates/screens/frm_order.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_order_no.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -9,6 +10,8 @@ namespace torvane {
 FrmOrderNo::FrmOrderNo(Program& program, frmOrder& order) : FormOf(program, "FrmOrderNo"), orderScreen_(order) {
     setHelpContext(HelpContext::estimateNumber);
 }
+
+FrmOrderNo::~FrmOrderNo() = default;
 
 void FrmOrderNo::Form_Load() {
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });

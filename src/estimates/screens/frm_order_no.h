@@ -1,7 +1,8 @@
 #pragma once
 
 #include "screens/form.h"
-#include "ui_frm_order_no.h"
+
+class Ui_FrmOrderNo;
 
 namespace torvane {
 
@@ -9,9 +10,10 @@ class frmOrder;
 
 // Asks for the number of the estimate that is to be deleted and shows it on the estimate screen, which closes this
 // prompt.
-class FrmOrderNo : public FormOf<Ui::FrmOrderNo> {
+class FrmOrderNo : public FormOf<Ui_FrmOrderNo> {
 public:
     FrmOrderNo(Program& program, frmOrder& order);
+    ~FrmOrderNo() override;
 
 protected:
     void Form_Load() override;

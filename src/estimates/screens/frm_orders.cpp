@@ -2,18 +2,17 @@
 
 #include "estimates/screens/frm_order.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_orders.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-frmOrders::frmOrders(Program& program, frmOrder& order) : FormOf(program, "frmOrders"), orderScreen_(order) {
+frmOrders::frmOrders(Program& program, frmOrder& order)
+    : FormOf(program, "frmOrders"), orderScreen_(order), Order(program.dataAccess(), order) {
     setHelpContext(HelpContext::searchEstimate);
 }
 
-ClsOrder& frmOrders::Order() {
-    if (!order_) order_ = std::make_unique<ClsOrder>(program().dataAccess(), orderScreen_);
-    return *order_;
-}
+frmOrders::~frmOrders() = default;
 
 PagedList::Parts frmOrders::listParts() {
     const auto read = [this](auto&&... page) { return Order().GetSearchOrders(page...); };
@@ -38,11 +37,11 @@ PagedList::Parts frmOrders::listParts() {
 }
 
 void frmOrders::Form_Load() {
-    order_.reset();  // the list's own object is new at each load
-    onClicks<frmOrders>(*this, {{ui().cmdSearch, &frmOrders::cmdSearch_Click},
-                                {ui().CmdAll, &frmOrders::CmdAll_Click},
-                                {ui().CmdSelect, &frmOrders::CmdSelect_Click},
-                                {ui().cmdExit, &frmOrders::cmdExit_Click}});
+    Order.reset();  // the list's own record is new at each load
+    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmOrders::cmdSearch_Click);
+    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    on(*this, ui().CmdSelect, &QAbstractButton::clicked, &frmOrders::CmdSelect_Click);
+    on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
     on(*this, ui().ListView1, &ReportList::DblClick, &frmOrders::CmdSelect_Click);
     program().StartUp(*this);
     Order().SearchFld = "Orderno";

@@ -2,6 +2,7 @@
 
 #include "masters/screens/frm_category.h"
 #include "screens/help_contexts.h"
+#include "ui_cat_mast.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -15,26 +16,28 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
     cmbParent.select(0);
 }
 
-CatMast::CatMast(Program& program, frmCategory& list)
-    : FormOf(program, "CatMast"),
-      list_(list),
-      buttons_(*this, {
-                          .controls = [this]() -> EntryButtons::Controls {
-                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel};
-                          },
-                          .copyToRecord = [this] { copyToRecord(); },
-                          .validate = [this] { return Cat().Validate(); },
-                          .save = [this] { Cat().Save(); },
-                          .saved = "Category Saved",
-                          .ClearClass = [this] { ClearClass(); },
-                          .refreshList = [this] { list_.RefreshGrid(); },
-                      }) {
+CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), buttons_(*this, entryParts(list)) {
     setHelpContext(HelpContext::categoryForm);
 }
 
-clsCategory& CatMast::Cat() {
-    if (!cat_) cat_ = std::make_unique<clsCategory>(program().dataAccess());
-    return *cat_;
+CatMast::~CatMast() = default;
+
+EntryButtons::Parts CatMast::entryParts(frmCategory& list) {
+    return {
+        .controls = [this]() -> EntryButtons::Controls {
+            return {ui().cmdOk, ui().CmdSave, ui().CmdCancel};
+        },
+        .copyToRecord =
+            [this] {
+                Cat().Catname = ui().Txtname->Text();
+                Cat().ParentCategory = narrowToInt16(ui().cmbParent->ItemData());
+            },
+        .validate = [this] { return Cat().Validate(); },
+        .save = [this] { Cat().Save(); },
+        .saved = "Category Saved",
+        .ClearClass = [this] { ClearClass(); },
+        .refreshList = [&list] { list.RefreshGrid(); },
+    };
 }
 
 void CatMast::Form_Load() {
@@ -47,11 +50,6 @@ void CatMast::Form_Load() {
 void CatMast::FillData() {
     ui().Txtname->setText(Cat().Catname);
     ui().cmbParent->selectItemData(Cat().ParentCategory);
-}
-
-void CatMast::copyToRecord() {
-    Cat().Catname = ui().Txtname->Text();
-    Cat().ParentCategory = narrowToInt16(ui().cmbParent->ItemData());
 }
 
 void CatMast::ClearClass() {

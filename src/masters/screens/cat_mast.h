@@ -1,38 +1,38 @@
 #pragma once
 
-#include <memory>
-
+#include "datastore/at_first_use.h"
 #include "masters/cls_category.h"
 #include "screens/entry_buttons.h"
 #include "screens/form.h"
-#include "ui_cat_mast.h"
+
+class Ui_CatMast;
 
 namespace torvane {
 
+class DropList;
 class frmCategory;
 
 // Fills a list with "No Parent Category" (number 0) and every category by name, and selects the first entry.
 void FillCatg(DropList& cmbParent, clsCategory& categories);
 
 // Entry form of one category, shown modally over the category list, for editing alone.
-class CatMast : public FormOf<Ui::CatMast> {
+class CatMast : public FormOf<Ui_CatMast> {
 public:
     CatMast(Program& program, frmCategory& list);
+    ~CatMast() override;
 
     // The category being shown; it lives from first touch until the form is closed.
-    clsCategory& Cat();
+    AtFirstUse<clsCategory> Cat{program().dataAccess()};
 
 protected:
     void Form_Load() override;
-    void Form_Unload() override { cat_.reset(); }
+    void Form_Unload() override { Cat.reset(); }
 
 private:
-    void copyToRecord();
-    void ClearClass();
+    EntryButtons::Parts entryParts(frmCategory& list);
     void FillData();
+    void ClearClass();
 
-    frmCategory& list_;
-    std::unique_ptr<clsCategory> cat_;
     EntryButtons buttons_;
 };
 

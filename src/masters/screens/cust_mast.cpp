@@ -3,30 +3,48 @@
 #include "masters/screens/frm_customer.h"
 #include "screens/fill_names.h"
 #include "screens/help_contexts.h"
+#include "ui_cust_mast.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
+namespace {
+
+// A text of the customer: its box, and where the record keeps it.
+struct CustomerText {
+    TextBox* Ui_CustMast::*box;
+    std::string ClsCustomer::*text;
+};
+constexpr CustomerText customerTexts[] = {
+    {&Ui_CustMast::TxtCname, &ClsCustomer::CustName},    {&Ui_CustMast::TxtBstreet1, &ClsCustomer::BStreet1},
+    {&Ui_CustMast::TxtBstreet2, &ClsCustomer::BStreet2}, {&Ui_CustMast::TxtBcity, &ClsCustomer::BCity},
+    {&Ui_CustMast::TxtBZip, &ClsCustomer::BZip},         {&Ui_CustMast::TxtBCountry, &ClsCustomer::BCountry},
+    {&Ui_CustMast::TxtBPhone, &ClsCustomer::BPhone},     {&Ui_CustMast::TxtBfax, &ClsCustomer::BFax},
+    {&Ui_CustMast::TxtBMobile, &ClsCustomer::BMobile},   {&Ui_CustMast::TxtBEmail, &ClsCustomer::BEmail},
+    {&Ui_CustMast::TxtBUrl, &ClsCustomer::BUrl},
+};
+
+}  // namespace
+
 CustMast::CustMast(Program& program, frmCustomer& list)
-    : FormOf(program, "CustMast"),
-      list_(list),
-      buttons_(*this, {
-                          .controls = [this]() -> EntryButtons::Controls {
-                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
-                          },
-                          .copyToRecord = [this] { copyToRecord(); },
-                          .validate = [this] { return Cust().Validate(); },
-                          .save = [this] { Cust().Save(); },
-                          .saved = "Customer Saved",
-                          .ClearClass = [this] { ClearClass(); },
-                          .refreshList = [this] { list_.RefreshGrid(); },
-                      }) {
+    : FormOf(program, "CustMast"), list_(list), buttons_(*this, entryParts()) {
     setHelpContext(HelpContext::customerForm);
 }
 
-ClsCustomer& CustMast::Cust() {
-    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().dataAccess());
-    return *cust_;
+CustMast::~CustMast() = default;
+
+EntryButtons::Parts CustMast::entryParts() {
+    return {
+        .controls = [this]() -> EntryButtons::Controls {
+            return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
+        },
+        .copyToRecord = [this] { copyToRecord(); },
+        .validate = [this] { return Cust().Validate(); },
+        .save = [this] { Cust().Save(); },
+        .saved = "Customer Saved",
+        .ClearClass = [this] { ClearClass(); },
+        .refreshList = [this] { list_.RefreshGrid(); },
+    };
 }
 
 void CustMast::Form_Load() {
@@ -36,54 +54,23 @@ void CustMast::Form_Load() {
     buttons_.openByMode(list_.Which, {ui().TxtCname}, {ui().Frame1, ui().Frame2});
 }
 
-void CustMast::Form_Unload() {
-    cust_.reset();
-}
-
 void CustMast::FillData() {
     Cust().GetCustomer();
-    ui().TxtCname->setText(Cust().CustName);
-    ui().TxtBstreet1->setText(Cust().BStreet1);
-    ui().TxtBstreet2->setText(Cust().BStreet2);
-    ui().TxtBcity->setText(Cust().BCity);
-    ui().TxtBZip->setText(Cust().BZip);
-    ui().TxtBCountry->setText(Cust().BCountry);
-    ui().TxtBPhone->setText(Cust().BPhone);
-    ui().TxtBfax->setText(Cust().BFax);
-    ui().TxtBMobile->setText(Cust().BMobile);
-    ui().TxtBEmail->setText(Cust().BEmail);
-    ui().TxtBUrl->setText(Cust().BUrl);
-    FillState();
+    for (const CustomerText& each : customerTexts) (ui().*each.box)->setText(Cust().*each.text);
+    fillNames(*ui().CmbBState, Cust().GetComboState());
     ui().CmbBState->selectItemData(Cust().BState);
 }
 
-void CustMast::FillState() {
-    fillNames(*ui().CmbBState, Cust().GetComboState());
-}
-
 void CustMast::copyToRecord() {
-    Cust().CustName = ui().TxtCname->Text();
-    Cust().BStreet1 = ui().TxtBstreet1->Text();
-    Cust().BStreet2 = ui().TxtBstreet2->Text();
-    Cust().BCity = ui().TxtBcity->Text();
+    for (const CustomerText& each : customerTexts) Cust().*each.text = (ui().*each.box)->Text();
     Cust().BState = narrowToInt16(ui().CmbBState->ItemData());
-    Cust().BZip = ui().TxtBZip->Text();
-    Cust().BCountry = ui().TxtBCountry->Text();
-    Cust().BFax = ui().TxtBfax->Text();
-    Cust().BPhone = ui().TxtBPhone->Text();
-    Cust().BMobile = ui().TxtBMobile->Text();
-    Cust().BEmail = ui().TxtBEmail->Text();
-    Cust().BUrl = ui().TxtBUrl->Text();
 }
 
 void CustMast::ClearClass() {
-    Cust().CustId = 0;
-    Cust().BState = 0;
+    Cust().CustId = Cust().BState = 0;
     Cust().ExpDate = program().host().today();
-    for (std::string* text :
-         {&Cust().CustName, &Cust().BStreet1, &Cust().BStreet2, &Cust().BCity, &Cust().BZip, &Cust().BCountry,
-          &Cust().BPhone, &Cust().BFax, &Cust().BMobile, &Cust().BEmail, &Cust().BUrl, &Cust().BCCNo})
-        text->clear();
+    Cust().BCCNo.clear();
+    for (const CustomerText& each : customerTexts) (Cust().*each.text).clear();
 }
 
 }  // namespace torvane

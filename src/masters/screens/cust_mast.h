@@ -1,36 +1,36 @@
 #pragma once
 
-#include <memory>
-
+#include "datastore/at_first_use.h"
 #include "masters/cls_customer.h"
 #include "screens/entry_buttons.h"
 #include "screens/form.h"
-#include "ui_cust_mast.h"
+
+class Ui_CustMast;
 
 namespace torvane {
 
 class frmCustomer;
 
 // Entry form of one customer, shown modally over the customer list.
-class CustMast : public FormOf<Ui::CustMast> {
+class CustMast : public FormOf<Ui_CustMast> {
 public:
     CustMast(Program& program, frmCustomer& list);
+    ~CustMast() override;
 
     // The customer being shown; it lives from first touch until the form is closed.
-    ClsCustomer& Cust();
+    AtFirstUse<ClsCustomer> Cust{program().dataAccess()};
 
 protected:
     void Form_Load() override;
-    void Form_Unload() override;
+    void Form_Unload() override { Cust.reset(); }
 
 private:
+    EntryButtons::Parts entryParts();
+    void FillData();
     void copyToRecord();
     void ClearClass();
-    void FillData();
-    void FillState();
 
     frmCustomer& list_;
-    std::unique_ptr<ClsCustomer> cust_;
     EntryButtons buttons_;
 };
 

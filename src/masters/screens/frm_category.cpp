@@ -2,9 +2,9 @@
 
 #include <QLabel>
 
-#include "masters/screens/category_pick.h"
 #include "masters/screens/record_buttons.h"
 #include "screens/help_contexts.h"
+#include "ui_frm_category.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
 
@@ -28,14 +28,12 @@ std::string_view guidance(std::string_view which) {
 
 }  // namespace
 
-frmCategory::frmCategory(Program& program) : FormOf(program, "frmCategory"), catMast_(program, *this) {
+frmCategory::frmCategory(Program& program, std::function<void(std::int16_t, const std::string&)> takeCategory)
+    : FormOf(program, "frmCategory"), takeCategory_(std::move(takeCategory)), catMast_(program, *this) {
     setHelpContext(HelpContext::categories);
 }
 
-clsCategory& frmCategory::Cat() {
-    if (!cat_) cat_ = std::make_unique<clsCategory>(program().dataAccess());
-    return *cat_;
-}
+frmCategory::~frmCategory() = default;
 
 PagedList::Parts frmCategory::listParts() {
     return {
@@ -65,17 +63,17 @@ PagedList::Parts frmCategory::listParts() {
 }
 
 void frmCategory::Form_Load() {
-    cat_.reset();  // the list's own object is new at each load
-    onClicks<frmCategory>(*this, {{ui().cmdSearch, &frmCategory::cmdSearch_Click},
-                                  {ui().CmdAll, &frmCategory::CmdAll_Click},
-                                  {ui().cmdAdd, &frmCategory::cmdAdd_Click},
-                                  {ui().CmdEdit, &frmCategory::CmdEdit_Click},
-                                  {ui().cmdDel, &frmCategory::cmdDel_Click},
-                                  {ui().CmdSelect, &frmCategory::CmdSelect_Click},
-                                  {ui().cmdMainHelp, &frmCategory::cmdMainHelp_Click},
-                                  {ui().cmdHelp2, &frmCategory::cmdHelp2_Click},
-                                  {ui().cmdExit, &frmCategory::cmdExit_Click}});
-    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
+    Cat.reset();  // the list's own record is new at each load
+    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmCategory::cmdSearch_Click);
+    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.RefreshGrid(); });
+    on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmCategory::cmdAdd_Click);
+    on(*this, ui().CmdEdit, &QAbstractButton::clicked, &frmCategory::CmdEdit_Click);
+    on(*this, ui().cmdDel, &QAbstractButton::clicked, &frmCategory::cmdDel_Click);
+    on(*this, ui().CmdSelect, &QAbstractButton::clicked, &frmCategory::CmdSelect_Click);
+    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, &frmCategory::cmdMainHelp_Click);
+    on(*this, ui().cmdHelp2, &QAbstractButton::clicked, &frmCategory::cmdHelp2_Click);
+    on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
+    on(*this, ui().ListView1, &ReportList::DblClick, &frmCategory::ListView1_DblClick);
     // No event opens it in this window.
     addRelatedMenu(*this, list_,
                    {{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
@@ -144,16 +142,12 @@ void frmCategory::cmdSearch_Click() {
     list_.startSearch();
 }
 
-void frmCategory::showEntryForm(std::int16_t key) {
-    catMast_.Cat().Catid = key;
+void frmCategory::CmdEdit_Click() {
+    if (!list_.hasRows()) return;
+    catMast_.Cat().Catid = list_.selectedKey16();
     catMast_.Cat().GetCatg();
     catMast_.Cat().AddEditDel = "E";
     catMast_.ShowModal();
-}
-
-void frmCategory::CmdEdit_Click() {
-    if (!list_.hasRows()) return;
-    showEntryForm(list_.selectedKey16());
     list_.refill();
 }
 
@@ -193,9 +187,7 @@ void frmCategory::cmdDel_Click() {
 
 void frmCategory::CmdSelect_Click() {
     const Program::Doing doing(program(), "taking the selected category");
-    const std::int16_t key = list_.selectedKey16();
-    if (!pick_) fail(Failure::ObjectNotSet);
-    pick_->takeCategory(key, list_.selectedName());
+    takeCategory_(list_.selectedKey16(), list_.selectedName());
     Unload();
 }
 
@@ -207,10 +199,8 @@ void frmCategory::cmdHelp2_Click() {
 void frmCategory::cmdMainHelp_Click() {
     program().speakHelp(
         "To enter a category, you only need to give the category name. You can create the multiple level of hierarchy "
-        "for "
-        "the categories. You will need to select the 'Parent category' under which you want your category to appear. "
-        "\n\n"
-        " This screen also shows list of all the categories in a table. The first column shows category name, second "
+        "for the categories. You will need to select the 'Parent category' under which you want your category to "
+        "appear. \n\n This screen also shows list of all the categories in a table. The first column shows category name, second "
         "column shows number of items belonging to that category and third column shows the parent category name (if "
         "any). The table can be sorted by clicking on the column header row.");
 }

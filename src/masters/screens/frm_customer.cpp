@@ -1,23 +1,20 @@
 #include "masters/screens/frm_customer.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "screens/help_contexts.h"
+#include "ui_cust_mast.h"
+#include "ui_frm_customer.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
-frmCustomer::frmCustomer(Program& program, CustomerPick& pick)
-    : FormOf(program, "frmCustomer"), pick_(pick), custMast_(program, *this) {
+frmCustomer::frmCustomer(Program& program, std::function<void(std::int32_t, const std::string&)> takeCustomer)
+    : FormOf(program, "frmCustomer"), takeCustomer_(std::move(takeCustomer)), custMast_(program, *this) {
     setHelpContext(HelpContext::customers);
 }
 
-ClsCustomer& frmCustomer::Cust() {
-    if (!cust_) cust_ = std::make_unique<ClsCustomer>(program().dataAccess());
-    return *cust_;
-}
+frmCustomer::~frmCustomer() = default;
 
 PagedList::Parts frmCustomer::listParts() {
     return {
@@ -51,17 +48,15 @@ PagedList::Parts frmCustomer::listParts() {
 }
 
 void frmCustomer::Form_Load() {
-    cust_.reset();  // the list's own object is new at each load
-    onClicks<frmCustomer>(*this, {{ui().cmdSearch, &frmCustomer::cmdSearch_Click},
-                                  {ui().CmdAll, &frmCustomer::CmdAll_Click},
-                                  {ui().cmdAdd, &frmCustomer::cmdAdd_Click},
-                                  {ui().cmdCopy, &frmCustomer::cmdCopy_Click},
-                                  {ui().CmdEdit, &frmCustomer::CmdEdit_Click},
-                                  {ui().cmdDel, &frmCustomer::cmdDel_Click},
-                                  {ui().CmdSelect, &frmCustomer::CmdSelect_Click},
-                                  {ui().cmdMainHelp, &frmCustomer::cmdMainHelp_Click},
-                                  {ui().cmdExit, &frmCustomer::cmdExit_Click}});
-    on(*this, ui().ListView1, &ReportList::DblClick, [this] { ListView1_DblClick(); });
+    Cust.reset();  // the list's own record is new at each load
+    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmCustomer::cmdSearch_Click);
+    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmCustomer::cmdAdd_Click);
+    on(*this, ui().CmdSelect, &QAbstractButton::clicked, &frmCustomer::CmdSelect_Click);
+    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, &frmCustomer::cmdMainHelp_Click);
+    on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
+    on(*this, ui().ListView1, &ReportList::DblClick, &frmCustomer::ListView1_DblClick);
+    record_.connect(ui().cmdCopy, ui().CmdEdit, ui().cmdDel);
     // There to be looked at: no event opens it in this window.
     addRelatedMenu(*this, list_,
                    {{"mnuRelManf", "View Related Manufacturers", ""}, {"mnuRelCatg", "View Related Categories", ""}});
@@ -76,10 +71,8 @@ void frmCustomer::cmdSearch_Click() {
                                                                   {ui().OptCity, "BCity"},
                                                                   {ui().OptPhone, "BPhone"},
                                                                   {ui().OptEmail, "BEmail"}};
-    const auto* option = std::find_if(std::begin(options), std::end(options),
-                                      [](const auto& candidate) { return candidate.first->isChecked(); });
-    if (option == std::end(options)) fail(Failure::ObjectNotSet);
-    Cust().SearchFld = option->second;
+    for (const auto& [option, field] : options)
+        if (option->isChecked()) Cust().SearchFld = field;
     list_.startSearch();
 }
 
@@ -92,18 +85,6 @@ void frmCustomer::cmdAdd_Click() {
     RefreshGrid();
 }
 
-void frmCustomer::showEntryForm(std::int16_t key, std::string_view flag) {
-    custMast_.Cust().CustId = key;
-    custMast_.Cust().GetCustomer();
-    custMast_.Cust().AddEditDel = flag;
-    custMast_.ShowModal();
-}
-
-void frmCustomer::deleteRecord(std::int16_t key) {
-    Cust().CustId = key;
-    Cust().Delete();
-}
-
 void frmCustomer::ListView1_DblClick() {
     if (Which != "S" || !list_.hasRows()) return record_.doubleClick();
     CmdSelect_Click();
@@ -112,8 +93,7 @@ void frmCustomer::ListView1_DblClick() {
 
 void frmCustomer::CmdSelect_Click() {
     const Program::Doing doing(program(), "taking the selected customer");
-    const std::int32_t key = strictInt32(list_.selectedKey());
-    pick_.takeCustomer(key, list_.selectedName());
+    takeCustomer_(strictInt32(list_.selectedKey()), list_.selectedName());
     Unload();
 }
 

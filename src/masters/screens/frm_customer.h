@@ -1,21 +1,26 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <functional>
+#include <string>
 
 #include "masters/cls_customer.h"
 #include "masters/screens/cust_mast.h"
-#include "masters/screens/customer_pick.h"
 #include "masters/screens/record_buttons.h"
 #include "screens/form.h"
-#include "ui_frm_customer.h"
+#include "screens/paged_list.h"
+
+class Ui_frmCustomer;
 
 namespace torvane {
 
 // The list of customers. Opened by setting `Which` and showing it: modeless from the menu, modal with "S" from the
 // estimate screen, to which the picked customer is handed.
-class frmCustomer : public FormOf<Ui::frmCustomer> {
+class frmCustomer : public FormOf<Ui_frmCustomer> {
 public:
-    frmCustomer(Program& program, CustomerPick& pick);
+    // `takeCustomer` is given the key and the name of the picked row.
+    frmCustomer(Program& program, std::function<void(std::int32_t CustId, const std::string& name)> takeCustomer);
+    ~frmCustomer() override;
 
     std::string Which;  // the mode, as that of the items' list
     void RefreshGrid() { list_.RefreshGrid(); }
@@ -29,31 +34,18 @@ protected:
 
 private:
     void cmdSearch_Click();
-    void CmdAll_Click() { list_.showAll(); }
     void cmdAdd_Click();
-    void cmdCopy_Click() { record_.copy(); }
-    void CmdEdit_Click() { record_.edit(); }
-    void cmdDel_Click() { record_.remove(); }
     void CmdSelect_Click();
-    void cmdExit_Click() { Unload(); }
     void cmdMainHelp_Click();
     void ListView1_DblClick();
-    void showEntryForm(std::int16_t key, std::string_view flag);
-    void deleteRecord(std::int16_t key);
     PagedList::Parts listParts();
 
-    ClsCustomer& Cust();
-
-    CustomerPick& pick_;
+    std::function<void(std::int32_t, const std::string&)> takeCustomer_;
+    AtFirstUse<ClsCustomer> Cust{program().dataAccess()};
     CustMast custMast_;
-    std::unique_ptr<ClsCustomer> cust_;
     PagedList list_{*this, Which, listParts()};
     RecordButtons record_{
-        *this,
-        Which,
-        list_,
-        {[this]() -> std::string& { return Cust().AddEditDel; }, [this](std::int16_t key) { deleteRecord(key); },
-         [this](std::int16_t key, std::string_view flag) { showEntryForm(key, flag); }}};
+        *this, Which, list_, Cust, custMast_, custMast_.Cust, &ClsCustomer::CustId, &ClsCustomer::GetCustomer};
 };
 
 }  // namespace torvane

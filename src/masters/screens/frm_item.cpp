@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "screens/help_contexts.h"
+#include "ui_frm_item.h"
+#include "ui_item_mast.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -13,10 +15,7 @@ frmItem::frmItem(Program& program, frmCategory& categories)
     setHelpContext(HelpContext::items);
 }
 
-ClsItem& frmItem::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
-    return *item_;
-}
+frmItem::~frmItem() = default;
 
 PagedList::Parts frmItem::listParts() {
     return {
@@ -53,16 +52,14 @@ PagedList::Parts frmItem::listParts() {
 }
 
 void frmItem::Form_Load() {
-    item_.reset();  // the list's own object is new at each load
-    onClicks<frmItem>(*this, {{ui().cmdSearch, &frmItem::cmdSearch_Click},
-                              {ui().CmdAll, &frmItem::CmdAll_Click},
-                              {ui().cmdAdd, &frmItem::cmdAdd_Click},
-                              {ui().cmdCopy, &frmItem::cmdCopy_Click},
-                              {ui().CmdEdit, &frmItem::CmdEdit_Click},
-                              {ui().cmdDel, &frmItem::cmdDel_Click},
-                              {ui().CmdSelect, &frmItem::CmdSelect_Click},
-                              {ui().cmdMainHelp, &frmItem::cmdMainHelp_Click},
-                              {ui().cmdExit, &frmItem::cmdExit_Click}});
+    Item.reset();  // the list's own record is new at each load
+    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmItem::cmdSearch_Click);
+    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmItem::cmdAdd_Click);
+    on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, &frmItem::cmdMainHelp_Click);
+    for (QAbstractButton* button : {ui().CmdSelect, ui().cmdExit})
+        on(*this, button, &QAbstractButton::clicked, [this] { Unload(); });
+    record_.connect(ui().cmdCopy, ui().CmdEdit, ui().cmdDel);
     on(*this, ui().ListView1, &ReportList::DblClick, [this] { record_.doubleClick(); });
     QMenu& mnuRel = addRelatedMenu(*this, list_,
                                    {{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
@@ -78,11 +75,8 @@ void frmItem::cmdSearch_Click() {
     Item().SearchVal = ui().txtName->Text();
     const std::pair<QRadioButton*, std::string_view> options[] = {
         {ui().OptAll, "All"}, {ui().OptName, "ItemName"}, {ui().OptCat, "CatName"}, {ui().OptCode, "ItemCode"}};
-    for (const auto& [option, field] : options) {
-        if (!option->isChecked()) continue;
-        Item().SearchFld = field;
-        break;
-    }
+    for (const auto& [option, field] : options)
+        if (option->isChecked()) Item().SearchFld = field;
     list_.startSearch();
 }
 
@@ -96,31 +90,19 @@ void frmItem::cmdAdd_Click() {
     RefreshGrid();
 }
 
-void frmItem::showEntryForm(std::int16_t key, std::string_view flag) {
-    itemMast_.Item().itemid = key;
-    itemMast_.Item().GetItem();
-    itemMast_.Item().AddEditDel = flag;
-    itemMast_.ShowModal();
-}
-
-void frmItem::deleteRecord(std::int16_t key) {
-    Item().itemid = key;
-    Item().Delete();
-}
-
 void frmItem::cmdMainHelp_Click() {
     // Deleting has a text only after a double click.
     const std::string_view text =
         Which == "A"
             ? "This screen allows you to enter the Items in the master table. Click on 'Add' button to add a new "
               "record in the Items database. "
-        : Which == "E"  ? "This screen allows you to edit the Items in the master table. Select the item record by "
-                          "double clicking on "
-                          "the item row or selecting the item and pressing 'Edit' button"
-        : Which == "DE" ? "This screen allows you to delete the Item from the master table. Select the item record by "
-                          "clicking the item and pressing 'Delete' button. It will delete the item record after "
-                          "confirmation."
-                        : "";
+        : Which == "E"
+            ? "This screen allows you to edit the Items in the master table. Select the item record by double clicking "
+              "on the item row or selecting the item and pressing 'Edit' button"
+        : Which == "DE"
+            ? "This screen allows you to delete the Item from the master table. Select the item record by clicking the "
+              "item and pressing 'Delete' button. It will delete the item record after confirmation."
+            : "";
     program().speakHelp(text);
 }
 

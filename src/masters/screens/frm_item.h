@@ -1,12 +1,14 @@
 #pragma once
 
-#include <memory>
+#include <string>
 
 #include "masters/cls_item.h"
 #include "masters/screens/item_mast.h"
 #include "masters/screens/record_buttons.h"
 #include "screens/form.h"
-#include "ui_frm_item.h"
+#include "screens/paged_list.h"
+
+class Ui_frmItem;
 
 namespace torvane {
 
@@ -14,10 +16,11 @@ class frmCategory;
 
 // The list of items, opened by setting `Which` and showing it modeless. A pure editing tool: it hands nothing to
 // anyone.
-class frmItem : public FormOf<Ui::frmItem> {
+class frmItem : public FormOf<Ui_frmItem> {
 public:
     // `categories` is what the entry form opens while there is no category.
     frmItem(Program& program, frmCategory& categories);
+    ~frmItem() override;
 
     // The mode: "A" add, "E" edit, "D" delete, "S" select, "C" copy; a double click on a row turns the first three into
     // "AE", "EE" and "DE", and the value stays so until the next opener sets it.
@@ -34,29 +37,14 @@ protected:
 
 private:
     void cmdSearch_Click();
-    void CmdAll_Click() { list_.showAll(); }
     void cmdAdd_Click();
-    void cmdCopy_Click() { record_.copy(); }
-    void CmdEdit_Click() { record_.edit(); }
-    void cmdDel_Click() { record_.remove(); }
-    void CmdSelect_Click() { Unload(); }
-    void cmdExit_Click() { Unload(); }
     void cmdMainHelp_Click();
-    void showEntryForm(std::int16_t key, std::string_view flag);
-    void deleteRecord(std::int16_t key);
     PagedList::Parts listParts();
 
-    ClsItem& Item();
-
+    AtFirstUse<ClsItem> Item{program().dataAccess()};
     ItemMast itemMast_;
-    std::unique_ptr<ClsItem> item_;
     PagedList list_{*this, Which, listParts()};
-    RecordButtons record_{
-        *this,
-        Which,
-        list_,
-        {[this]() -> std::string& { return Item().AddEditDel; }, [this](std::int16_t key) { deleteRecord(key); },
-         [this](std::int16_t key, std::string_view flag) { showEntryForm(key, flag); }}};
+    RecordButtons record_{*this, Which, list_, Item, itemMast_, itemMast_.Item, &ClsItem::itemid, &ClsItem::GetItem};
 };
 
 }  // namespace torvane

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "screens/help_contexts.h"
+#include "ui_frm_master.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
 
@@ -12,17 +13,16 @@ frmMaster::frmMaster(Program& program) : FormOf(program, "frmMaster") {
     setHelpContext(HelpContext::names);
 }
 
+frmMaster::~frmMaster() = default;
+
 void frmMaster::Form_Load() {
-    const auto click = [this](QAbstractButton* button, void (frmMaster::*handler)()) {
-        on(*this, button, &QAbstractButton::clicked, handler);
-    };
-    click(ui().cmdAdd, &frmMaster::cmdAdd_Click);
-    click(ui().CmdSave, &frmMaster::CmdSave_Click);
-    click(ui().cmdDelete, &frmMaster::cmdDelete_Click);
-    click(ui().cmdPrevious, &frmMaster::cmdPrevious_Click);
-    click(ui().cmdNext, &frmMaster::cmdNext_Click);
-    click(ui().cmdSearch, &frmMaster::cmdSearch_Click);
-    click(ui().cmdMainHelp, &frmMaster::cmdMainHelp_Click);
+    onClicks<frmMaster>(*this, {{ui().cmdAdd, &frmMaster::cmdAdd_Click},
+                                {ui().CmdSave, &frmMaster::CmdSave_Click},
+                                {ui().cmdDelete, &frmMaster::cmdDelete_Click},
+                                {ui().cmdPrevious, &frmMaster::cmdPrevious_Click},
+                                {ui().cmdNext, &frmMaster::cmdNext_Click},
+                                {ui().cmdSearch, &frmMaster::cmdSearch_Click},
+                                {ui().cmdMainHelp, &frmMaster::cmdMainHelp_Click}});
     on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
     program().StartUp(*this);
     master_ = std::make_unique<clsMaster>(program().dataAccess());
@@ -94,13 +94,10 @@ void frmMaster::cmdSearch_Click() {
 void frmMaster::cmdMainHelp_Click() {
     program().speakHelp(
         "This screen allows you to enter the data which will later be used while creating estimates. Click on 'Add' "
-        "button "
-        "to add a new name, enter the name in the text box and press 'Apply' button. You can navigate through the "
-        "records "
-        "by pressing 'Previous' and 'Next' buttons. Total number of records and current record number are shown on the "
-        "screen. Any record can be edited by changing the name and pressing the 'Apply' button. To delete a record, "
-        "press "
-        "'Delete' button when the particular record is selected.");
+        "button to add a new name, enter the name in the text box and press 'Apply' button. You can navigate through "
+        "the records by pressing 'Previous' and 'Next' buttons. Total number of records and current record number are "
+        "shown on the screen. Any record can be edited by changing the name and pressing the 'Apply' button. To delete "
+        "a record, press 'Delete' button when the particular record is selected.");
 }
 
 }  // namespace torvane

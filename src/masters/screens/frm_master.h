@@ -6,15 +6,17 @@
 
 #include "masters/cls_master.h"
 #include "screens/form.h"
-#include "ui_frm_master.h"
+
+class Ui_frmMaster;
 
 namespace torvane {
 
 // Takeoff names or units, one record at a time. Opened by setting `MastertableName` and showing it; the name takes
 // effect when the window loads.
-class frmMaster : public FormOf<Ui::frmMaster> {
+class frmMaster : public FormOf<Ui_frmMaster> {
 public:
     explicit frmMaster(Program& program);
+    ~frmMaster() override;
 
     std::string MastertableName;  // "Rooms" or "Units"
 

@@ -2,36 +2,51 @@
 
 #include <QLabel>
 
+#include "masters/cls_category.h"
+#include "masters/cls_master.h"
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
 #include "screens/fill_names.h"
 #include "screens/help_contexts.h"
+#include "ui_item_mast.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
+namespace {
+
+// An amount of the item: its box, and where the record keeps it.
+struct ItemAmount {
+    TextBox* Ui_ItemMast::*box;
+    float ClsItem::*amount;
+};
+constexpr ItemAmount itemAmounts[] = {
+    {&Ui_ItemMast::TxtMaterial, &ClsItem::Material}, {&Ui_ItemMast::txtLabor, &ClsItem::Labor},
+    {&Ui_ItemMast::txtSubLabor, &ClsItem::SubLabor}, {&Ui_ItemMast::txtEquipment, &ClsItem::Equipment},
+    {&Ui_ItemMast::TxtQty, &ClsItem::qty},
+};
+
+}  // namespace
+
 ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
-    : FormOf(program, "ItemMast"),
-      list_(list),
-      categories_(categories),
-      buttons_(*this, {
-                          .controls = [this]() -> EntryButtons::Controls {
-                              return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
-                          },
-                          .copyToRecord = [this] { copyToRecord(); },
-                          .validate = [this] { return Item().Validate(); },
-                          .save = [this] { Item().Save(); },
-                          .saved = " Item Saved",
-                          .ClearClass = [this] { ClearClass(); },
-                          .refreshList = [this] { list_.RefreshGrid(); },
-                      }) {
+    : FormOf(program, "ItemMast"), list_(list), categories_(categories), buttons_(*this, entryParts()) {
     setHelpContext(HelpContext::itemForm);
-    categories_.setPick(*this);
 }
 
-ClsItem& ItemMast::Item() {
-    if (!item_) item_ = std::make_unique<ClsItem>(program().dataAccess());
-    return *item_;
+ItemMast::~ItemMast() = default;
+
+EntryButtons::Parts ItemMast::entryParts() {
+    return {
+        .controls = [this]() -> EntryButtons::Controls {
+            return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
+        },
+        .copyToRecord = [this] { copyToRecord(); },
+        .validate = [this] { return Item().Validate(); },
+        .save = [this] { Item().Save(); },
+        .saved = " Item Saved",
+        .ClearClass = [this] { ClearClass(); },
+        .refreshList = [this] { list_.RefreshGrid(); },
+    };
 }
 
 void ItemMast::takeCategory(std::int16_t CategoryId, const std::string& name) {
@@ -41,12 +56,12 @@ void ItemMast::takeCategory(std::int16_t CategoryId, const std::string& name) {
 
 void ItemMast::Form_Load() {
     const Program::Doing doing(program(), "opening the item form");
-    category_ = std::make_unique<clsCategory>(program().dataAccess());
-    units_ = std::make_unique<clsMaster>(program().dataAccess());
-    categoriesFilled_ = false;
     on(*this, ui().CmbCat, &DropList::Click, [this] { Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData()); });
-    on(*this, ui().cmdAddCat, &QAbstractButton::clicked, [this] { cmdAddCat_Click(); });
     on(*this, ui().CmdSelCat, &QAbstractButton::clicked, [this] { openCategories("S"); });
+    on(*this, ui().cmdAddCat, &QAbstractButton::clicked, [this] {
+        openCategories("A");
+        FillCatg();
+    });
     buttons_.connect();
     program().StartUp(*this);
     FillCatg();
@@ -55,54 +70,49 @@ void ItemMast::Form_Load() {
     buttons_.openByMode(list_.Which, {ui().txtCode, ui().TxtName}, {ui().Frame1});
 }
 
-void ItemMast::Form_Unload() {
-    item_.reset();
-    category_.reset();
-    units_.reset();
+bool ItemMast::hasCategories() {
+    return ui().CmbCat->ListCount() > 0;
 }
 
 void ItemMast::FillCatg() {
-    const auto rows = category_->GetComboCategories();
+    clsCategory category(program().dataAccess());
     DropList& list = *ui().CmbCat;
     list.Clear();
+    const auto rows = category.GetComboCategories();
     if (!rows) return;
     std::vector<DropList::Entry> entries;
     entries.reserve(static_cast<std::size_t>(rows->rows()));
     for (int row = 0; row < rows->rows(); ++row) {
         const std::int16_t key = toInt16((*rows)(0, row));
-        entries.push_back({textOrEmpty((*rows)(1, row)) + category_->GetParentName(key), key});
+        entries.push_back({textOrEmpty((*rows)(1, row)) + category.GetParentName(key), key});
     }
     list.fill(std::move(entries));
     list.select(0);
     list.setVisible(true);
-    for (QWidget* standIn : {static_cast<QWidget*>(ui().txtCatName), static_cast<QWidget*>(ui().CmdSelCat),
-                             static_cast<QWidget*>(ui().cmdAddCat)})
+    for (QWidget* standIn : std::initializer_list<QWidget*>{ui().txtCatName, ui().CmdSelCat, ui().cmdAddCat})
         standIn->setVisible(false);
     ui().Label3->setBuddy(&list);
-    categoriesFilled_ = true;
 }
 
 void ItemMast::FillUnits() {
-    units_->Mastertable = "Units";
-    fillNames(*ui().cmbUnit, units_->GetComboCategories());
+    clsMaster units(program().dataAccess());
+    units.Mastertable = "Units";
+    fillNames(*ui().cmbUnit, units.GetComboCategories());
 }
 
 void ItemMast::FillData() {
     Item().GetItem();
     ui().txtCode->setText(Item().Itemcode);
     ui().TxtName->setText(Item().Itemname);
-    category_->Catid = Item().CategoryId;
-    const std::string name = category_->GetCatg();
-    if (categoriesFilled_)
+    clsCategory category(program().dataAccess());
+    category.Catid = Item().CategoryId;
+    const std::string name = category.GetCatg();
+    if (hasCategories())
         ui().CmbCat->selectItemData(Item().CategoryId);
     else
         ui().txtCatName->setText(name);
     ui().cmbUnit->selectItemData(Item().UnitId);
-    ui().TxtMaterial->setText(generalText(Item().Material));
-    ui().txtLabor->setText(generalText(Item().Labor));
-    ui().txtSubLabor->setText(generalText(Item().SubLabor));
-    ui().txtEquipment->setText(generalText(Item().Equipment));
-    ui().TxtQty->setText(generalText(Item().qty));
+    for (const ItemAmount& each : itemAmounts) (ui().*each.box)->setText(generalText(Item().*each.amount));
 }
 
 void ItemMast::openCategories(const char* which) {
@@ -110,31 +120,20 @@ void ItemMast::openCategories(const char* which) {
     categories_.ShowModal();
 }
 
-void ItemMast::cmdAddCat_Click() {
-    openCategories("A");
-    FillCatg();
-}
-
 void ItemMast::copyToRecord() {
-    const auto amount = [](const TextBox* box) { return narrowToSingle(lenientNumber(box->Text())); };
     Item().Itemcode = ui().txtCode->Text();
     Item().Itemname = ui().TxtName->Text();
-    Item().Material = amount(ui().TxtMaterial);
-    Item().Labor = amount(ui().txtLabor);
-    Item().SubLabor = amount(ui().txtSubLabor);
-    Item().Equipment = amount(ui().txtEquipment);
-    Item().qty = amount(ui().TxtQty);
+    for (const ItemAmount& each : itemAmounts)
+        Item().*each.amount = narrowToSingle(lenientNumber((ui().*each.box)->Text()));
     Item().TU.clear();
     // While the list has no category to offer, the one that was picked instead stays, or none.
-    if (categoriesFilled_) Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData());
+    if (hasCategories()) Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData());
     Item().UnitId = narrowToInt16(ui().cmbUnit->ItemData());
 }
 
 void ItemMast::ClearClass() {
-    Item().itemid = 0;
-    Item().CategoryId = 0;
-    Item().UnitId = 0;
-    Item().Material = Item().Labor = Item().SubLabor = Item().Equipment = Item().qty = 0;
+    Item().itemid = Item().CategoryId = Item().UnitId = 0;
+    for (const ItemAmount& each : itemAmounts) Item().*each.amount = 0;
     for (std::string* text : {&Item().Itemcode, &Item().Itemname, &Item().TU}) text->clear();
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <string>
 
-#include "masters/cls_category.h"
+#include "datastore/at_first_use.h"
 #include "masters/cls_item.h"
-#include "masters/cls_master.h"
-#include "masters/screens/category_pick.h"
 #include "screens/entry_buttons.h"
 #include "screens/form.h"
-#include "ui_item_mast.h"
+
+class Ui_ItemMast;
 
 namespace torvane {
 
@@ -16,35 +16,33 @@ class frmCategory;
 class frmItem;
 
 // Entry form of one item, shown modally over the item list.
-class ItemMast : public FormOf<Ui::ItemMast>, public CategoryPick {
+class ItemMast : public FormOf<Ui_ItemMast> {
 public:
     ItemMast(Program& program, frmItem& list, frmCategory& categories);
+    ~ItemMast() override;
 
     // The item being shown; it lives from first touch until the form is closed.
-    ClsItem& Item();
+    AtFirstUse<ClsItem> Item{program().dataAccess()};
 
     // The category that was picked while the form had none to offer.
-    void takeCategory(std::int16_t CategoryId, const std::string& name) override;
+    void takeCategory(std::int16_t CategoryId, const std::string& name);
 
 protected:
     void Form_Load() override;
-    void Form_Unload() override;
+    void Form_Unload() override { Item.reset(); }
 
 private:
-    void copyToRecord();
-    void ClearClass();
+    EntryButtons::Parts entryParts();
     void FillCatg();
     void FillUnits();
     void FillData();
+    bool hasCategories();
     void openCategories(const char* which);
-    void cmdAddCat_Click();
+    void copyToRecord();
+    void ClearClass();
 
     frmItem& list_;
     frmCategory& categories_;
-    std::unique_ptr<ClsItem> item_;
-    std::unique_ptr<clsCategory> category_;
-    std::unique_ptr<clsMaster> units_;
-    bool categoriesFilled_ = false;
     EntryButtons buttons_;
 };
 

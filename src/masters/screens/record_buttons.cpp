@@ -2,30 +2,30 @@
 
 #include <QMenu>
 
-#include "screens/form.h"
-
 namespace torvane {
 
-RecordButtons::RecordButtons(Form& form, std::string& which, PagedList& list, Parts parts)
-    : form_(form), which_(which), list_(list), parts_(std::move(parts)) {}
+void RecordButtons::connect(QAbstractButton* cmdCopy, QAbstractButton* CmdEdit, QAbstractButton* cmdDel) {
+    on(form_, cmdCopy, &QAbstractButton::clicked, [this] { copy(); });
+    on(form_, CmdEdit, &QAbstractButton::clicked, [this] { edit(); });
+    on(form_, cmdDel, &QAbstractButton::clicked, [this] { remove(); });
+}
 
 void RecordButtons::copy() {
     which_ = "C";
-    parts_.AddEditDel() = "A";
-    parts_.showEntryForm(list_.selectedKey16(), "A");
+    showEntryForm_(list_.selectedKey16(), "A");
     list_.RefreshGrid();
 }
 
 void RecordButtons::edit() {
     if (!list_.hasRows()) return;
-    parts_.showEntryForm(list_.selectedKey16(), "E");
+    showEntryForm_(list_.selectedKey16(), "E");
     list_.RefreshGrid();
 }
 
 void RecordButtons::doubleClick() {
     if (!list_.hasRows()) return;
     if (which_ == "A" || which_ == "D" || which_ == "E") which_ += 'E';
-    parts_.showEntryForm(list_.selectedKey16(), "E");
+    showEntryForm_(list_.selectedKey16(), "E");
     list_.refill();
 }
 
@@ -35,8 +35,7 @@ void RecordButtons::remove() {
     const std::int16_t key = list_.selectedKey16();
     if (program.confirm("Are you sure you want to Delete ' " + list_.selectedName() + " '", "Inventory")) {
         const Program::Doing doing(program, "deleting the record");
-        parts_.AddEditDel() = "D";
-        parts_.remove(key);
+        delete_(key);
         program.say("Deleted", defaultTitle);
     }
     list_.RefreshGrid();

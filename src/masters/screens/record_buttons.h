@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "datastore/at_first_use.h"
+#include "screens/form.h"
 #include "screens/paged_list.h"
 
 class QMenu;
@@ -16,27 +18,39 @@ namespace torvane {
 // entry form stands over the list.
 class RecordButtons {
 public:
-    struct Parts {
-        // The action flag of the list's own record.
-        std::function<std::string&()> AddEditDel;
-        // Removes the record with this key; the flag is "D" by then.
-        std::function<void(std::int16_t key)> remove;
-        // Puts the record with this key and an action flag into the entry form, and shows that modally.
-        std::function<void(std::int16_t key, std::string_view flag)> showEntryForm;
-    };
-    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE".
-    RecordButtons(Form& form, std::string& which, PagedList& list, Parts parts);
+    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE". `listed` is the
+    // record of the list, `shown` that of the entry form, `key` the member with its key, and `read` loads the row of it.
+    template <class Record>
+    RecordButtons(Form& form, std::string& which, PagedList& list, AtFirstUse<Record>& listed, Form& entryForm,
+                  AtFirstUse<Record>& shown, std::int16_t Record::*key, void (Record::*read)())
+        : form_(form), which_(which), list_(list) {
+        delete_ = [&listed, key](std::int16_t selected) {
+            listed().*key = selected;
+            listed().AddEditDel = "D";
+            listed().Delete();
+        };
+        showEntryForm_ = [&entryForm, &shown, key, read](std::int16_t selected, std::string_view flag) {
+            shown().*key = selected;
+            (shown().*read)();
+            shown().AddEditDel = flag;
+            entryForm.ShowModal();
+        };
+    }
 
-    void copy();
-    void edit();
-    void remove();
+    // Called at each load.
+    void connect(QAbstractButton* cmdCopy, QAbstractButton* CmdEdit, QAbstractButton* cmdDel);
     void doubleClick();
 
 private:
+    void copy();
+    void edit();
+    void remove();
+
     Form& form_;
     std::string& which_;
     PagedList& list_;
-    const Parts parts_;
+    std::function<void(std::int16_t key)> delete_;
+    std::function<void(std::int16_t key, std::string_view flag)> showEntryForm_;
 };
 
 struct RelatedEntry {

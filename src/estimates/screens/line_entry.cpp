@@ -1,8 +1,9 @@
-// The line panel, the list of lines and the totals.
+#include "estimates/screens/line_entry.h"
 
-#include "estimates/line_row.h"
 #include "estimates/screens/frm_order.h"
+#include "masters/cls_category.h"
 #include "screens/focus_watcher.h"
+#include "ui_frm_order.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -10,7 +11,7 @@ namespace torvane {
 // A box that choosing an item fills from its master prices. A price that is changed in it may go back to the item; the
 // quantity may not.
 struct PriceBox {
-    TextBox* Ui::frmOrder::*box;
+    TextBox* Ui_frmOrder::*box;
     PricePart part;
     std::string_view name = {};  // in the question
     void (ClsItem::*update)(std::int32_t itmid, std::string_view prc) = nullptr;
@@ -22,33 +23,51 @@ constexpr std::string_view boxTitle = "Inventory";
 
 // In the order in which they are filled.
 constexpr PriceBox priceBoxes[] = {
-    {&Ui::frmOrder::TxtMaterial, PricePart::Material, "Material", &ClsItem::Updatematerialprice},
-    {&Ui::frmOrder::txtLabor, PricePart::Labor, "Labor", &ClsItem::Updatelabourprice},
-    {&Ui::frmOrder::TxtQty, PricePart::Quantity},
-    {&Ui::frmOrder::txtExtension, PricePart::SubLabor, "SubLabor", &ClsItem::UpdateSublabourprice},
-    {&Ui::frmOrder::txtOthers, PricePart::Equipment, "Equipment", &ClsItem::UpdateEquipmentprice},
+    {&Ui_frmOrder::TxtMaterial, PricePart::Material, "Material", &ClsItem::Updatematerialprice},
+    {&Ui_frmOrder::txtLabor, PricePart::Labor, "Labor", &ClsItem::Updatelabourprice},
+    {&Ui_frmOrder::TxtQty, PricePart::Quantity},
+    {&Ui_frmOrder::txtExtension, PricePart::SubLabor, "SubLabor", &ClsItem::UpdateSublabourprice},
+    {&Ui_frmOrder::txtOthers, PricePart::Equipment, "Equipment", &ClsItem::UpdateEquipmentprice},
 };
 
 }  // namespace
 
-// --- The line panel --------------------------------------------------------------------------------------------------
+Ui_frmOrder& LineEntry::ui() {
+    return screen_.ui();
+}
 
-void frmOrder::connectPanel() {
-    on(*this, ui().cmbItems, &DropList::Click, &frmOrder::cmbItems_Click);
+void LineEntry::connect() {
+    on(screen_, ui().cmbItems, &DropList::Click, [this] { cmbItems_Click(); });
     for (const PriceBox& each : priceBoxes) {
         TextBox* box = ui().*each.box;
         box->setKeyFilter("0123456789.");
         if (!each.update) continue;
-        on(*this, box, &QLineEdit::textChanged, &frmOrder::CalTot);
-        program().focusWatcher().watch(*this, box, [this, &each] { askMasterPrice(each); });
+        on(screen_, box, &QLineEdit::textChanged, [this] { CalTot(); });
+        screen_.program().focusWatcher().watch(screen_, box, [this, &each] { askMasterPrice(each); });
     }
+    for (TextBox* box : {ui().TxtAmount, ui().txtTaxPer, ui().txtOHPer})
+        on(screen_, box, &QLineEdit::textChanged, [this] { CalFinalTotal(); });
+    on(screen_, ui().ListView1, &ReportList::DblClick, [this] { CmdEdit_Click(); });
+    on(screen_, ui().cmdAdd, &QAbstractButton::clicked, [this] { cmdAdd_Click(); });
+    on(screen_, ui().CmdEdit, &QAbstractButton::clicked, [this] { CmdEdit_Click(); });
+    on(screen_, ui().cmdEditApply, &QAbstractButton::clicked, [this] { cmdEditApply_Click(); });
+    on(screen_, ui().cmdEditCanc, &QAbstractButton::clicked, [this] { showEditing(false); });
+    on(screen_, ui().cmdDel, &QAbstractButton::clicked, [this] { cmdDel_Click(); });
 }
 
-void frmOrder::FillItems() {
+void LineEntry::InitListView() {
+    std::vector<ReportList::Column> columns;
+    for (const LineColumn& column : lineColumns) columns.push_back({column.header, column.twips, column.numeric});
+    ui().ListView1->setColumns(columns);
+}
+
+// --- The line panel --------------------------------------------------------------------------------------------------
+
+void LineEntry::FillItems() {
     ui().cmbItems->Clear();
     ui().cmbPrices->Clear();
     pricedEntry_ = -1;
-    const auto items = Order().GetComboItems();
+    const auto items = screen_.Order().GetComboItems();
     if (!items) return;
     std::vector<DropList::Entry> names;
     std::vector<DropList::Entry> prices;
@@ -65,58 +84,58 @@ void frmOrder::FillItems() {
     ui().cmbItems->select(0);
 }
 
-LinePanel frmOrder::panel() {
+LinePanel LineEntry::panel() {
     return {ui().TxtQty->Text(), ui().TxtMaterial->Text(), ui().txtLabor->Text(), ui().txtExtension->Text(),
             ui().txtOthers->Text()};
 }
 
-void frmOrder::cmbItems_Click() {
+void LineEntry::cmbItems_Click() {
     pricedEntry_ = ui().cmbItems->ListIndex();
     if (FillingRow) return;
-    const Program::Doing doing(program(), "choosing the item");
+    const Program::Doing doing(screen_.program(), "choosing the item");
     const std::string prices = ui().cmbPrices->List(pricedEntry_);
     for (const PriceBox& each : priceBoxes) (ui().*each.box)->setText(pricePart(prices, each.part));
 }
 
-void frmOrder::askMasterPrice(const PriceBox& changed) {
+void LineEntry::askMasterPrice(const PriceBox& changed) {
     // The question waits while the list of items is open, and the list has the next item by then.
     if (pricedEntry_ < 0) return;
     const TextBox& box = *(ui().*changed.box);
     if (box.Text() == pricePart(ui().cmbPrices->List(pricedEntry_), changed.part)) return;
-    if (!program().confirm("You have changed the " + std::string(changed.name) +
-                               " Price. Do you want to update this price in Main File?",
-                           "Change master file price?"))
+    if (!screen_.program().confirm("You have changed the " + std::string(changed.name) +
+                                       " Price. Do you want to update this price in Main File?",
+                                   "Change master file price?"))
         return;
-    const Program::Doing doing(program(), "writing the price to the catalogue");
-    ClsItem master(program().dataAccess());
+    const Program::Doing doing(screen_.program(), "writing the price to the catalogue");
+    ClsItem master(screen_.program().dataAccess());
     (master.*changed.update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
 }
 
-void frmOrder::readItem(ClsItem& item) {
+void LineEntry::readItem(ClsItem& item) {
     item.GetItem();
-    if (!category_) category_ = std::make_unique<clsCategory>(program().dataAccess());
-    category_->Catid = item.CategoryId;
-    category_->GetCatg();
+    clsCategory category(screen_.program().dataAccess());
+    category.Catid = item.CategoryId;
+    category.GetCatg();
 }
 
-bool frmOrder::quantityMissing() {
+bool LineEntry::quantityMissing() {
     if (lenientNumber(ui().TxtQty->Text()) != 0) return false;
-    program().say("Please enter Quanttity", boxTitle);
+    screen_.program().say("Please enter Quanttity", boxTitle);
     return true;
 }
 
-bool frmOrder::alreadyAdded(std::int32_t itemId, std::int32_t leaveOut) {
+bool LineEntry::alreadyAdded(std::int32_t itemId, std::int32_t leaveOut) {
     const LineKey key{itemId, ui().cmbRooms->ItemData(), ui().cmbUnits->ItemData()};
     std::int32_t index = 0;
-    for (const auto& line : Order().ColnOrderItems().NewEnum()) {
+    for (const auto& line : screen_.Order().ColnOrderItems().NewEnum()) {
         if (++index == leaveOut || keyOf(*line) != key) continue;
-        program().say("Item already added ", boxTitle);
+        screen_.program().say("Item already added ", boxTitle);
         return true;
     }
     return false;
 }
 
-LineNames frmOrder::names(std::int32_t itemId, std::string item) {
+LineNames LineEntry::names(std::int32_t itemId, std::string item) {
     return {itemId,
             std::move(item),
             ui().cmbRooms->ItemData(),
@@ -125,60 +144,59 @@ LineNames frmOrder::names(std::int32_t itemId, std::string item) {
             ui().cmbUnits->Text()};
 }
 
-// The row of the list that the panel stands for.
-std::vector<std::string> frmOrder::panelRow(std::int32_t itemId) {
-    return cellsOf(enteredRow(names(itemId, ui().cmbItems->Text()), panel()));
+LineRow LineEntry::panelRow(std::int32_t itemId) {
+    return enteredRow(names(itemId, ui().cmbItems->Text()), panel());
 }
 
-LineRow frmOrder::listedRow(int row) {
-    LineRow line;
-    for (const LineColumn& column : lineColumns) line.*column.text = ui().ListView1->Cell(row, columnOf(column.text));
-    return line;
+LineRow LineEntry::listedRow(int row) {
+    LineRow texts;
+    for (int column = 0; column < std::ssize(lineColumns); ++column) texts.push_back(ui().ListView1->Cell(row, column));
+    return texts;
 }
 
-void frmOrder::loadLines() {
-    std::vector<std::vector<std::string>> rows;
-    rows.reserve(static_cast<std::size_t>(Order().ColnOrderItems().Count()));
-    for (const auto& line : Order().ColnOrderItems().NewEnum()) {
+void LineEntry::loadLines() {
+    std::vector<LineRow> rows;
+    rows.reserve(static_cast<std::size_t>(screen_.Order().ColnOrderItems().Count()));
+    for (const auto& line : screen_.Order().ColnOrderItems().NewEnum()) {
         readItem(*line->Item);
         ui().cmbRooms->selectItemData(line->mvarRoomId);
         ui().cmbUnits->selectItemData(line->mvarUnitId);
-        rows.push_back(cellsOf(storedRow(names(line->Item->itemid, line->Item->Itemname), *line)));
+        rows.push_back(storedRow(names(line->Item->itemid, line->Item->Itemname), *line));
     }
     ui().ListView1->AddRows(rows);
 }
 
-void frmOrder::cmdAdd_Click() {
+void LineEntry::cmdAdd_Click() {
     if (quantityMissing()) return;
-    const Program::Doing doing(program(), "adding the line");
+    const Program::Doing doing(screen_.program(), "adding the line");
     CurrentItemId = ui().cmbItems->ItemData();
     if (alreadyAdded(CurrentItemId, 0)) return;
     const LineAmounts amounts = lineAmounts(panel());
-    ClsOrderItems& line = Order().ColnOrderItems().Add(Value{std::int64_t{CurrentItemId}}, amounts.quantity,
-                                                       amounts.material, Value{std::int64_t{ui().cmbRooms->ItemData()}},
-                                                       Value{std::int64_t{ui().cmbUnits->ItemData()}},
-                                                       amounts.extension, amounts.labor, amounts.others);
+    ClsOrderItems& line = screen_.Order().ColnOrderItems().Add(
+        Value{std::int64_t{CurrentItemId}}, amounts.quantity, amounts.material,
+        Value{std::int64_t{ui().cmbRooms->ItemData()}}, Value{std::int64_t{ui().cmbUnits->ItemData()}},
+        amounts.extension, amounts.labor, amounts.others);
     readItem(*line.Item);
     ui().ListView1->AddRow(panelRow(line.Item->itemid));
     CalTotal();
 }
 
-int frmOrder::selectedRow() {
+int LineEntry::selectedRow() {
     const int row = ui().ListView1->SelectedRow();
     if (row < 0) fail(Failure::ObjectNotSet);
     return row;
 }
 
-void frmOrder::showEditing(bool editing) {
+void LineEntry::showEditing(bool editing) {
     ui().cmdAdd->setVisible(!editing);
     ui().cmdEditApply->setVisible(editing);
     ui().cmdEditCanc->setVisible(editing);
 }
 
-void frmOrder::CmdEdit_Click() {
-    const Program::Doing doing(program(), "taking the line into the boxes");
+void LineEntry::CmdEdit_Click() {
+    const Program::Doing doing(screen_.program(), "taking the line into the boxes");
     if (ui().ListView1->RowCount() == 0) {
-        program().say("No item to Edit", boxTitle);
+        screen_.program().say("No item to Edit", boxTitle);
         return;
     }
     const int selected = selectedRow();
@@ -186,39 +204,39 @@ void frmOrder::CmdEdit_Click() {
     const LineKey key = keyOf(row);
     FillingRow = true;
     ui().cmbRooms->selectItemData(key.roomId);
-    ui().TxtQty->setText(row.quantity);
+    ui().TxtQty->setText(row[LineColumn::quantity]);
     ui().cmbUnits->selectItemData(key.unitId);
     ui().cmbItems->selectItemData(key.itemId);
-    ui().TxtMaterial->setText(unitPriceText(row.quantity, row.material));
-    ui().txtLabor->setText(row.labor);
-    ui().txtExtension->setText(row.subLabor);
-    ui().txtOthers->setText(row.others);
+    ui().TxtMaterial->setText(unitPriceText(row[LineColumn::quantity], row[LineColumn::material]));
+    ui().txtLabor->setText(row[LineColumn::labor]);
+    ui().txtExtension->setText(row[LineColumn::subLabor]);
+    ui().txtOthers->setText(row[LineColumn::others]);
     ui().txtTotal->setText(generalText(lineAmounts(panel()).total));
-    ClsItem item(program().dataAccess());
+    ClsItem item(screen_.program().dataAccess());
     item.itemid = narrowToInt16(key.itemId);
     item.GetItem();
     showEditing(true);
     CurrentItemId = key.itemId;
     EditRowIndex = narrowToInt16(selected);
     std::int32_t index = 0;
-    for (const auto& line : Order().ColnOrderItems().NewEnum()) {
+    for (const auto& line : screen_.Order().ColnOrderItems().NewEnum()) {
         ++index;
         if (keyOf(*line) == key) EditLineIndex = narrowToInt16(index);
     }
     FillingRow = false;
 }
 
-void frmOrder::cmdEditApply_Click() {
+void LineEntry::cmdEditApply_Click() {
     if (quantityMissing()) return;
-    const Program::Doing doing(program(), "changing the line");
+    const Program::Doing doing(screen_.program(), "changing the line");
     if (alreadyAdded(CurrentItemId, EditLineIndex)) return;
     CurrentItemId = ui().cmbItems->ItemData();
     strictInt32(ui().TxtQty->Text());  // only its failure matters
-    ClsItem item(program().dataAccess());
+    ClsItem item(screen_.program().dataAccess());
     item.itemid = narrowToInt16(CurrentItemId);
     const LineAmounts amounts = lineAmounts(panel());
     // The line keeps its item, also when another one has been chosen.
-    ClsOrderItems& line = Order().ColnOrderItems().Item(EditLineIndex);
+    ClsOrderItems& line = screen_.Order().ColnOrderItems().Item(EditLineIndex);
     line.mvarRoomId = narrowToInt16(ui().cmbRooms->ItemData());
     line.mvarQty = narrowToSingle(amounts.quantity);
     line.mvarUnitId = narrowToInt16(ui().cmbUnits->ItemData());
@@ -232,20 +250,16 @@ void frmOrder::cmdEditApply_Click() {
     CalTotal();
 }
 
-void frmOrder::cmdEditCanc_Click() {
-    showEditing(false);
-}
-
-void frmOrder::cmdDel_Click() {
+void LineEntry::cmdDel_Click() {
     ReportList& list = *ui().ListView1;
     if (list.RowCount() == 0) {
-        program().say("No item to Delete", boxTitle);
+        screen_.program().say("No item to Delete", boxTitle);
         return;
     }
-    if (!program().confirm("Do you want to delete selected item from the list?", "Confirm Deletion")) return;
+    if (!screen_.program().confirm("Do you want to delete selected item from the list?", "Confirm Deletion")) return;
     const int row = selectedRow();
     const LineKey key = keyOf(listedRow(row));
-    auto& lines = Order().ColnOrderItems();
+    auto& lines = screen_.Order().ColnOrderItems();
     for (std::int32_t i = lines.Count(); i >= 1; --i)
         if (keyOf(lines.Item(i)) == key) lines.Remove(i);
     list.RemoveRow(row);
@@ -254,23 +268,23 @@ void frmOrder::cmdDel_Click() {
 
 // --- Totals ----------------------------------------------------------------------------------------------------------
 
-void frmOrder::CalTotal() {
+void LineEntry::CalTotal() {
     std::vector<std::string> totals;
     const int rows = ui().ListView1->RowCount();
     totals.reserve(static_cast<std::size_t>(rows));
-    for (int row = 0; row < rows; ++row) totals.push_back(ui().ListView1->Cell(row, columnOf(&LineRow::total)));
-    Order().Amount = sumOfTotals(totals);
-    ui().TxtAmount->setText(generalText(Order().Amount));
+    for (int row = 0; row < rows; ++row) totals.push_back(ui().ListView1->Cell(row, LineColumn::total));
+    screen_.Order().Amount = sumOfTotals(totals);
+    ui().TxtAmount->setText(generalText(screen_.Order().Amount));
     CalFinalTotal();
 }
 
-void frmOrder::CalTot() {
-    const Program::Doing doing(program(), "computing the line");
+void LineEntry::CalTot() {
+    const Program::Doing doing(screen_.program(), "computing the line");
     ui().txtTotal->setText(generalText(panelTotal(panel())));
 }
 
-void frmOrder::CalFinalTotal() {
-    const Program::Doing doing(program(), "computing the totals");
+void LineEntry::CalFinalTotal() {
+    const Program::Doing doing(screen_.program(), "computing the totals");
     const TotalTexts texts = totalTexts(ui().TxtAmount->Text(), ui().txtTaxPer->Text(), ui().txtOHPer->Text());
     ui().txtTax->setText(texts.tax);
     ui().txtOverhead->setText(texts.overhead);
