@@ -11,9 +11,6 @@ namespace torvane {
 
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 // Bytes beyond ASCII count as letters: month names may hold any.
 bool isLetter(char c) {
     return (lower(c) >= 'a' && lower(c) <= 'z') || !isAscii(c);
