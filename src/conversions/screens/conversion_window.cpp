@@ -22,9 +22,8 @@ namespace torvane {
 
 namespace {
 
-const Unit* chosen(const Category& category, const QListWidget& list) {
-    const int row = list.currentRow();
-    return row < 0 ? nullptr : &category.units[static_cast<std::size_t>(row)];
+const Unit& chosen(const Category& category, const QListWidget& list) {
+    return category.units[static_cast<std::size_t>(list.currentRow())];
 }
 
 // Room for the longest name and the longest list of all categories, so that the window keeps its size.
@@ -138,7 +137,7 @@ void ConversionWindow::startCategory(int index) {
     fill(*sides_[0].units, *category_, category_->from);
     fill(*sides_[1].units, *category_, category_->to);
     typed_ = 0;
-    const std::string_view example = chosen(*category_, *sides_[0].units)->example;
+    const std::string_view example = chosen(*category_, *sides_[0].units).example;
     sides_[0].box->setText(qstring(example.empty() ? "1" : example));
     sides_[0].box->selectAll();
     follow();
@@ -147,15 +146,14 @@ void ConversionWindow::startCategory(int index) {
 void ConversionWindow::follow() {
     const Side& source = sides_[typed_];
     Side& result = sides_[1 - typed_];
-    const Unit* from = chosen(*category_, *source.units);
-    const Unit* to = chosen(*category_, *result.units);
-    if (!from || !to) return;
-    fractions_->setEnabled(from->notation == Notation::FeetInches || to->notation == Notation::FeetInches);
-    source.box->setPlaceholderText(qstring(from->example));
-    result.box->setPlaceholderText(qstring(to->example));
+    const Unit& from = chosen(*category_, *source.units);
+    const Unit& to = chosen(*category_, *result.units);
+    fractions_->setEnabled(from.notation == Notation::FeetInches || to.notation == Notation::FeetInches);
+    source.box->setPlaceholderText(qstring(from.example));
+    result.box->setPlaceholderText(qstring(to.example));
     if (!result.box->text().isEmpty()) result.lastText = utf8(result.box->text());
     result.box->setText(
-        qstring(converted(utf8(source.box->text()), *from, *to, {fractions_->currentData().toInt(), result.lastText})));
+        qstring(converted(utf8(source.box->text()), from, to, {fractions_->currentData().toInt(), result.lastText})));
     result.box->setCursorPosition(0);
 }
 
