@@ -19,7 +19,6 @@
 #include <vector>
 
 #include "assistant/animated_assistant.h"
-#include "assistant/speech.h"
 #include "values/failure.h"
 
 namespace torvane {
@@ -311,104 +310,79 @@ TEST_F(AssistantTest, ATextWaitsForTheReaderAndTheVoiceButNotForEver) {
     EXPECT_EQ(lines.join(", "), "say one, hush, say two, hush, away") << "the voice stops with its text";
 }
 
-// Does what its name says: "speaks", "fails", "dies" in the midst of a text, "hangs".
-class FakeEngine : public SpeechEngine {
-public:
-    FakeEngine(std::string name, std::string& log) : name_(std::move(name)), log_(log) {}
-    ~FakeEngine() override { log_ += "-" + name_ + " "; }
-    void say(const QString& text) override {
-        log_ += name_ + ":" + text.toStdString() + " ";
-        if (name_ == "fails") emit ended(false);
-        if (name_ != "speaks" && name_ != "dies") return;
-        const auto end = [this] { emit ended(name_ == "speaks"); };
-        QMetaObject::invokeMethod(this, end, Qt::QueuedConnection);
+// Engines are shell scripts here, which tell in a file, $0, what becomes of them.
+class EngineVoiceTest : public ::testing::Test {
+protected:
+    static QStringList engine(const char* program, const QString& file) {
+        const std::map<std::string_view, const char*> scripts{
+            {"speaks", "echo speaks $1 >> $0"},
+            {"fails", "echo fails $1 >> $0; exit 1"},
+            {"crashes", "echo crashes $1 >> $0; kill -SEGV $$"},
+            {"listens", "echo listens $1 >> $0; cat; echo stopped >> $0"},
+            {"hangs", "echo hangs $1 >> $0; exec sleep 1000"},
+        };
+        const auto script = scripts.find(program);
+        if (script == scripts.end()) return {program};
+        return {"/bin/sh", "-c", script->second, file};
     }
-    void stop() override { log_ += "stop "; }
-
-private:
-    std::string name_;
-    std::string& log_;
+    std::string log() {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().replace('\n', "; ").toStdString() : "";
+    }
+    QTemporaryDir folder;
+    const QString name = folder.filePath("log");
 };
 
-TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaks) {
-    struct Row {
+TEST_F(EngineVoiceTest, TakesTheFirstEngineThatSpeaks) {
+    const struct {
         std::vector<const char*> engines;
-        const char* log;  // of two texts, a and b, each given up when it does not end; then one that is hushed
-        int ended;
-    };
-    for (const Row& row : {Row{{}, "", 3}, Row{{"speaks", "fails"}, "speaks:a speaks:b speaks:c stop ", 2},
-                           Row{{"fails", "speaks"}, "fails:a speaks:a -fails speaks:b speaks:c stop ", 2},
-                           Row{{"dies", "speaks"}, "dies:a speaks:a -dies speaks:b speaks:c stop ", 2},
-                           Row{{"fails", "dies"}, "fails:a dies:a -dies -fails ", 3},
-                           Row{{"hangs", "speaks"}, "hangs:a -hangs speaks:b speaks:c stop ", 1}}) {
-        std::string log;
+        const char* log;
+    } rows[] = {{{}, ""},
+                {{"speaks", "fails"}, "speaks a; speaks b; "},
+                {{"/nowhere/Speak.exe", "fails", "crashes", "speaks"}, "fails a; crashes a; speaks a; speaks b; "},
+                {{"fails", "crashes"}, "fails a; crashes a; "}};
+    for (const auto& row : rows) {
+        QFile::remove(name);
         int searches = 0;
         EngineVoice voice([&] {
             ++searches;
-            EngineVoice::Makers makers;
-            for (const char* name : row.engines)
-                makers.emplace_back([name, &log] { return std::make_unique<FakeEngine>(name, log); });
-            return makers;
+            EngineVoice::Commands commands;
+            for (const char* program : row.engines) commands.append(engine(program, name));
+            return commands;
         });
         int ended = 0;
-        for (const char* text : {"a", "b"}) {
-            const int before = ended;
+        int said = 0;
+        for (const char* text : {"a", "b", " "}) {
             voice.say(text, [&] { ++ended; });
-            for (std::size_t i = 0; i <= row.engines.size(); ++i) QCoreApplication::processEvents();
-            if (ended == before) voice.giveUp();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            ++said;
+            EXPECT_TRUE(QTest::qWaitFor([&] { return ended == said; })) << text;
         }
-        voice.say("c", [&] { ++ended; });
-        voice.hush();
-        QCoreApplication::processEvents();
-        voice.say(" ", [&] { ++ended; });
-        EXPECT_EQ(log, row.log);
-        EXPECT_EQ(ended, row.ended + 1) << row.log << "and a text of nothing";
+        EXPECT_EQ(log(), row.log);
         EXPECT_EQ(searches, 1);
     }
 }
 
-TEST(SpeechProgramTest, EndsAsItsProgramEnds) {
+TEST_F(EngineVoiceTest, AnEngineIsStoppedByTheEndOfItsInputAndElseByForce) {
     const struct {
-        const char* shell;
-        const char* script;
-        bool said;
-    } rows[] = {{"/bin/sh", "test \"$0\" = \"a text\"", true},
-                {"/bin/sh", "exit 1", false},
-                {"/bin/sh", "kill -SEGV $$", false},
-                {"/nowhere/Speak.exe", "", false}};
+        const char* program;
+        void (EngineVoice::*stop)();
+        const char* log;
+    } rows[] = {{"listens", &EngineVoice::hush, "listens a; stopped; listens b; "},
+                {"hangs", &EngineVoice::hush, "hangs a; hangs b; "},
+                {"hangs", &EngineVoice::giveUp, "hangs a; speaks b; "}};
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.script);
-        SpeechProgram engine(row.shell, {"-c", row.script});
-        std::vector<bool> ended;
-        QObject::connect(&engine, &SpeechEngine::ended, [&](bool said) { ended.push_back(said); });
-        engine.say("a text");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !ended.empty(); }));
-        EXPECT_EQ(ended, std::vector<bool>{row.said});
-    }
-}
-
-TEST(SpeechProgramTest, StopsAtTheEndOfItsInputAndElseByForce) {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("fate");
-    const auto fate = [&] {
-        QFile written(file);
-        return written.open(QIODevice::ReadOnly) ? written.readAll().toStdString() : "";
-    };
-    // They tell in a file what becomes of them; the second one does not listen.
-    const std::pair<const char*, std::string> rows[] = {{"echo on > \"$0\"; cat; echo left >> \"$0\"", "on\nleft\n"},
-                                                        {"echo on > \"$0\"; exec sleep 1000", "on\n"}};
-    for (const auto& [script, told] : rows) {
-        QFile::remove(file);
-        SpeechProgram engine("/bin/sh", {"-c", script});
-        bool heard = false;
-        QObject::connect(&engine, &SpeechEngine::ended, [&] { heard = true; });
-        engine.say(file);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return fate() == "on\n"; }));
-        engine.stop();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return engine.findChildren<QProcess*>().isEmpty(); }));
-        EXPECT_FALSE(heard) << "nobody asks any more";
-        EXPECT_EQ(fate(), told);
+        QFile::remove(name);
+        EngineVoice voice([&] { return EngineVoice::Commands{engine(row.program, name), engine("speaks", name)}; });
+        bool ended = false;
+        voice.say("a", [&] { ended = true; });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !log().empty(); }));
+        (voice.*row.stop)();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return voice.findChildren<QProcess*>().isEmpty(); }));
+        EXPECT_FALSE(ended) << "nobody asks any more";
+        const std::string before = log();
+        voice.say("b", [] {});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return log() != before; }));
+        EXPECT_EQ(log(), row.log);
     }
 }
 

@@ -10,8 +10,8 @@
 
 #include "assistant/assistant_window.h"
 #include "assistant/character.h"
+#include "assistant/engine_voice.h"
 #include "assistant/ticker.h"
-#include "assistant/voice.h"
 #include "screens/assistant.h"
 
 namespace torvane {
