@@ -2,7 +2,7 @@
 #include <QStandardPaths>
 
 #include "assistant/animated_assistant.h"
-#include "assistant/speech.h"
+#include "assistant/engine_voice.h"
 #include "datastore/store.h"
 #include "screens/guarded_application.h"
 #include "screens/qt_host.h"

@@ -9,9 +9,9 @@
 #include <QScreen>
 #include <QSvgRenderer>
 #include <QWindow>
-#include <algorithm>
 
 #include "assistant/balloon.h"
+#include "screens/form_window.h"
 
 namespace torvane {
 
@@ -24,15 +24,10 @@ AssistantWindow::AssistantWindow(const Character& character)
     setAccessibleName("Assistant");
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
     resize(character.size());
     move(100, 100);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &AssistantWindow::comeToFront);
-}
-
-AssistantWindow::~AssistantWindow() {
-    qApp->removeEventFilter(this);
 }
 
 void AssistantWindow::enter() {
@@ -52,9 +47,7 @@ void AssistantWindow::leave() {
 void AssistantWindow::moveTo(int x, int y) {
     const QScreen* screen = QGuiApplication::screenAt(QPoint(x, y));
     if (!screen) screen = QGuiApplication::primaryScreen();
-    const QRect room = screen->availableGeometry();
-    move(std::max(room.left(), std::min(x, room.right() + 1 - width())),
-         std::max(room.top(), std::min(y, room.bottom() + 1 - height())));
+    move(whollyOn(screen->availableGeometry(), QRect(QPoint(x, y), size())).topLeft());
     if (speaking_) placeBalloon();
 }
 

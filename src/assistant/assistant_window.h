@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <string>
 
-#include "assistant/narrator.h"
+#include "assistant/character.h"
 
 namespace torvane {
 
@@ -16,20 +16,19 @@ class Balloon;
 // modal window stands, but is out of sight while that is a message box, which it must not cover. A click, or Escape in
 // any window, asks for the text to go, and only without a text is Escape the window's own; the character can be
 // dragged, and its menu sends it away.
-class AssistantWindow : public QWidget, public Stage {
+class AssistantWindow : public QWidget {
     Q_OBJECT
 public:
     // The character outlives the window.
     explicit AssistantWindow(const Character& character);
-    ~AssistantWindow() override;
 
-    void enter() override;
-    void leave() override;
+    void enter();
+    void leave();
     // The upper left corner of the character, moved so that the screen shows all of it.
-    void moveTo(int x, int y) override;
-    void showFrame(int frame) override;
-    void showText(const std::string& text) override;
-    void hideText() override;
+    void moveTo(int x, int y);
+    void showFrame(int frame);
+    void showText(const std::string& text);
+    void hideText();
 
 signals:
     void dismissed();

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 
+#include "screens/form_window.h"
+
 namespace torvane {
 
 namespace {
@@ -18,13 +20,67 @@ constexpr int padding = 14;
 constexpr int corner = 12;
 const QColor border("#4a7fb5");
 
+enum class Side { Above, Right, Left, Below };
+
+// The first side of the character that has room for the balloon, or else the one with the most.
+Side sideWithRoom(const QSize& body, const QRect& character, const QRect& screen) {
+    const std::array room{
+        character.top() - screen.top() - body.height(), screen.right() - character.right() - body.width(),
+        character.left() - screen.left() - body.width(), screen.bottom() - character.bottom() - body.height()};
+    const auto* fitting = std::ranges::find_if(room, [](int left) { return left >= tail; });
+    return static_cast<Side>((fitting == room.end() ? std::ranges::max_element(room) : fitting) - room.begin());
+}
+
+// Where the tail ends: at the character's head.
+QPoint tipOf(Side side, const QRect& character) {
+    const int mouth = character.top() + character.height() * 2 / 5;
+    const int inward = character.width() / 12;
+    if (side == Side::Right) return {character.right() - inward, mouth};
+    if (side == Side::Left) return {character.left() + inward, mouth};
+    return {character.center().x(), side == Side::Above ? character.top() : character.bottom()};
+}
+
+// The balloon without its tail, wholly on the screen.
+QRect bodyOf(Side side, const QSize& size, const QRect& character, const QRect& screen) {
+    QRect body(QPoint(), size);
+    body.moveCenter(tipOf(side, character));
+    if (side == Side::Right) body.moveLeft(character.right() + tail);
+    if (side == Side::Left) body.moveRight(character.left() - tail);
+    if (side == Side::Below) body.moveTop(character.bottom() + tail);
+    if (side == Side::Above) {
+        body.translate(size.width() / 3, 0);
+        body.moveBottom(character.top() - tail);
+    }
+    return whollyOn(screen.adjusted(1, 1, -1, -1), body);
+}
+
+// The balloon's line with a tail from the edge towards the character, clear of the round corners.
+QPainterPath outlineOf(Side side, const QRectF& box, const QPointF& tip) {
+    constexpr int halfFoot = 9;
+    constexpr int clear = corner + 10;
+    const bool upright = side == Side::Above || side == Side::Below;
+    const double low = (upright ? box.left() : box.top()) + clear;
+    const double high = (upright ? box.right() : box.bottom()) - clear;
+    const double foot = std::clamp(upright ? tip.x() : tip.y(), low, std::max(low, high));
+    const auto onEdge = [&](double along) {
+        if (upright) return QPointF(along, side == Side::Above ? box.bottom() - 1 : box.top() + 1);
+        return QPointF(side == Side::Left ? box.right() - 1 : box.left() + 1, along);
+    };
+    QPainterPath pointer(onEdge(foot - halfFoot));
+    pointer.lineTo(tip);
+    pointer.lineTo(onEdge(foot + halfFoot));
+    pointer.closeSubpath();
+    QPainterPath outline;
+    outline.addRoundedRect(box, corner, corner);
+    return outline.united(pointer);
+}
+
 }  // namespace
 
 Balloon::Balloon(QWidget* character)
     : QWidget(character, character->windowFlags()), area_(new QScrollArea(this)), label_(new QLabel) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_QuitOnClose, false);
     label_->setObjectName("Balloon");
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(true);
@@ -58,74 +114,21 @@ QSize Balloon::textSize(const QSize& most) const {
 }
 
 void Balloon::placeAt(const QRect& character, const QRect& screen) {
-    const int frame = 2 * padding;
-    const QSize most(screen.width() - frame - 2 * tail, screen.height() - frame - 2 * tail);
+    const QSize frame(2 * padding, 2 * padding);
+    const QSize most = screen.size() - frame - QSize(2 * tail, 2 * tail);
     const QSize text = textSize(most);
-    const bool scrolls = text.height() > most.height();
-    const int bar = scrolls ? area_->verticalScrollBar()->sizeHint().width() : 0;
-    const QSize inner(std::min(text.width() + bar, most.width()), std::min(text.height(), most.height()));
-    QRect body(QPoint(), inner + QSize(frame, frame));
+    const int bar = text.height() > most.height() ? area_->verticalScrollBar()->sizeHint().width() : 0;
+    const QSize inner = (text + QSize(bar, 0)).boundedTo(most);
 
-    enum Side { Above, Right, Left, Below };
-    const std::array room{
-        character.top() - screen.top() - body.height(), screen.right() - character.right() - body.width(),
-        character.left() - screen.left() - body.width(), screen.bottom() - character.bottom() - body.height()};
-    const auto fitting = std::find_if(room.begin(), room.end(), [](int left) { return left >= tail; });
-    const auto side = static_cast<Side>((fitting == room.end() ? std::max_element(room.begin(), room.end()) : fitting) -
-                                        room.begin());
-    const QPoint mouth(character.center().x(), character.top() + character.height() * 2 / 5);
-    QPoint tip;
-    switch (side) {
-        case Above:
-            tip = QPoint(mouth.x(), character.top());
-            body.moveCenter(tip + QPoint(body.width() / 3, 0));
-            body.moveBottom(tip.y() - tail);
-            break;
-        case Right:
-            tip = QPoint(character.right() - character.width() / 12, mouth.y());
-            body.moveCenter(tip);
-            body.moveLeft(character.right() + tail);
-            break;
-        case Left:
-            tip = QPoint(character.left() + character.width() / 12, mouth.y());
-            body.moveCenter(tip);
-            body.moveRight(character.left() - tail);
-            break;
-        case Below:
-            tip = QPoint(mouth.x(), character.bottom());
-            body.moveCenter(tip);
-            body.moveTop(tip.y() + tail);
-            break;
-    }
-    body.moveRight(std::min(body.right(), screen.right() - 1));
-    body.moveLeft(std::max(body.left(), screen.left() + 1));
-    body.moveBottom(std::min(body.bottom(), screen.bottom() - 1));
-    body.moveTop(std::max(body.top(), screen.top() + 1));
-
-    const QRect whole = body.united(QRect(tip, QSize(1, 1))).adjusted(-1, -1, 1, 1);
-    setGeometry(whole);
-    const QRectF box = QRectF(body.translated(-whole.topLeft())).adjusted(0.5, 0.5, -0.5, -0.5);
-    const QPointF end = QPointF(tip - whole.topLeft());
-    // The foot of the tail: on the edge towards the character, clear of the round corners.
-    const bool upright = side == Above || side == Below;
-    const double low = upright ? box.left() + corner + 10 : box.top() + corner + 10;
-    const double high = upright ? box.right() - corner - 10 : box.bottom() - corner - 10;
-    const double foot = std::clamp(upright ? end.x() : end.y(), low, std::max(low, high));
-    const auto onEdge = [&](double along) {
-        if (upright) return QPointF(along, side == Above ? box.bottom() - 1 : box.top() + 1);
-        return QPointF(side == Left ? box.right() - 1 : box.left() + 1, along);
-    };
-    QPainterPath pointer;
-    pointer.moveTo(onEdge(foot - 9));
-    pointer.lineTo(end);
-    pointer.lineTo(onEdge(foot + 9));
-    pointer.closeSubpath();
-    outline_ = QPainterPath();
-    outline_.addRoundedRect(box, corner, corner);
-    outline_ = outline_.united(pointer);
-
+    const Side side = sideWithRoom(inner + frame, character, screen);
+    const QPoint tip = tipOf(side, character);
+    const QRect body = bodyOf(side, inner + frame, character, screen);
+    setGeometry(body.united(QRect(tip, QSize(1, 1))).adjusted(-1, -1, 1, 1));
+    const QRectF box = QRectF(body.translated(-pos())).adjusted(0.5, 0.5, -0.5, -0.5);
+    outline_ = outlineOf(side, box, tip - pos());
     area_->setGeometry(box.toAlignedRect().adjusted(padding, padding, -padding + 1, -padding + 1));
     label_->resize(inner.width() - bar, std::max(text.height(), inner.height()));
+
     QImage shape(size(), QImage::Format_ARGB32_Premultiplied);
     shape.fill(Qt::transparent);
     QPainter painter(&shape);

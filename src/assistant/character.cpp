@@ -45,15 +45,16 @@ public:
         bool whole = false;
         for (const QString& line : lines) {
             ++line_;
-            if (line.startsWith('#') || line.trimmed().isEmpty()) continue;
+            const QString words = line.simplified();
+            if (words.isEmpty() || line.startsWith('#')) continue;
             if (whole) fault("text behind the end");
             if (line.startsWith(' ')) {
                 if (!inPart_) fault("a shape outside a part");
                 character_.parts_.back() += line.toUtf8() + '\n';
-                continue;
+            } else {
+                finishPart();
+                whole = entry(words.split(' '));
             }
-            finishPart();
-            whole = entry(line.split(' ', Qt::SkipEmptyParts));
         }
         if (!whole) fault("the end is missing");
         for (const char* needed : requiredAnimations)
@@ -64,10 +65,9 @@ public:
 private:
     // Gives true at the end.
     bool entry(const QStringList& words) {
-        const QString kind = words[0].trimmed();
+        const QString& kind = words[0];
         if (!begun_) {
-            if (words.size() != 2 || kind != "torvane-character" || words[1].trimmed() != "1")
-                fault("this is no character file");
+            if (words.size() != 2 || kind != "torvane-character" || words[1] != "1") fault("this is no character file");
             begun_ = true;
         } else if (character_.size_.isEmpty() != (kind == "size")) {
             fault("the size stands once, and first");
@@ -131,21 +131,20 @@ private:
 
     int number(const QString& word, int least, int most) const {
         bool read = false;
-        const int value = word.trimmed().toInt(&read);
+        const int value = word.toInt(&read);
         if (!read || value < least || value > most)
-            fault(QString("\"%1\" is no number from %2 to %3").arg(word.trimmed()).arg(least).arg(most));
+            fault(QString("\"%1\" is no number from %2 to %3").arg(word).arg(least).arg(most));
         return value;
     }
 
     using Names = std::map<QString, int>;
     void give(Names& names, const QString& word, std::size_t index) const {
         if (index >= mostEntries) fault("there are too many entries");
-        if (!names.emplace(word.trimmed(), static_cast<int>(index)).second)
-            fault("the name \"" + word.trimmed() + "\" is given twice");
+        if (!names.emplace(word, static_cast<int>(index)).second) fault("the name \"" + word + "\" is given twice");
     }
     int find(const Names& names, const QString& word, const char* kind) const {
-        const auto found = names.find(word.trimmed());
-        if (found == names.end()) fault(QString("there is no %1 \"%2\"").arg(kind, word.trimmed()));
+        const auto found = names.find(word);
+        if (found == names.end()) fault(QString("there is no %1 \"%2\"").arg(kind, word));
         return found->second;
     }
 

@@ -69,7 +69,6 @@ double remainderOf(double dividend, double divisor) {
 
 void ScientificMachine::Form_Load() {
     desk_.clearClipboard();
-    Option2(0);
     angleFactor = coarsePi / halfTurnInDegrees;
 }
 
@@ -111,22 +110,11 @@ void ScientificMachine::Command2(int index) {
 
 // `y` is never 0.
 double ScientificMachine::carriedOut(double y) {
-    switch (pendingOp) {
-        case plus:
-        case minus:
-        case divide:
-        case times:
-            return arithmetic(static_cast<Operator>(pendingOp), accumulator, y);
-        case combinations:
-        case permutations:
-            return combined(y);
-        case remainder:
-            return remainderOf(accumulator, y);
-        case toThePower:
-            return raised(y);
-        default:  // equals
-            return accumulator;
-    }
+    if (pendingOp <= times) return arithmetic(static_cast<Operator>(pendingOp), accumulator, y);
+    if (pendingOp == combinations || pendingOp == permutations) return combined(y);
+    if (pendingOp == remainder) return remainderOf(accumulator, y);
+    if (pendingOp == toThePower) return raised(y);
+    return accumulator;  // behind "="
 }
 
 double ScientificMachine::combined(double y) {
@@ -296,16 +284,11 @@ double ScientificMachine::power(const double& x, std::int32_t& n) {
         return 0;
     }
     double product = 1;
-    while (n > 0) {
+    for (; n > 0; --n) {
         const double next = finite(product * x);
-        --n;
-        if (std::abs(next) == std::abs(product)) {
-            // Nothing but the sign changes from here on.
-            product = n % 2 == 0 ? next : product;
-            n = 0;
-        } else {
-            product = next;
-        }
+        // Nothing but the sign changes from here on: of the factors that are left, one or two do.
+        if (std::abs(next) == std::abs(product)) n = 2 - n % 2;
+        product = next;
     }
     return product;
 }

@@ -1,8 +1,6 @@
 #include "conversions/measures.h"
 
 #include <algorithm>
-#include <cctype>
-#include <charconv>
 #include <cmath>
 #include <numeric>
 #include <span>
@@ -60,19 +58,16 @@ public:
     // Without a sign.
     std::optional<double> number() {
         skipBlanks();
-        const char* from = text_.data() + at_;
-        const char* end = text_.data() + text_.size();
-        double value = 0;
-        if (from == end || !(*from == '.' || std::isdigit(static_cast<unsigned char>(*from)))) return std::nullopt;
-        const auto [stop, error] = std::from_chars(from, end, value);
-        if (error != std::errc{}) return std::nullopt;
-        at_ = static_cast<std::size_t>(stop - text_.data());
-        return value;
+        const std::string_view rest = text_.substr(at_);
+        if (rest.starts_with('-') || rest.starts_with('+')) return std::nullopt;
+        const auto [length, value] = numberPrefix(rest);
+        at_ += length;
+        return length > 0 ? value : std::nullopt;
     }
 
 private:
     void skipBlanks() {
-        while (at_ < text_.size() && std::isspace(static_cast<unsigned char>(text_[at_]))) ++at_;
+        while (at_ < text_.size() && isBlank(text_[at_])) ++at_;
     }
 
     std::optional<double> over(double top) {

@@ -11,9 +11,6 @@ namespace torvane {
 
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 // Bytes beyond ASCII count as letters: month names may hold any.
 bool isLetter(char c) {
     return (lower(c) >= 'a' && lower(c) <= 'z') || !isAscii(c);
@@ -37,11 +34,9 @@ Month monthAt(std::string_view text, const ShortDate& style) {
          {&english.monthNames, &english.shortMonthNames, &style.monthNames, &style.shortMonthNames}) {
         for (std::size_t i = 0; i < names->size(); ++i) {
             const std::string& name = (*names)[i];
-            const bool whole =
-                text.size() == name.size() || (text.size() > name.size() && !isLetter(text[name.size()]));
-            if (name.size() > found.length && beginsWith(text, name) && whole) {
+            if (name.size() <= found.length || !beginsWith(text, name)) continue;
+            if (text.size() == name.size() || !isLetter(text[name.size()]))
                 found = {static_cast<int>(i) + 1, name.size()};
-            }
         }
     }
     return found;
@@ -60,17 +55,35 @@ struct Parts {
     int month = 0;  // by name
 };
 
-// Length of a word that the style's pattern holds between quotes, such as the sign for "year" behind one.
-std::size_t literalAt(std::string_view text, const ShortDate& style) {
-    const std::string& pattern = style.pattern;
-    std::size_t longest = 0;
-    for (std::size_t open = pattern.find('\''); open != std::string::npos; open = pattern.find('\'', open + 1)) {
-        const std::size_t close = pattern.find('\'', open + 1);
-        if (close == std::string::npos) break;
-        const std::string_view word = std::string_view(pattern).substr(open + 1, close - open - 1);
-        if (beginsWith(text, word)) longest = std::max(longest, word.size());
-        open = close;
+// A piece of a style's pattern: a run of one sign, or what stands between quotes.
+struct Piece {
+    char sign;  // the quote for a literal
+    std::string text;
+};
+std::vector<Piece> piecesOf(const std::string& pattern) {
+    std::vector<Piece> pieces;
+    for (std::size_t at = 0; at < pattern.size();) {
+        const char sign = pattern[at];
+        if (sign == '\'') {
+            const std::size_t close = std::min(pattern.find(sign, at + 1), pattern.size());
+            // Two quotes side by side are one quote.
+            pieces.push_back({sign, close == at + 1 ? "'" : pattern.substr(at + 1, close - at - 1)});
+            at = close + 1;
+        } else {
+            const std::size_t end = std::min(pattern.find_first_not_of(sign, at), pattern.size());
+            pieces.push_back({sign, pattern.substr(at, end - at)});
+            at = end;
+        }
     }
+    return pieces;
+}
+
+// The bytes of a word that the style's pattern holds between quotes, such as the sign for "year" behind one; 0 when the
+// text begins with none.
+std::size_t literalAt(std::string_view text, const ShortDate& style) {
+    std::size_t longest = 0;
+    for (const auto& [sign, word] : piecesOf(style.pattern))
+        if (sign == '\'' && beginsWith(text, word)) longest = std::max(longest, word.size());
     return longest;
 }
 
@@ -107,24 +120,17 @@ std::optional<Parts> cut(std::string_view text, const ShortDate& style) {
     return parts;
 }
 
-std::optional<Date> checked(const Number& year, int month, const Number& day) {
-    const Date date{year.year(), month, day.value};
-    if (day.digits > 2 || !isValid(date)) return std::nullopt;
-    return date;
-}
 std::optional<Date> checked(const Number& year, const Number& month, const Number& day) {
-    return checked(year, month.digits > 2 ? 0 : month.value, day);
+    const Date date{year.year(), month.value, day.value};
+    if (month.digits > 2 || day.digits > 2 || !isValid(date)) return std::nullopt;
+    return date;
 }
 
 // The parts of the style's pattern in their order, such as "Mdy".
 std::string order(const ShortDate& style) {
     std::string parts;
-    bool quoted = false;
-    for (const char c : style.pattern) {
-        if (c == '\'') quoted = !quoted;
-        const bool part = c == 'd' || c == 'M' || c == 'y';
-        if (part && !quoted && parts.find(c) == std::string::npos) parts += c;
-    }
+    for (const auto& [sign, run] : piecesOf(style.pattern))
+        if ((sign == 'd' || sign == 'M' || sign == 'y') && parts.find(sign) == std::string::npos) parts += sign;
     return parts;
 }
 
@@ -138,31 +144,20 @@ bool isValid(const Date& date) {
 }
 
 std::string shortDateText(const Date& date, const ShortDate& style) {
-    const std::string& pattern = style.pattern;
+    const auto month = static_cast<std::size_t>(std::clamp(date.month, 1, 12) - 1);
     std::string text;
-    for (std::size_t at = 0; at < pattern.size();) {
-        const char c = pattern[at];
-        if (c == '\'') {
-            const std::size_t close = std::min(pattern.find('\'', at + 1), pattern.size());
-            // Two quotes side by side are one quote.
-            text += close == at + 1 ? "'" : pattern.substr(at + 1, close - at - 1);
-            at = close + 1;
-            continue;
-        }
-        const std::size_t run = std::min(pattern.find_first_not_of(c, at), pattern.size()) - at;
-        const std::size_t month = static_cast<std::size_t>(std::clamp(date.month, 1, 12) - 1);
-        if (c == 'd') {
-            text += padded(date.day, run >= 2 ? 2 : 1);
-        } else if (c == 'M') {
-            text += run >= 4   ? style.monthNames[month]
-                    : run == 3 ? style.shortMonthNames[month]
-                               : padded(date.month, run);
-        } else if (c == 'y') {
-            text += run == 2 ? padded(date.year % 100, 2) : padded(date.year, 4);
+    for (const auto& [sign, run] : piecesOf(style.pattern)) {
+        if (sign == 'd') {
+            text += padded(date.day, std::min<std::size_t>(run.size(), 2));
+        } else if (sign == 'M' && run.size() > 2) {
+            text += run.size() > 3 ? style.monthNames[month] : style.shortMonthNames[month];
+        } else if (sign == 'M') {
+            text += padded(date.month, run.size());
+        } else if (sign == 'y') {
+            text += run.size() == 2 ? padded(date.year % 100, 2) : padded(date.year, 4);
         } else {
-            text.append(run, c);
+            text += run;
         }
-        at += run;
     }
     return text;
 }
@@ -177,8 +172,9 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
     const std::vector<Number>& numbers = parts->numbers;
 
     if (parts->month != 0 && numbers.size() == 2) {
-        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], parts->month, numbers[1]);
-        return checked(numbers[1], parts->month, numbers[0]);
+        const Number month{parts->month, 1};
+        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], month, numbers[1]);
+        return checked(numbers[1], month, numbers[0]);
     }
     if (parts->month != 0 || numbers.size() != 3) return std::nullopt;
     if (numbers[0].canOnlyBeYear()) return checked(numbers[0], numbers[1], numbers[2]);

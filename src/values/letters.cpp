@@ -3,25 +3,15 @@
 #include <unicode/casemap.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace torvane {
 
 namespace {
-
-// A byte of UTF-8 that begins no sign.
-bool isInside(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-// The bytes of the sign that a text begins with; 0 for an empty one.
-std::size_t signLength(std::string_view text) {
-    if (text.empty()) return 0;
-    return static_cast<std::size_t>(std::find_if_not(text.begin() + 1, text.end(), [](char c) { return isInside(c); }) -
-                                    text.begin());
-}
 
 icu::StringPiece piece(std::string_view text) {
     return {text.data(), static_cast<std::int32_t>(text.size())};
@@ -45,88 +35,31 @@ std::string composed(std::string text) {
 }
 
 // Letters that no table takes apart, and the bar of a fraction.
-const char16_t* plainLetters(UChar32 letter) {
-    switch (letter) {
-        case U'ø':
-            return u"o";
-        case U'ł':
-            return u"l";
-        case U'đ':
-        case U'ð':
-            return u"d";
-        case U'ħ':
-            return u"h";
-        case U'ŧ':
-            return u"t";
-        case U'ı':
-            return u"i";
-        case U'æ':
-            return u"ae";
-        case U'œ':
-            return u"oe";
-        case U'þ':
-            return u"th";
-        case U'\u2044':
-            return u"/";
-        default:
-            return nullptr;
-    }
-}
+constexpr std::pair<UChar32, const char16_t*> plainLetters[] = {
+    {U'ø', u"o"}, {U'ł', u"l"},  {U'đ', u"d"},  {U'ð', u"d"},  {U'ħ', u"h"},     {U'ŧ', u"t"},
+    {U'ı', u"i"}, {U'æ', u"ae"}, {U'œ', u"oe"}, {U'þ', u"th"}, {U'\u2044', u"/"}};
 
-// What a sign is sorted by: its base letters, without case and marks.
-icu::UnicodeString baseLetters(std::string_view sign) {
+// What a text is sorted by: its base letters, without case and marks.
+icu::UnicodeString baseLetters(std::string_view text) {
     UErrorCode status = U_ZERO_ERROR;
     const icu::Normalizer2* normalizer = icu::Normalizer2::getNFKDInstance(status);
     check(status);
-    icu::UnicodeString parts = normalizer->normalize(icu::UnicodeString::fromUTF8(piece(sign)).foldCase(), status);
+    icu::UnicodeString parts = normalizer->normalize(icu::UnicodeString::fromUTF8(piece(text)).foldCase(), status);
     check(status);
     parts.foldCase();  // again, for signs made of capitals
     icu::UnicodeString base;
     for (std::int32_t at = 0; at < parts.length(); at = parts.moveIndex32(at, 1)) {
         const UChar32 letter = parts.char32At(at);
         if (u_getCombiningClass(letter) != 0) continue;
-        if (const char16_t* plain = plainLetters(letter))
-            base.append(plain, -1);
-        else
-            base.append(letter);
+        const auto* plain = std::ranges::find(plainLetters, letter, &std::pair<UChar32, const char16_t*>::first);
+        base += plain == std::end(plainLetters) ? icu::UnicodeString(letter) : icu::UnicodeString(plain->second);
     }
     return base;
 }
 
-// Walks over the base letters of a text.
-class BaseLetters {
-public:
-    explicit BaseLetters(std::string_view text) : text_(text) {}
-
-    // The next one, or U_SENTINEL behind the last.
-    UChar32 next() {
-        for (;;) {
-            if (place_ < base_.length()) {
-                const UChar32 letter = base_.char32At(place_);
-                place_ = base_.moveIndex32(place_, 1);
-                return letter;
-            }
-            if (text_.empty()) return U_SENTINEL;
-            if (isAscii(text_.front())) {
-                const char letter = lower(text_.front());
-                text_.remove_prefix(1);
-                return letter;
-            }
-            const std::size_t length = signLength(text_);
-            base_ = baseLetters(text_.substr(0, length));
-            place_ = 0;
-            text_.remove_prefix(length);
-        }
-    }
-
-private:
-    std::string_view text_;
-    icu::UnicodeString base_;
-    std::int32_t place_ = 0;
-};
-
-bool isInside(std::string_view text, std::size_t at) {
-    return at < text.size() && isInside(text[at]);
+// Whether the byte at that place is not the first one of its sign.
+bool isInsideSign(std::string_view text, std::size_t at) {
+    return at < text.size() && U8_IS_TRAIL(text[at]);
 }
 
 }  // namespace
@@ -159,16 +92,9 @@ int compareWithoutCase(std::string_view a, std::string_view b) {
         if (x != y) return x < y ? -1 : 1;
     }
     if (at == a.size() && at == b.size()) return 0;
-    while (at > 0 && (isInside(a, at) || isInside(b, at))) --at;
-
-    BaseLetters lettersOfA(a.substr(at));
-    BaseLetters lettersOfB(b.substr(at));
-    for (;;) {
-        const UChar32 x = lettersOfA.next();
-        const UChar32 y = lettersOfB.next();
-        if (x != y) return x < y ? -1 : 1;
-        if (x == U_SENTINEL) return withoutCase(a).compare(withoutCase(b));
-    }
+    while (at > 0 && (isInsideSign(a, at) || isInsideSign(b, at))) --at;
+    const int order = baseLetters(a.substr(at)).compareCodePointOrder(baseLetters(b.substr(at)));
+    return order != 0 ? order : withoutCase(a).compare(withoutCase(b));
 }
 
 }  // namespace torvane

@@ -7,7 +7,7 @@
 namespace torvane {
 
 // The letters of texts: blanks, and texts compared without case in all scripts. Texts are UTF-8; what is no UTF-8
-// counts as one unknown sign. Nothing here depends on a locale, so a list stands in the same order on all machines.
+// counts as unknown signs. Nothing here depends on a locale, so a list stands in the same order on all machines.
 
 constexpr bool isAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
@@ -16,6 +16,10 @@ constexpr bool isAscii(char c) {
 // Of ASCII; all else stays.
 constexpr char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
 }
 
 // A space, a tab or a line break.

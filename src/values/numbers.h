@@ -1,25 +1,34 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace torvane {
 
-// Text to number and back, the same everywhere: screens, SQL text, reports and calculators. The decimal mark is always
-// a point and there is no grouping, whatever the machine's locale says. "Blank" is a space, a tab or a line break.
+// Text to number and back, the same everywhere: screens, SQL text, reports, calculators and conversions. The decimal
+// mark is always a point and there is no grouping, whatever the machine's locale says. "Blank" is a space, a tab or a
+// line break.
 
 // --- Reading ---------------------------------------------------------------------------------------------------------
 
-// The longest numeric prefix of the text (sign, digits, point, exponent), blanks skipped wherever they stand; 0 when
-// there is none. "12abc" is 12, "1 2" is 12, "1e3" is 1000, "7,5" is 7, "." is 0. A text beyond the range of a double
-// counts by its longest prefix that is finite. Never fails, never gives a minus zero.
+// What a text begins with, read as a number: a sign, digits with at most one point, an exponent.
+struct NumberPrefix {
+    std::size_t length = 0;           // of the longest such prefix; 0 when there is none
+    std::optional<double> value = 0;  // never minus zero; nothing when it is too large for a double
+};
+NumberPrefix numberPrefix(std::string_view text);
+
+// The number that the text begins with, blanks skipped wherever they stand; 0 when there is none. "12abc" is 12, "1 2"
+// is 12, "1e3" is 1000, "7,5" is 7, "." is 0. A text beyond the range of a double counts by its longest prefix that is
+// finite. Never fails, never gives a minus zero.
 double lenientNumber(std::string_view text);
 
-// The whole text must be a number: blanks around it, a sign, digits, a point, an exponent. Anything else is
-// Failure::TypeMismatch, too large a number Failure::Overflow.
+// The whole text must be a number, with blanks around it at most. Anything else is Failure::TypeMismatch, too large a
+// number Failure::Overflow.
 double strictDouble(std::string_view text);
-float strictSingle(std::string_view text);
 // Fractions are rounded half to even.
 std::int16_t strictInt16(std::string_view text);
 std::int32_t strictInt32(std::string_view text);
@@ -47,12 +56,8 @@ double decimalOf(float value);
 // Minus zero is "0". Failure::Overflow for an infinite or undefined value.
 std::string generalText(double value);
 std::string generalText(float value);
-std::string generalText(std::int64_t value);
-inline std::string generalText(int value) {
-    return generalText(static_cast<std::int64_t>(value));
-}
-inline std::string generalText(std::int16_t value) {
-    return generalText(static_cast<std::int64_t>(value));
+std::string generalText(std::integral auto value) {
+    return std::to_string(value);
 }
 
 // The value with exactly `places` decimals (the report format 0.00 is places = 2), rounded half to even, decided on the

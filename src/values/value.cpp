@@ -1,7 +1,6 @@
 #include "values/value.h"
 
-#include <chrono>
-#include <cmath>
+#include <type_traits>
 
 #include "values/failure.h"
 #include "values/numbers.h"
@@ -16,26 +15,6 @@ struct Overloaded : Cases... {
 };
 template <typename... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
-
-using Days = std::chrono::sys_days;
-
-// A date as a number counts the days since this one, the default date.
-constexpr Days dayZero = std::chrono::year{1899} / 12 / 30;
-
-double serialOf(const Date& date) {
-    const auto day = std::chrono::year{date.year} / date.month / date.day;
-    return static_cast<double>((Days{day} - dayZero).count());
-}
-
-Date dateOfSerial(double serial) {
-    const double whole = std::floor(finite(serial));
-    if (std::abs(whole) > 4'000'000) fail(Failure::Overflow);
-    const std::chrono::year_month_day day{dayZero + std::chrono::days{static_cast<int>(whole)}};
-    const Date date{static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
-                    static_cast<int>(static_cast<unsigned>(day.day()))};
-    if (!isValid(date)) fail(Failure::Overflow);
-    return date;
-}
 
 }  // namespace
 
@@ -53,9 +32,12 @@ std::string textOrEmpty(const Value& value, const ShortDate& style) {
 
 double toDouble(const Value& value) {
     return std::visit(
-        Overloaded{[](Null) -> double { fail(Failure::NullValue); }, [](const Date& date) { return serialOf(date); },
-                   [](const std::string& text) { return strictDouble(text); },
-                   [](auto number) { return static_cast<double>(number); }},
+        [&value](const auto& held) {
+            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(held)>>)
+                return static_cast<double>(held);
+            else
+                return strictDouble(textOf(value));
+        },
         value);
 }
 
@@ -71,11 +53,9 @@ std::int32_t toInt32(const Value& value) {
 
 Date toDate(const Value& value, const ShortDate& style) {
     if (const auto* date = std::get_if<Date>(&value)) return *date;
-    if (const auto* text = std::get_if<std::string>(&value)) {
-        if (const auto date = readDate(*text, style)) return *date;
-        fail(Failure::TypeMismatch, *text);
-    }
-    return dateOfSerial(toDouble(value));
+    const std::string text = textOf(value);
+    if (const auto date = readDate(text, style)) return *date;
+    fail(Failure::TypeMismatch, text);
 }
 
 float singleOrZero(const Value& value) {

@@ -25,9 +25,8 @@ std::string textOf(const Value& value, const ShortDate& style = {});
 // The same, with "" for Null.
 std::string textOrEmpty(const Value& value, const ShortDate& style = {});
 
-// Strict conversions. Null fails with Failure::NullValue, a text that is no number (or no date) with
-// Failure::TypeMismatch, a number out of range with Failure::Overflow. Fractions go half to even. Between dates and
-// numbers the days since 1899-12-30 count.
+// Strict conversions. Null fails with Failure::NullValue, what is no number (or no date) with Failure::TypeMismatch, a
+// number out of range with Failure::Overflow. Fractions go half to even.
 double toDouble(const Value& value);
 float toSingle(const Value& value);
 std::int16_t toInt16(const Value& value);

@@ -37,10 +37,16 @@ struct Conversions : testing::Test {
     QListWidget& rightUnits = find<QListWidget>(window, "lstRight");
 };
 
-TEST_F(Conversions, EveryControlThatTakesTheFocusHasAName) {
+TEST_F(Conversions, EveryControlThatTakesTheFocusHasANameAndItsTurn) {
     const FocusControls controls = focusControls(window);
     EXPECT_EQ(controls.nameless, std::set<std::string>{});
     EXPECT_GT(controls.named, 4);
+    QString order;
+    for (int step = 0; step < 8; ++step) {
+        order += window.focusWidget()->objectName() + ' ';
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, "txtLeft lstLeft txtRight lstRight cmdCopy cmdClose cmbCategory cmbFractions ");
 }
 
 TEST_F(Conversions, OtherSideFollows) {

@@ -22,9 +22,8 @@ namespace torvane {
 
 namespace {
 
-const Unit* chosen(const Category& category, const QListWidget& list) {
-    const int row = list.currentRow();
-    return row < 0 ? nullptr : &category.units[static_cast<std::size_t>(row)];
+const Unit& chosen(const Category& category, const QListWidget& list) {
+    return category.units[static_cast<std::size_t>(list.currentRow())];
 }
 
 // Room for the longest name and the longest list of all categories, so that the window keeps its size.
@@ -48,21 +47,39 @@ void fill(QListWidget& list, const Category& category, int row) {
     list.setCurrentRow(row);
 }
 
+QComboBox* addList(QGridLayout& grid, int column, const QString& name, const QString& label) {
+    auto* list = new QComboBox;
+    list->setObjectName(name);
+    auto* caption = new QLabel(label);
+    caption->setBuddy(list);
+    grid.addWidget(caption, 0, column);
+    grid.addWidget(list, 1, column);
+    return list;
+}
+
+QPushButton* addButton(QHBoxLayout& foot, const QString& name, const QString& caption) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(name);
+    foot.addWidget(button);
+    return button;
+}
+
 }  // namespace
 
 ConversionWindow::ConversionWindow() {
     setWindowTitle(QStringLiteral("Conversions"));
     auto* grid = new QGridLayout(this);
+    // The order is the order of Tab.
     QComboBox* categoryList = addList(*grid, 0, QStringLiteral("cmbCategory"), QStringLiteral("&Category"));
     for (const Category& category : categories()) categoryList->addItem(qstring(category.name));
     categoryList->setMaxVisibleItems(categoryList->count());
-    addSide(*grid, 0, QStringLiteral("Left"), QStringLiteral("&From"));
-    addSide(*grid, 1, QStringLiteral("Right"), QStringLiteral("&To"));
-    grid->addWidget(new QLabel(QStringLiteral("="), this), 3, 1);
     fractions_ = addList(*grid, 2, QStringLiteral("cmbFractions"), QStringLiteral("Feet and inches to &nearest"));
     for (const int denominator : {2, 4, 8, 16, 32, 64})
         fractions_->addItem(QStringLiteral("1/%1 inch").arg(denominator), denominator);
     fractions_->setCurrentIndex(fractions_->findData(ResultForm().denominator));
+    addSide(*grid, 0, QStringLiteral("Left"), QStringLiteral("&From"));
+    addSide(*grid, 1, QStringLiteral("Right"), QStringLiteral("&To"));
+    grid->addWidget(new QLabel(QStringLiteral("=")), 3, 1);
 
     auto* foot = new QHBoxLayout;
     foot->addStretch(1);
@@ -80,9 +97,6 @@ ConversionWindow::ConversionWindow() {
     connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, &ConversionWindow::copy);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 
-    QWidget* const order[] = {categoryList,  fractions_,      sides_[0].box, sides_[0].units,
-                              sides_[1].box, sides_[1].units, copyButton,    closeButton};
-    for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
     startCategory(0);
     sides_[0].box->setFocus();
     const int wanted =
@@ -90,33 +104,16 @@ ConversionWindow::ConversionWindow() {
     resize(sizeHint().width(), std::min(wanted, screen()->availableGeometry().height()));
 }
 
-QComboBox* ConversionWindow::addList(QGridLayout& grid, int column, const QString& name, const QString& label) {
-    auto* list = new QComboBox(this);
-    list->setObjectName(name);
-    auto* caption = new QLabel(label, this);
-    caption->setBuddy(list);
-    grid.addWidget(caption, 0, column);
-    grid.addWidget(list, 1, column);
-    return list;
-}
-
-QPushButton* ConversionWindow::addButton(QHBoxLayout& foot, const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    foot.addWidget(button);
-    return button;
-}
-
 void ConversionWindow::addSide(QGridLayout& grid, int index, const QString& name, const QString& label) {
     const auto number = static_cast<std::size_t>(index);
     Side& side = sides_[number];
     const int column = 2 * index;
-    side.box = new TextBox(this);
+    side.box = new TextBox;
     side.box->setObjectName("txt" + name);
     side.box->installEventFilter(this);
-    auto* caption = new QLabel(label, this);
+    auto* caption = new QLabel(label);
     caption->setBuddy(side.box);
-    side.units = new QListWidget(this);
+    side.units = new QListWidget;
     side.units->setObjectName("lst" + name);
     side.units->setAccessibleName(name + " unit");
     const QSize room = roomForUnits(*side.units);
@@ -138,7 +135,7 @@ void ConversionWindow::startCategory(int index) {
     fill(*sides_[0].units, *category_, category_->from);
     fill(*sides_[1].units, *category_, category_->to);
     typed_ = 0;
-    const std::string_view example = chosen(*category_, *sides_[0].units)->example;
+    const std::string_view example = chosen(*category_, *sides_[0].units).example;
     sides_[0].box->setText(qstring(example.empty() ? "1" : example));
     sides_[0].box->selectAll();
     follow();
@@ -147,15 +144,14 @@ void ConversionWindow::startCategory(int index) {
 void ConversionWindow::follow() {
     const Side& source = sides_[typed_];
     Side& result = sides_[1 - typed_];
-    const Unit* from = chosen(*category_, *source.units);
-    const Unit* to = chosen(*category_, *result.units);
-    if (!from || !to) return;
-    fractions_->setEnabled(from->notation == Notation::FeetInches || to->notation == Notation::FeetInches);
-    source.box->setPlaceholderText(qstring(from->example));
-    result.box->setPlaceholderText(qstring(to->example));
+    const Unit& from = chosen(*category_, *source.units);
+    const Unit& to = chosen(*category_, *result.units);
+    fractions_->setEnabled(from.notation == Notation::FeetInches || to.notation == Notation::FeetInches);
+    source.box->setPlaceholderText(qstring(from.example));
+    result.box->setPlaceholderText(qstring(to.example));
     if (!result.box->text().isEmpty()) result.lastText = utf8(result.box->text());
     result.box->setText(
-        qstring(converted(utf8(source.box->text()), *from, *to, {fractions_->currentData().toInt(), result.lastText})));
+        qstring(converted(utf8(source.box->text()), from, to, {fractions_->currentData().toInt(), result.lastText})));
     result.box->setCursorPosition(0);
 }
 

@@ -6,10 +6,8 @@
 
 class QComboBox;
 class QGridLayout;
-class QHBoxLayout;
 class QLineEdit;
 class QListWidget;
-class QPushButton;
 
 namespace torvane {
 
@@ -31,8 +29,6 @@ private:
         QListWidget* units = nullptr;
         std::string lastText;  // the last one that was not empty
     };
-    QComboBox* addList(QGridLayout& grid, int column, const QString& name, const QString& label);
-    QPushButton* addButton(QHBoxLayout& foot, const QString& name, const QString& caption);
     void addSide(QGridLayout& grid, int index, const QString& name, const QString& label);
     void startCategory(int index);
     void follow();
