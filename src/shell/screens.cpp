@@ -11,7 +11,7 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
       calculators2(program, calculatorGroups()[1]),
       calculators3(program, calculatorGroups()[2]),
       calculators4(program, calculatorGroups()[3]),
-      scientific(program),
+      scientific(program, [this] { about.Show(); }),
       calculators1(program, scientific, calculators2, calculators3),
       order(program, [this](std::int32_t OrderNo) { reports.showProposal(OrderNo); }),
       orders(program, order),
@@ -23,9 +23,6 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
       item(program, category),
       master(program),
       mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {
-    help.setHelpFile(program.host().programDirectory() + "/LARKFENVERSION2.HLP");
-    program.setHelp([this](int context) { help.showPage(context); });
-    scientific.setAbout([this] { about.Show(); });
     order.setCustomerList(customer);
     order.setCompanions(orderNo, itemSheet, {&calculators1, &calculators2, &calculators3, &calculators4});
 }

@@ -488,7 +488,7 @@ int main(int argc, char** argv) {
     Store store(host.shortDate());
     FileSystem files;
     Program program({host, store}, leaveProcess);
-    application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });
+    application.setLastNet([&program](const RuntimeFailure& failure) { program.guard().end(failure); });
     Screens screens(program, files, false,
                     [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });

@@ -1,12 +1,11 @@
 #include "estimates/screens/frm_blank.h"
 
 #include "estimates/shared_notes.h"
-#include "screens/help_contexts.h"
 
 namespace torvane {
 
 frmBlank::frmBlank(Program& program) : FormOf(program, "frmBlank") {
-    setHelpContext(HelpContext::notesArea);
+    setHelpContext(16);
 }
 
 void frmBlank::Form_Load() {

@@ -4,7 +4,6 @@
 #include "masters/category_nodes.h"
 #include "masters/cls_master.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -18,7 +17,7 @@ constexpr int roomIdColumn = 9;
 }  // namespace
 
 frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList"), orderScreen_(order) {
-    setHelpContext(HelpContext::itemSheet);
+    setHelpContext(15);
 }
 
 clsCategory& frmList::Category() {

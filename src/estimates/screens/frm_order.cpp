@@ -2,7 +2,6 @@
 
 #include "masters/screens/frm_customer.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -80,7 +79,7 @@ void frmOrder::Form_Load() {
     placeNotes();
     if (numberPrompt_) numberPrompt_->Unload();
     program().StartUp(*this);
-    setHelpContext(HelpContext::estimate);
+    setHelpContext(12);
     ui().TxtDate->setDateStyle(program().host().shortDate());
     ui().TxtDate->setValue(program().host().today());
     InitListView();

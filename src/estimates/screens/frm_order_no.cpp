@@ -1,13 +1,12 @@
 #include "estimates/screens/frm_order_no.h"
 
 #include "estimates/screens/frm_order.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 FrmOrderNo::FrmOrderNo(Program& program, frmOrder& order) : FormOf(program, "FrmOrderNo"), orderScreen_(order) {
-    setHelpContext(HelpContext::estimateNumber);
+    setHelpContext(14);
 }
 
 void FrmOrderNo::Form_Load() {

@@ -1,13 +1,12 @@
 #include "estimates/screens/frm_orders.h"
 
 #include "estimates/screens/frm_order.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 frmOrders::frmOrders(Program& program, frmOrder& order) : FormOf(program, "frmOrders"), orderScreen_(order) {
-    setHelpContext(HelpContext::searchEstimate);
+    setHelpContext(13);
 }
 
 ClsOrder& frmOrders::Order() {

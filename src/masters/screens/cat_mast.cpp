@@ -1,7 +1,6 @@
 #include "masters/screens/cat_mast.h"
 
 #include "masters/screens/frm_category.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -29,7 +28,7 @@ CatMast::CatMast(Program& program, frmCategory& list)
                           .ClearClass = [this] { ClearClass(); },
                           .refreshList = [this] { list_.RefreshGrid(); },
                       }) {
-    setHelpContext(HelpContext::categoryForm);
+    setHelpContext(53);
 }
 
 clsCategory& CatMast::Cat() {

@@ -2,7 +2,6 @@
 
 #include "masters/screens/frm_customer.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -21,7 +20,7 @@ CustMast::CustMast(Program& program, frmCustomer& list)
                           .ClearClass = [this] { ClearClass(); },
                           .refreshList = [this] { list_.RefreshGrid(); },
                       }) {
-    setHelpContext(HelpContext::customerForm);
+    setHelpContext(55);
 }
 
 ClsCustomer& CustMast::Cust() {

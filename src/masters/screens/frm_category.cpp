@@ -4,7 +4,6 @@
 
 #include "masters/screens/category_pick.h"
 #include "masters/screens/record_buttons.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
 
@@ -29,7 +28,7 @@ std::string_view guidance(std::string_view which) {
 }  // namespace
 
 frmCategory::frmCategory(Program& program) : FormOf(program, "frmCategory"), catMast_(program, *this) {
-    setHelpContext(HelpContext::categories);
+    setHelpContext(52);
 }
 
 clsCategory& frmCategory::Cat() {

@@ -4,14 +4,13 @@
 #include <iterator>
 #include <utility>
 
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 frmCustomer::frmCustomer(Program& program, CustomerPick& pick)
     : FormOf(program, "frmCustomer"), pick_(pick), custMast_(program, *this) {
-    setHelpContext(HelpContext::customers);
+    setHelpContext(54);
 }
 
 ClsCustomer& frmCustomer::Cust() {

@@ -3,14 +3,13 @@
 #include <QMenu>
 #include <utility>
 
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 frmItem::frmItem(Program& program, frmCategory& categories)
     : FormOf(program, "frmItem"), itemMast_(program, *this, categories) {
-    setHelpContext(HelpContext::items);
+    setHelpContext(50);
 }
 
 ClsItem& frmItem::Item() {

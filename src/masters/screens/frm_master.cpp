@@ -2,14 +2,13 @@
 
 #include <QLabel>
 
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
 
 namespace torvane {
 
 frmMaster::frmMaster(Program& program) : FormOf(program, "frmMaster") {
-    setHelpContext(HelpContext::names);
+    setHelpContext(56);
 }
 
 void frmMaster::Form_Load() {

@@ -5,7 +5,6 @@
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "values/numbers.h"
 
 namespace torvane {
@@ -25,7 +24,7 @@ ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
                           .ClearClass = [this] { ClearClass(); },
                           .refreshList = [this] { list_.RefreshGrid(); },
                       }) {
-    setHelpContext(HelpContext::itemForm);
+    setHelpContext(51);
     categories_.setPick(*this);
 }
 
