@@ -95,11 +95,6 @@ void type(QWidget& box, const QString& text) {
     QTest::keyClicks(&box, text);
 }
 
-void enterName(QWidget& box, const QString& name) {
-    as<QLineEdit>(box).setText(name);
-    QTest::keyClick(&box, Qt::Key_Return);
-}
-
 void pick(QWidget& box, const QString& text) {
     auto& list = as<DropList>(box);
     const int index = list.findText(text, Qt::MatchExactly);
@@ -207,8 +202,9 @@ private:
         {"type", type},  // over what stands there
         {"note", [this](QWidget& box, const QString&) { noted_ = as<QLineEdit>(box).text(); }},
         {"typeNoted", [this](QWidget& box, const QString&) { type(box, noted_); }},
-        {"openFile", [this](QWidget& box, const QString& name) { enterName(box, programFolder_.filePath(name)); }},
-        {"saveFile", [this](QWidget& box, const QString& name) { enterName(box, folder_.filePath(name)); }},
+        {"openFile",
+         [this](QWidget& box, const QString& name) { as<QLineEdit>(box).setText(programFolder_.filePath(name)); }},
+        {"saveFile", [this](QWidget& box, const QString& name) { as<QLineEdit>(box).setText(folder_.filePath(name)); }},
         {"pick", pick},
         {"pickInTree", pickInTree},
         {"doubleClick", doubleClick},               // a row, from 0
