@@ -32,7 +32,7 @@ public:
 class Catalogue {
 public:
     explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
-        program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
+        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
     }
     void act(const std::function<void()>& handler) { program_.guarded(handler); }
 

@@ -29,7 +29,7 @@ constexpr int columns = 12;
 class Screen {
 public:
     Screen(Host& host, Store& store) : program_({host, store}, leaveProcess) {
-        program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
+        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
     }
 
     // Puts lines into the record, as loading the estimate would; gone with the window.

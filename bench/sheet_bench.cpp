@@ -39,7 +39,7 @@ constexpr double proposalLimit = 200;
 class Screens {
 public:
     explicit Screens(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
-        program_.setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
+        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
     }
     void act(const std::function<void()>& handler) {
         program_.guarded(handler);

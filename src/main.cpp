@@ -28,8 +28,8 @@ int main(int argc, char** argv) {
     Store store(host.shortDate());
     const FolderLock lock(folder);
     Program program({host, store}, leaveProcess);
-    application.setLastNet([&program](const RuntimeFailure& failure) { program.end(failure); });
-    program.onLastWindowGone([] { QCoreApplication::exit(0); });
+    application.setLastNet([&program](const RuntimeFailure& failure) { program.guard().end(failure); });
+    program.lastWindow().onGone([] { QCoreApplication::exit(0); });
 
     const auto engines = [&folder] { return machineEngines(folder + "/Speak.exe"); };
     Screens screens(program, files, lock.previousInstance(), [&engines](const std::string& characterFile) {

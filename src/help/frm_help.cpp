@@ -6,7 +6,8 @@
 
 #include "help/help_book.h"
 #include "host/host.h"
-#include "screens/help_contexts.h"
+#include "values/failure.h"
+#include "widgets/texts.h"
 #include "widgets/units.h"
 
 namespace torvane {
@@ -41,8 +42,9 @@ void addSections(QTreeWidgetItem& above, const std::vector<HelpSection>& section
 }  // namespace
 
 frmHelp::frmHelp(Program& program) : FormOf(program, "frmHelp") {
-    setHelpContext(HelpContext::help);
-    setCounts(false);
+    setHelpContext(3);
+    setAuxiliary(true);
+    program.setHelp([this](int context) { showPage(context); });
 }
 
 frmHelp::~frmHelp() = default;
@@ -80,7 +82,7 @@ void frmHelp::showPage(int context) {
 }
 
 void frmHelp::Form_Load() {
-    book_ = std::make_unique<HelpBook>(helpFile_);
+    book_ = std::make_unique<HelpBook>(qstring(program().host().programDirectory() + "/LARKFENVERSION2.HLP"));
     ui().Page->setBook(book_.get());
     constexpr int pageMargin = 14;
     ui().Page->document()->setDocumentMargin(pageMargin);

@@ -6,7 +6,6 @@
 
 #include "screens/form.h"
 #include "ui_frm_help.h"
-#include "widgets/texts.h"
 
 namespace torvane {
 
@@ -18,11 +17,9 @@ class HelpBook;
 // A book that is missing or damaged is said in a message box, and the program goes on.
 class frmHelp : public FormOf<Ui::frmHelp> {
 public:
+    // From now on F1 in each window comes here.
     explicit frmHelp(Program& program);
     ~frmHelp() override;
-
-    // The book that is opened next.
-    void setHelpFile(const std::string& file) { helpFile_ = qstring(file); }
 
     void showContents();
     // The keywords, ready for typing.
@@ -43,7 +40,6 @@ private:
     void markInContents(const QUrl& page);
     void takeKeys(QWidget& from);
 
-    QString helpFile_;
     std::unique_ptr<HelpBook> book_;
 };
 

@@ -1,13 +1,11 @@
 #include "screens/focus_watcher.h"
 
 #include <QApplication>
-#include <QHash>
 #include <QMenuBar>
-#include <QPointer>
 #include <QThread>
-#include <QTimer>
 #include <QWindow>
-#include <vector>
+#include <algorithm>
+#include <utility>
 
 #include "screens/form.h"
 #include "screens/form_window.h"
@@ -32,124 +30,108 @@ bool modalWindowAbove(const QWidget& window) {
 
 }  // namespace
 
-struct FocusWatcher::State {
-    // A control that has lost the focus, within its window or to another one.
-    struct Left {
-        QPointer<QWidget> control;
-        bool toAnotherWindow = false;
-        QPointer<QWidget> to;  // that window, as long as it stands
-    };
-    struct Watched {
-        QPointer<QWidget> control;
-        QPointer<QWidget> window;
-        std::function<void()> lostFocus;
-    };
+FocusWatcher::FocusWatcher(Program& program) : program_(program) {
+    timer_.setSingleShot(true);
+    settling_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &FocusWatcher::flush);
+    connect(&settling_, &QTimer::timeout, this,
+            [this] { settled(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { focusIn(now); });
+    connect(qApp, &QGuiApplication::focusWindowChanged, this,
+            [this] { windowActive(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
+}
 
-    explicit State(Program& theProgram) : program(theProgram) {}
+void FocusWatcher::watch(Form& form, QWidget* control, std::function<void()> lostFocus) {
+    std::erase_if(watched_, [](const Watched& one) { return !one.control; });
+    watched_.push_back({control, form.standingWindow(), std::move(lostFocus)});
+}
 
-    Watched* find(const QWidget* control) {
-        for (Watched& one : watched)
-            if (one.control == control) return &one;
-        return nullptr;
-    }
+const FocusWatcher::Watched* FocusWatcher::find(const QWidget* control) const {
+    const auto found = std::ranges::find_if(watched_, [&](const Watched& one) { return one.control == control; });
+    return found == watched_.end() ? nullptr : &*found;
+}
 
-    void wait(const Left& one) {
-        left.push_back(one);
-        timer.start(one.toAnotherWindow ? clickFollowsWithinMs : 0);
-    }
-    void focusIn(QWidget* now);
-    void windowActive(FormWindow* now);
-    void settled();
-
-    Program& program;
-    std::vector<Watched> watched;
-    QHash<const QWidget*, QPointer<QWidget>> lastIn;  // by window: the control that had the focus last
-    QPointer<FormWindow> active;                      // the window that has the keys, or had them last
-    QTimer settling;                                  // runs while a desktop may still give the keys to and fro
-    std::vector<Left> left;                           // what waits, in order
-    QTimer timer;
-    int runningAt = -1;  // the depth of event loops in which a handler of ours runs
-};
-
-void FocusWatcher::State::focusIn(QWidget* now) {
+void FocusWatcher::focusIn(QWidget* now) {
     // Neither a menu, nor a list that has opened, nor a box takes the focus out of a control.
     if (!now || qobject_cast<QMenuBar*>(now)) return;
     const auto* window = qobject_cast<const FormWindow*>(now->window());
-    if (!window || window->unloaded() || settling.isActive()) return;
-    const QPointer<QWidget> before = std::exchange(lastIn[window], now);
-    if (before && before != now && find(before)) wait({before, false, nullptr});
+    if (!window || window->unloaded() || settling_.isActive()) return;
+    const QPointer<QWidget> before = std::exchange(lastIn_[window], now);
+    if (before && before != now && find(before)) wait({before});
 }
 
-void FocusWatcher::State::windowActive(FormWindow* now) {
-    if (!now || !now->counts() || now == active || runningAt >= 0 || settling.isActive()) return;
-    const QPointer<FormWindow> before = std::exchange(active, now);
+void FocusWatcher::windowActive(FormWindow* now) {
+    if (!now || now->auxiliary() || now == active_ || runningAt_ >= 0 || settling_.isActive()) return;
+    const auto* before = qobject_cast<FormWindow*>(std::exchange(active_, now));
     // A focus that is back before anything was told has never been away.
     const auto isBack = [&](const Left& one) {
         return one.toAnotherWindow && one.control && one.control->window() == now;
     };
-    for (const Left& one : left)
-        if (isBack(one)) lastIn[now] = one.control;
-    std::erase_if(left, isBack);
+    for (const Left& one : left_)
+        if (isBack(one)) lastIn_[now] = one.control;
+    std::erase_if(left_, isBack);
     if (!before || before->unloaded() || !before->isVisible()) return;
-    const QPointer<QWidget> control = std::exchange(lastIn[before], nullptr);
+    const QPointer<QWidget> control = std::exchange(lastIn_[before], nullptr);
     if (control && find(control)) wait({control, true, now});
 }
 
+// Where a box has gone the desktop gives the keys to and fro; until then the focus says nothing of the user.
+void FocusWatcher::settle() {
+    settling_.start(settlesWithinMs);
+    qApp->installEventFilter(this);
+}
+
+// Whoever presses something has the keys where he wants them.
+bool FocusWatcher::eventFilter(QObject* receiver, QEvent* event) {
+    if ((event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) && event->spontaneous()) {
+        const auto* pressed = qobject_cast<QWidget*>(receiver);
+        if (auto* window = pressed ? qobject_cast<FormWindow*>(pressed->window()) : nullptr) settled(window);
+    }
+    return false;
+}
+
 // Takes the focus as it stands.
-void FocusWatcher::State::settled() {
-    active = qobject_cast<FormWindow*>(QApplication::activeWindow());
-    if (active) lastIn[active] = active->focusWidget();
+void FocusWatcher::settled(FormWindow* window) {
+    settling_.stop();
+    qApp->removeEventFilter(this);
+    active_ = window;
+    if (window) lastIn_[window] = window->focusWidget();
 }
 
-FocusWatcher::FocusWatcher(Program& program) : state_(std::make_unique<State>(program)) {
-    state_->timer.setSingleShot(true);
-    state_->settling.setSingleShot(true);
-    connect(&state_->settling, &QTimer::timeout, this, [this] { state_->settled(); });
-    connect(&state_->timer, &QTimer::timeout, this, &FocusWatcher::flush);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { state_->focusIn(now); });
-    connect(qApp, &QGuiApplication::focusWindowChanged, this,
-            [this] { state_->windowActive(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
-}
-
-FocusWatcher::~FocusWatcher() = default;
-
-void FocusWatcher::watch(Form& form, QWidget* control, std::function<void()> lostFocus) {
-    std::erase_if(state_->watched, [](const State::Watched& one) { return !one.control; });
-    state_->watched.push_back({control, form.standingWindow(), std::move(lostFocus)});
+void FocusWatcher::wait(const Left& one) {
+    left_.push_back(one);
+    timer_.start(one.toAnotherWindow ? clickFollowsWithinMs : 0);
 }
 
 void FocusWatcher::flush() {
     const int loops = QThread::currentThread()->loopLevel();
-    while (!state_->left.empty() && state_->runningAt != loops) {
-        const auto [control, toAnotherWindow, to] = state_->left.front();
-        const State::Watched* watched = control ? state_->find(control) : nullptr;
+    while (!left_.empty() && runningAt_ != loops) {
+        const auto [control, toAnotherWindow, to] = left_.front();
+        const Watched* watched = control ? find(control) : nullptr;
         const bool underWay = toAnotherWindow && !qobject_cast<FormWindow*>(QApplication::activeWindow());
         if (watched && (underWay || QGuiApplication::mouseButtons() != Qt::NoButton ||
                         QApplication::activePopupWidget() || modalWindowAbove(*control->window()))) {
-            state_->timer.start(askAgainAfterMs);
+            timer_.start(askAgainAfterMs);
             return;
         }
-        state_->left.erase(state_->left.begin());
+        left_.erase(left_.begin());
         if (!watched) continue;
         const auto handler = watched->lostFocus;  // a handler may watch more controls
-        auto* window = qobject_cast<FormWindow*>(watched->window);
+        const QPointer<FormWindow> window = qobject_cast<FormWindow*>(watched->window);
         if (toAnotherWindow) window->keysAfterBox = to;
-        const QPointer<FormWindow> asked = window;
-        const int outer = std::exchange(state_->runningAt, loops);
-        asHandler(state_->program, window, handler);
-        state_->runningAt = outer;
+        const int outer = std::exchange(runningAt_, loops);
+        asHandler(program_, window, handler);
+        runningAt_ = outer;
         if (!toAnotherWindow) continue;
-        if (asked) asked->keysAfterBox = nullptr;
-        if (to != QApplication::activeWindow()) state_->settling.start(settlesWithinMs);
+        if (window) window->keysAfterBox = nullptr;
+        if (to != QApplication::activeWindow()) settle();
     }
 }
 
 void FocusWatcher::forget(QWidget* window) {
-    state_->lastIn.remove(window);
-    std::erase_if(state_->left,
-                  [window](const State::Left& one) { return !one.control || one.control->window() == window; });
-    std::erase_if(state_->watched,
-                  [window](const State::Watched& one) { return !one.control || one.window == window; });
+    lastIn_.remove(window);
+    std::erase_if(left_, [window](const Left& one) { return !one.control || one.control->window() == window; });
+    std::erase_if(watched_, [window](const Watched& one) { return !one.control || one.window == window; });
 }
 
 }  // namespace torvane

@@ -1,14 +1,17 @@
 #pragma once
 
+#include <QHash>
 #include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <QWidget>
 #include <functional>
-#include <memory>
-
-class QWidget;
+#include <vector>
 
 namespace torvane {
 
 class Form;
+class FormWindow;
 class Program;
 
 // Tells when the focus has moved from a control to another one of the same window, or to another window of the program:
@@ -18,7 +21,6 @@ class FocusWatcher : public QObject {
     Q_OBJECT
 public:
     explicit FocusWatcher(Program& program);
-    ~FocusWatcher() override;
 
     // `handler` runs (guarded) each time the control has lost the focus. Forgotten when the control goes.
     void watch(Form& form, QWidget* control, std::function<void()> lostFocus);
@@ -28,8 +30,34 @@ public:
     void forget(QWidget* window);
 
 private:
-    struct State;
-    std::unique_ptr<State> state_;
+    struct Watched {
+        QPointer<QWidget> control;
+        QPointer<QWidget> window;
+        std::function<void()> lostFocus;
+    };
+    // A control that has lost the focus, within its window or to another one.
+    struct Left {
+        QPointer<QWidget> control;
+        bool toAnotherWindow = false;
+        QPointer<QWidget> to = {};  // that window, as long as it stands
+    };
+
+    void focusIn(QWidget* now);
+    void windowActive(FormWindow* now);
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+    void settle();
+    void settled(FormWindow* window);
+    void wait(const Left& one);
+    const Watched* find(const QWidget* control) const;
+
+    Program& program_;
+    std::vector<Watched> watched_;
+    QHash<const QWidget*, QPointer<QWidget>> lastIn_;  // by window: the control that had the focus last
+    QPointer<QWidget> active_;                         // the window that has the keys, or had them last
+    std::vector<Left> left_;                           // what waits, in order
+    QTimer timer_;                                     // runs until what waits is looked at
+    QTimer settling_;                                  // runs while a desktop may still give the keys to and fro
+    int runningAt_ = -1;                               // the depth of event loops in which a handler of ours runs
 };
 
 }  // namespace torvane

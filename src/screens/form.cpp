@@ -1,109 +1,13 @@
 #include "screens/form.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QEventLoop>
-#include <QShortcut>
 #include <QWindow>
-#include <algorithm>
 
-#include "screens/focus_watcher.h"
-#include "screens/form_window.h"
+#include "values/failure.h"
 #include "widgets/texts.h"
 
 namespace torvane {
-
-// --- FormWindow ------------------------------------------------------------------------------------------------------
-
-FormWindow::FormWindow(Form& form) : QWidget(nullptr, Qt::Window), program_(form.program()), form_(&form) {
-    // A shortcut and not a key event: some controls keep the keys they do not know.
-    auto* help = new QShortcut(QKeySequence(Qt::Key_F1), this);
-    connect(help, &QShortcut::activated, this, [this] {
-        asHandler(program_, this, [this] {
-            // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): `this` is the window, which stands.
-            if (form_) program_.help(form_->helpContext());
-        });
-    });
-}
-
-void FormWindow::closeEvent(QCloseEvent* event) {
-    asHandler(program_, this, [this] { form_->Unload(); });
-    event->setAccepted(unloaded());
-}
-
-// Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.
-void FormWindow::letGo() {
-    if (unloaded() && handlers_ == 0) deleteLater();
-}
-
-bool FormWindow::counts() const {
-    return form_ && form_->counts();
-}
-
-FormWindow* FormWindow::handling() {
-    FormWindow* innermost = nullptr;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        auto* window = qobject_cast<FormWindow*>(widget);
-        if (window && window->isVisible() && window->innermost_ > (innermost ? innermost->innermost_ : 0))
-            innermost = window;
-    }
-    return innermost;
-}
-
-QWidget* frontWindow(const QWidget* except) {
-    const auto fits = [except](const QWidget* window) {
-        return window && window != except && window->isVisible() &&
-               (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
-    };
-    if (QWidget* modal = QApplication::activeModalWidget(); fits(modal)) return modal;
-    if (QWidget* handling = FormWindow::handling(); fits(handling)) return handling;
-    if (QWidget* active = QApplication::activeWindow(); fits(active)) return active;
-    for (QWidget* window : QApplication::topLevelWidgets())
-        if (fits(window)) return window;
-    return nullptr;
-}
-
-void standOver(QWidget& window, QWidget* front) {
-    if (!front || front == &window) return;
-    window.winId();  // makes the native window
-    QWindow* const above = window.windowHandle();
-    QWindow* const below = front->windowHandle();
-    if (!above || !below) return;
-    // A list may stand over an entry form that stands over the list's own former place: never in a ring.
-    for (QWindow* step = below; step; step = step->transientParent())
-        if (step->transientParent() == above) step->setTransientParent(nullptr);
-    above->setTransientParent(below);
-}
-
-QRect whollyOn(const QRect& screen, QRect window) {
-    window.moveLeft(std::max(screen.left(), std::min(window.left(), screen.right() + 1 - window.width())));
-    window.moveTop(std::max(screen.top(), std::min(window.top(), screen.bottom() + 1 - window.height())));
-    return window;
-}
-
-// --- Busy ------------------------------------------------------------------------------------------------------------
-
-Busy::Busy(QWidget* window) : window_(window), given_(window != nullptr) {
-    if (!given_) return;
-    auto& entered = static_cast<FormWindow&>(*window);
-    ++entered.handlers_;
-    const FormWindow* const outer = FormWindow::handling();
-    outer_ = std::exchange(entered.innermost_, outer ? outer->innermost_ + 1 : 1);
-}
-
-Busy::~Busy() {
-    if (auto* window = static_cast<FormWindow*>(window_.data())) {
-        --window->handlers_;
-        window->innermost_ = outer_;
-        window->letGo();
-    }
-}
-
-bool Busy::unloaded() const {
-    return given_ && (!window_ || static_cast<const FormWindow*>(window_.data())->unloaded());
-}
-
-// --- Form ------------------------------------------------------------------------------------------------------------
 
 Form::Form(Program& program, std::string_view name) : program_(program), name_(name) {}
 
@@ -119,7 +23,7 @@ Form::~Form() {
 void Form::Load() {
     if (window_) return;
     auto* window = new FormWindow(*this);
-    const Busy busy(window);
+    const RunningHandler handler(window);
     window_ = window;
     window->setObjectName(qstring(name_));
     try {
@@ -132,12 +36,11 @@ void Form::Load() {
     }
 }
 
-void Form::present(QWidget* front) {
+void Form::bringToFront(QWidget* front) {
     QWidget& window = *window_;
     standOver(window, front);
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    if (!shown_ && counts_) program_.windowShown();
-    shown_ = true;
+    if (!std::exchange(shown_, true) && !auxiliary_) program_.lastWindow().shown();
     window.show();
     window.raise();
     window.activateWindow();
@@ -145,12 +48,12 @@ void Form::present(QWidget* front) {
 
 void Form::Show() {
     Load();
-    if (window_) present(QApplication::activeModalWidget());
+    if (window_) bringToFront(QApplication::activeModalWidget());
 }
 
 void Form::Show(const Form& owner) {
     Load();
-    if (window_) present(owner.standingWindow());
+    if (window_) bringToFront(owner.standingWindow());
 }
 
 void Form::ShowModal() {
@@ -160,7 +63,7 @@ void Form::ShowModal() {
     // The modality of a window changes only with its next show.
     window_->hide();
     window_->setWindowModality(Qt::ApplicationModal);
-    present(before);
+    bringToFront(before);
 
     QEventLoop loop;
     modalLoops_.push_back(&loop);
@@ -173,7 +76,7 @@ void Form::ShowModal() {
 
 void Form::Unload() {
     if (!window_ || unloading_) return;
-    const Busy busy(window_);
+    const RunningHandler handler(window_);
     unloading_ = true;
     Form_Unload();
     unloading_ = false;
@@ -183,7 +86,7 @@ void Form::Unload() {
 // The window goes, without a word to the screen.
 void Form::drop() {
     auto* window = static_cast<FormWindow*>(window_.data());
-    program_.windowUnloaded(window, std::exchange(shown_, false) && counts_);
+    program_.windowUnloaded(window, std::exchange(shown_, false) && !auxiliary_);
     window_ = nullptr;
     window->form_ = nullptr;
     dropControls();
@@ -192,7 +95,7 @@ void Form::drop() {
         for (QWindow* other : QGuiApplication::topLevelWindows())
             if (other->transientParent() == handle) other->setTransientParent(nullptr);
     window->hide();
-    window->letGo();
+    window->deleteWhenUnused();
 }
 
 QWidget& Form::window() {

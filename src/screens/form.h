@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "screens/form_window.h"
 #include "screens/program.h"
 
 class QEventLoop;
@@ -50,13 +51,13 @@ public:
 
     Program& program() const { return program_; }
     const std::string& name() const { return name_; }
-    // F1 in this window opens the help here. 0, the default, opens the contents.
+    // The page of the help book, by its number there, that F1 opens in this window. 0, the default: the contents.
     void setHelpContext(int context) { helpContext_ = context; }
     int helpContext() const { return helpContext_; }
-    // Whether the program goes on while only this window stands, and whether the focus leaves other windows when it
-    // goes here; so it is for all windows but that of the help.
-    void setCounts(bool counts) { counts_ = counts; }
-    bool counts() const { return counts_; }
+    // A window beside the work, as that of the help is: the program does not go on for it alone, and the focus has not
+    // left another window when it goes here.
+    void setAuxiliary(bool auxiliary) { auxiliary_ = auxiliary; }
+    bool auxiliary() const { return auxiliary_; }
 
 protected:
     // Puts the controls into the new window. Touching controls from here on loads nothing.
@@ -68,44 +69,17 @@ protected:
 
 private:
     friend class FormWindow;
-    void present(QWidget* front);
+    void bringToFront(QWidget* front);
     void drop();
     Program& program_;
     std::string name_;
     QPointer<QWidget> window_;  // a FormWindow
     std::vector<QEventLoop*> modalLoops_;
     int helpContext_ = 0;
-    bool counts_ = true;
+    bool auxiliary_ = false;
     bool shown_ = false;
     bool unloading_ = false;
 };
-
-// As long as one of these stands, a window is not deleted, whatever unloads its screen.
-class Busy {
-public:
-    // The window of a screen, or null: then it holds nothing.
-    explicit Busy(QWidget* window);
-    ~Busy();
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-    // Whether the screen has let go of the window; its events count no more.
-    bool unloaded() const;
-
-private:
-    QPointer<QWidget> window_;
-    bool given_;
-    int outer_ = 0;
-};
-
-// Runs what is entered neither by a signal nor by the screen itself (a timer, an event filter, an overridden event
-// handler) as a handler of the window: inside the event guard, and not at all once the window has been unloaded.
-template <class Body>
-void asHandler(Program& program, QWidget* window, Body&& body) {
-    const Busy busy(window);
-    program.guarded([&] {
-        if (!busy.unloaded()) body();
-    });
-}
 
 // A screen drawn by a form file: Ui is the struct that uic makes of it. `ui()` loads the screen, as touching a control
 // does.
@@ -114,8 +88,7 @@ class FormOf : public Form {
 public:
     using Form::Form;
     Ui& ui() {
-        if (!controls_) Load();
-        if (!controls_) fail(Failure::ObjectNotSet);
+        if (!controls_) window();
         return *controls_;
     }
 
@@ -131,47 +104,29 @@ private:
     std::unique_ptr<Ui> controls_;
 };
 
-// The only connect in screens: the handler runs inside the event guard, and the window can't be deleted under it. The
-// handler may take fewer arguments than the signal. The connection dies with the sender, and is dead from the moment in
-// which the screen is unloaded; a sender that outlives the screen itself needs a connection of its own.
-//   on(form, ui().cmdAdd, &QAbstractButton::clicked, &frmOrder::cmdAdd_Click);   a member of the screen without
-//   arguments on(form, ui().list, &ReportList::ColumnClick, [this](int column) { ... });
-template <class Screen, class Sender, class Signal, class Handler>
-void on(Screen& form, Sender* sender, Signal signal, Handler handler);
-
-namespace detail {
-
-template <class Screen, class Handler, class Arguments, std::size_t... index>
-void callHandler(Screen& form, Handler& handler, Arguments& arguments, std::index_sequence<index...>) {
-    if constexpr (std::is_member_function_pointer_v<Handler> &&
-                  std::is_invocable_v<Handler&, Screen&, std::tuple_element_t<index, Arguments>...>) {
-        std::invoke(handler, form, std::get<index>(arguments)...);
-    } else if constexpr (std::is_invocable_v<Handler&, std::tuple_element_t<index, Arguments>...>) {
-        handler(std::get<index>(arguments)...);
-    } else {
-        static_assert(sizeof...(index) > 0, "the handler takes arguments that the signal does not give");
-        if constexpr (sizeof...(index) > 0)
-            callHandler(form, handler, arguments, std::make_index_sequence<sizeof...(index) - 1>{});
-    }
-}
-
-template <class Screen, class Sender, class Base, class... Arguments, class Handler>
-void connectHandler(Screen& form, Sender* sender, void (Base::*signal)(Arguments...), Handler handler) {
+// How a screen connects a handler: it runs inside the event guard, and the window can't be deleted under it. The handler
+// takes all that the signal gives, the first of it, or nothing; or it is a member of the screen that takes nothing. The
+// connection dies with the sender, and is dead from the moment in which the screen is unloaded; a sender that outlives
+// the screen itself needs a connection of its own.
+//
+//   on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmOrder::cmdAdd_Click);
+//   on(*this, ui().list, &ReportList::ColumnClick, [this](int column) { ... });
+template <class Screen, class Sender, class Source, class... Arguments, class Handler>
+void on(Screen& form, Sender* sender, void (Source::*signal)(Arguments...), Handler handler) {
     const QPointer<QWidget> window = form.standingWindow();
     QObject::connect(sender, signal, sender,
                      [&form, &program = form.program(), window, handler](Arguments... arguments) mutable {
                          asHandler(program, window, [&] {
-                             std::tuple<Arguments&...> given(arguments...);
-                             callHandler(form, handler, given, std::index_sequence_for<Arguments...>{});
+                             if constexpr (std::is_member_function_pointer_v<Handler>)
+                                 std::invoke(handler, form);
+                             else if constexpr (std::is_invocable_v<Handler&, Arguments...>)
+                                 handler(arguments...);
+                             else if constexpr (std::is_invocable_v<Handler&>)
+                                 handler();
+                             else
+                                 handler(std::get<0>(std::tie(arguments...)));
                          });
                      });
-}
-
-}  // namespace detail
-
-template <class Screen, class Sender, class Signal, class Handler>
-void on(Screen& form, Sender* sender, Signal signal, Handler handler) {
-    detail::connectHandler(form, sender, signal, std::move(handler));
 }
 
 // The same for the clicks of many buttons; each handler is a member of the screen.

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 namespace torvane {
 
@@ -17,8 +18,8 @@ public:
 
     Program& program() const { return program_; }
     bool unloaded() const { return form_ == nullptr; }
-    // See Form::counts; false once unloaded.
-    bool counts() const;
+    // See Form::auxiliary; true once unloaded.
+    bool auxiliary() const;
     // The window that gets the keys after a box of this one, in place of this one; null for most of the time.
     QPointer<QWidget> keysAfterBox;
     // The shown window whose handler is running, the innermost one where handlers stand within handlers; null for none.
@@ -29,14 +30,35 @@ protected:
 
 private:
     friend class Form;
-    friend class Busy;
-    void letGo();
+    friend class RunningHandler;
+    void deleteWhenUnused();
 
     Program& program_;
     Form* form_;
     int handlers_ = 0;
     int innermost_ = 0;  // the depth of its innermost handler among all that run; 0 while none of its runs
 };
+
+// As long as one of these stands, a window is not deleted, whatever unloads its screen.
+class RunningHandler {
+public:
+    // The window of a screen, or null: then it holds nothing.
+    explicit RunningHandler(QWidget* window);
+    ~RunningHandler();
+    RunningHandler(const RunningHandler&) = delete;
+    RunningHandler& operator=(const RunningHandler&) = delete;
+    // Whether the screen has unloaded the window; its events count no more.
+    bool unloaded() const;
+
+private:
+    QPointer<QWidget> window_;
+    bool given_;
+    int outer_ = 0;
+};
+
+// Runs what is entered neither by a signal nor by the screen itself (a timer, an event filter, an overridden event
+// handler) as a handler of the window: inside the event guard, and not at all once the window has been unloaded.
+void asHandler(Program& program, QWidget* window, const std::function<void()>& body);
 
 // The window that a box or another window shown now is to stand over: the modal one on top, else the one whose handler
 // shows it, else the active one, else any that shows; null when there is none but `except`.

@@ -122,9 +122,7 @@ void PagedList::turn(int pages) {
 
 void PagedList::sortBy(int column) {
     ReportList& list = *parts_.controls().list;
-    const std::vector<Column>& all = parts_.columns;
-    for (int i = 0; i < static_cast<int>(all.size()); ++i) list.setColumnIcon(i, ReportList::Icon::Blank);
-    const std::string_view field = all.at(static_cast<std::size_t>(column)).sortField;
+    const std::string_view field = parts_.columns.at(static_cast<std::size_t>(column)).sortField;
     if (!field.empty()) FldName = field;
     // One flag for all columns: a click on another column flips the direction as well.
     AscOrDesc = list.ascending ? "D" : "A";

@@ -1,13 +1,12 @@
 #include "shell/frm_about.h"
 
 #include "host/host.h"
-#include "screens/help_contexts.h"
 #include "widgets/pictures.h"
 
 namespace torvane {
 
 frmAbout::frmAbout(Program& program) : FormOf(program, "frmAbout") {
-    setHelpContext(HelpContext::about);
+    setHelpContext(2);
 }
 
 void frmAbout::Form_Load() {

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-#include "screens/help_contexts.h"
+#include "screens/assistant.h"
 #include "shell/menu_tree.h"
 #include "widgets/picture_button.h"
 #include "widgets/pictures.h"
@@ -78,7 +78,9 @@ frmMainMenu::frmMainMenu(Program& program, std::vector<MenuAction> actions, bool
     : Form(program, "frmMainMenu"),
       actions_(std::move(actions)),
       previousInstance_(previousInstance),
-      loadAssistant_(std::move(loadAssistant)) {}
+      loadAssistant_(std::move(loadAssistant)) {
+    setHelpContext(1);
+}
 
 frmMainMenu::~frmMainMenu() {
     program().setMerlin(nullptr);
@@ -111,7 +113,7 @@ void frmMainMenu::build(QWidget& window) {
 
     buildMenus(*bar);
     buildButtons(*area, scale);
-    program().setMainWindow(&window);
+    program().placing().setMainWindow(&window);
 }
 
 void frmMainMenu::buildMenus(QMenuBar& bar) {
@@ -200,7 +202,6 @@ void frmMainMenu::Form_Load() {
     merlin.Speak("Welcome to Torvane Construction Estimator");
     setWorkingMenusVisible(true);
     merlin.Hide();
-    setHelpContext(HelpContext::mainWindow);
 }
 
 void frmMainMenu::ActivateMerlin() {

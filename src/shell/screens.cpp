@@ -39,7 +39,7 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
       calculators2(program, calculatorGroups()[1]),
       calculators3(program, calculatorGroups()[2]),
       calculators4(program, calculatorGroups()[3]),
-      scientific(program),
+      scientific(program, [this] { about.Show(); }),
       calculators1(program, scientific, calculators2, calculators3),
       order(program, aroundEstimate(*this)),
       orders(program, order),
@@ -51,10 +51,6 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
                                const std::string& name) { item.entryForm().takeCategory(CategoryId, name); }),
       item(program, category),
       master(program),
-      mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {
-    help.setHelpFile(program.host().programDirectory() + "/LARKFENVERSION2.HLP");
-    program.setHelp([this](int context) { help.showPage(context); });
-    scientific.setAbout([this] { about.Show(); });
-}
+      mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {}
 
 }  // namespace torvane

@@ -5,7 +5,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -35,27 +34,6 @@ protected:
         option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
     }
 };
-
-// All three are of one size, or the captions would jump from one to the other.
-QIcon headerIcon(const ReportList& list, ReportList::Icon icon) {
-    const int side = list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, list.header());
-    const qreal ratio = list.devicePixelRatioF();
-    QPixmap pixmap(QSize(side, side) * ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    if (icon != ReportList::Icon::Blank) {
-        const qreal middle = side / 2.0;
-        const qreal reach = side * 0.45;
-        const qreal tip = icon == ReportList::Icon::Up ? -reach : reach;
-        QPainter painter(&pixmap);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(list.palette().color(QPalette::ButtonText));
-        painter.drawPolygon(QPolygonF(
-            {{middle - reach, middle - tip / 2}, {middle + reach, middle - tip / 2}, {middle, middle + tip / 2}}));
-    }
-    return QIcon(pixmap);
-}
 
 }  // namespace
 
@@ -99,7 +77,6 @@ bool ReportList::viewportEvent(QEvent* event) {
 void ReportList::setColumns(const std::vector<Column>& columns) {
     const int count = static_cast<int>(columns.size());
     setColumnCount(count);
-    icons_.assign(columns.size(), Icon::Blank);
     auto* captions = new QTreeWidgetItem;
     auto* right = new RightAligned(this);
     for (int index = 0; index < count; ++index) {
@@ -184,18 +161,14 @@ void ReportList::setRow(int row, const std::vector<std::string>& texts) {
 
 void ReportList::setColumnIcon(int column, Icon icon) {
     requireColumn(column);
-    icons_[static_cast<std::size_t>(column)] = icon;
-    for (int each = 0; each < columnCount(); ++each) {
-        // A caption at the right stays where it is without an icon of no picture, and has all the room.
-        const bool blank = columnIcon(each) == Icon::Blank;
-        const bool right = headerItem()->textAlignment(each) & Qt::AlignRight;
-        headerItem()->setIcon(each, blank && right ? QIcon() : headerIcon(*this, columnIcon(each)));
-    }
+    header()->setSortIndicator(column, icon == Icon::Down ? Qt::AscendingOrder : Qt::DescendingOrder);
+    header()->setSortIndicatorShown(icon != Icon::Blank);
 }
 
 ReportList::Icon ReportList::columnIcon(int column) const {
     requireColumn(column);
-    return icons_[static_cast<std::size_t>(column)];
+    if (!header()->isSortIndicatorShown() || header()->sortIndicatorSection() != column) return Icon::Blank;
+    return header()->sortIndicatorOrder() == Qt::AscendingOrder ? Icon::Down : Icon::Up;
 }
 
 int ReportList::firstVisibleColumn() const {

@@ -36,6 +36,7 @@ public:
     std::string Cell(int row, int column) const;
     void setCell(int row, int column, std::string_view text);
     void setRow(int row, const std::vector<std::string>& texts);
+    // The mark of the order in the header. One column has it at a time.
     void setColumnIcon(int column, Icon icon);
     Icon columnIcon(int column) const;
     // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
@@ -43,8 +44,8 @@ public:
 
 signals:
     void ColumnClick(int column);
-    void
-    DblClick();  // double-clicked, on a row or beside the rows (the selected one counts), or Enter pressed on a row
+    // Double-clicked, on a row or beside the rows (the selected one counts), or Enter pressed on a row.
+    void DblClick();
     void RightClick(const QPoint& globalPosition);  // the right button let go, or the menu key
 
 public:
@@ -64,7 +65,6 @@ private:
     void makeCurrent(QTreeWidgetItem& row);
     void requireColumn(int column) const;
     int firstVisibleColumn() const;
-    std::vector<Icon> icons_;
 };
 
 }  // namespace torvane

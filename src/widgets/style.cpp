@@ -1,7 +1,6 @@
 #include "widgets/style.h"
 
 #include <QApplication>
-#include <QHeaderView>
 #include <QProxyStyle>
 #include <QStyleOptionButton>
 
@@ -18,13 +17,6 @@ public:
         // Pictures on buttons are our own.
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
-    }
-
-    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        const int size = QProxyStyle::pixelMetric(metric, option, widget);
-        // The mark of the order in a header leaves the room to the caption. Painting tells no widget.
-        const bool inHeader = qobject_cast<const QHeaderView*>(widget) || (option && option->type == option->SO_Header);
-        return metric == PM_SmallIconSize && inHeader ? size * 9 / 16 : size;
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

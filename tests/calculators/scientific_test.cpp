@@ -19,7 +19,7 @@ using Texts = std::vector<std::string>;
 // A calculator in a program of its own.
 struct Calculator {
     explicit Calculator(Store& store) : program(DataAccess{host, store}, [](int) {}) {
-        program.setErrorBox([this](const RuntimeFailure& failure) { failed = failure.number(); });
+        program.guard().setErrorBox([this](const RuntimeFailure& failure) { failed = failure.number(); });
         program.setHelp([this](int context) { helpPage = context; });
         form.setBeep([this] { ++beeps; });
         program.guarded([this] { form.Load(); });
@@ -51,7 +51,8 @@ struct Calculator {
     int helpPage = 0;
     int beeps = 0;
     Program program;
-    scientific form{program};
+    bool aboutShown = false;
+    scientific form{program, [this] { aboutShown = true; }};
     QWidget* window = nullptr;  // its texts are read also when EXIT has let it go
 };
 
@@ -330,10 +331,8 @@ TEST_F(ScientificTest, MenuEntriesAndExit) {
         EXPECT_EQ(entry.stands && calculator.window->isVisible(), std::string_view(entry.name) == "tscientific");
     }
     Calculator calculator(store);
-    bool shown = false;
-    calculator.form.setAbout([&] { shown = true; });
     calculator.choose("habout");
-    EXPECT_TRUE(shown);
+    EXPECT_TRUE(calculator.aboutShown);
     calculator.press("EXIT");
     EXPECT_FALSE(calculator.form.loaded());
 }

@@ -150,7 +150,10 @@ class OfficeRoads(DeskTest):
         press("alt", *["Right"] * 3, "Down", "Down", "Right", "Down", "Return")
         self.comes("Calculators")
         self.until(lambda: self.focused() == "Length of room (feet)", "the first box has not got the keys")
-        write("12\t10\n")
+        write("12")
+        press("Tab")
+        write("10")
+        press("Return")
         self.reads("Ceiling SF", "120")
 
     def test_backup_and_restore(self):

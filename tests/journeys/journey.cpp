@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QLabel>
 
+#include "screens/assistant.h"
 #include "values/numbers.h"
 #include "widgets/text_area.h"
 

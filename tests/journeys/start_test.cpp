@@ -149,7 +149,7 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     data.useHelpBook();
     for (int i = 0; i < 20; ++i) data.execute("insert into Customer (CustName) values ('Many')");
     int ended = 0;
-    program.onLastWindowGone([&] { ++ended; });
+    program.lastWindow().onGone([&] { ++ended; });
     QWidget& order = newEstimate();
     const QPoint place = customers("A").pos();
     go(screens->customer.window(), "cmdExit");
@@ -157,7 +157,7 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     closeBox(screens->mainMenu.window());
     EXPECT_FALSE(screens->mainMenu.loaded());
     EXPECT_TRUE(order.isVisible());
-    EXPECT_TRUE(program.mainWindowHasGone());
+    EXPECT_TRUE(program.placing().mainWindowHasGone());
 
     run([&] { screens->customer.Show(); });
     settle();

@@ -275,14 +275,14 @@ int run(int argc, char** argv, unsigned seed, int steps, const std::string& fold
     FileSystem files;
     Monkey monkey(dice, steps);
     Program program({host, store}, [&monkey](int) { monkey.leave(runTimeError); });
-    program.setErrorBox([](const RuntimeFailure& failure) {
+    program.guard().setErrorBox([](const RuntimeFailure& failure) {
         std::printf("ended by %d %s: %s\n", failure.number(), failure.text().c_str(), failure.refused().c_str());
     });
     application.setLastNet([&monkey](const RuntimeFailure& failure) {
         std::printf("past the guard: %d %s\n", failure.number(), failure.text().c_str());
         monkey.leave(pastTheGuard);
     });
-    program.onLastWindowGone([&monkey] { monkey.leave(lastWindowGone); });
+    program.lastWindow().onGone([&monkey] { monkey.leave(lastWindowGone); });
     Screens screens(program, files, false,
                     [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });

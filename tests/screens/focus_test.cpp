@@ -112,11 +112,11 @@ TEST_F(FocusTest, NothingElseTakesTheFocusFromAControl) {
          }},
         {"the help window",
          [&] {
-             other.setCounts(false);
+             other.setAuxiliary(true);
              other.window().activateWindow();
              settle();
              form.Show();
-             other.setCounts(true);
+             other.setAuxiliary(false);
          }},
         {"modal form",
          [&] {

@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "screens/assistant.h"
 #include "screens/probe.h"
 #include "support/screen_test.h"
 
@@ -133,7 +134,7 @@ TEST_F(FormTest, HandlersOfAnUnloadedWindowAreDead) {
     list.whenLoaded = [&] { on(list, list.first, &TextBox::textChanged, [&] { note("Change"); }); };
     run([&] {
         list.Load();
-        const Busy busy(&list.window());
+        const RunningHandler handler(&list.window());
         TextBox* const held = list.first;
         held->setText("a");
         list.Unload();
@@ -227,7 +228,7 @@ TEST_F(FormTest, ModelessWindowOverAModalOneIsUsable) {
 
 TEST_F(FormTest, LastWindowEndsTheProgramWhenTheHandlersAreDone) {
     int ends = 0;
-    program.onLastWindowGone([&] { ++ends; });
+    program.lastWindow().onGone([&] { ++ends; });
     list.whenLoaded = [&] {
         on(list, list.button, &QPushButton::clicked, [&] {
             list.Unload();
@@ -238,7 +239,7 @@ TEST_F(FormTest, LastWindowEndsTheProgramWhenTheHandlersAreDone) {
             EXPECT_EQ(ends, 0);
         });
     };
-    main.setCounts(false);
+    main.setAuxiliary(true);
     main.Show();
     list.Show();
     click(*list.button);
@@ -271,9 +272,9 @@ TEST_F(FormTest, PlacesWindowsOverTheMainWindowWhollyOnTheScreen) {
         for (const Row& row : rows) {
             SCOPED_TRACE(std::string(row.name) + (gone ? ", main window gone" : ""));
             main.window().setGeometry(row.main);
-            program.setMainWindow(&main.window());
+            program.placing().setMainWindow(&main.window());
             if (gone) main.Unload();
-            EXPECT_EQ(program.mainWindowHasGone(), gone);
+            EXPECT_EQ(program.placing().mainWindowHasGone(), gone);
             list.window().setMinimumSize(1, 1);
             list.window().resize(row.window);
             program.StartUp(list);
@@ -311,7 +312,7 @@ struct Voice : Assistant {
 TEST_F(FormTest, AssistantSpeaksWhileTheMainWindowStands) {
     Voice voice(log);
     program.setMerlin(&voice);
-    program.setMainWindow(&main.window());
+    program.placing().setMainWindow(&main.window());
     program.speakHelp("Press Add");
     main.Unload();
     program.speakHelp("Press Edit");

@@ -56,7 +56,7 @@ TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
         outer.first->setFocus();
         click(*outer.button);
         settle();
-        program.end(RuntimeFailure{2, "second box"});
+        program.guard().end(RuntimeFailure{2, "second box"});
         EXPECT_TRUE(log.empty());
     };
     endOf([&] { outer.button->click(); });

@@ -190,7 +190,7 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds) {
 
 ScreenTest::ScreenTest()
     : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
-    program.setErrorBox([this](const RuntimeFailure& failure) {
+    program.guard().setErrorBox([this](const RuntimeFailure& failure) {
         failure_ = failure;
         whileFailureShows();
     });

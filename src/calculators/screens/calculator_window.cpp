@@ -116,9 +116,7 @@ void CalculatorWindow::Unloadall() {
 
 void CalculatorWindow::openTab(const CalculatorTab& tab) {
     PanelView& panel = *panels_.at(tab.panel);
-    panel.setShownAs(tab.caption);
-    panel.selectFirstEntries();
-    panel.show();
+    panel.open(tab.caption);
     setHelpContext(panel.helpContext());
 }
 

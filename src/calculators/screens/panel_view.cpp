@@ -120,7 +120,7 @@ QWidget* PanelView::makeList(const Control& list, QWidget* parent) const {
 QWidget* PanelView::makeButton(const Control& button, QWidget* parent) {
     auto* made = new QPushButton(qstring(button.label), parent);
     on(form_, made, &QAbstractButton::clicked, [this, &button] {
-        const Program::Doing doing(form_.program(), "computing the " + std::string(shownAs_));
+        const Program::Doing doing(form_.program(), "computing the " + std::string(tab_));
         button.compute();
     });
     return made;
@@ -207,13 +207,20 @@ void PanelView::pressOnEnter() {
     }
 }
 
-// --- What formulas ask -----------------------------------------------------------------------------------------------
-
-void PanelView::selectFirstEntries() {
+void PanelView::open(std::string_view tab) {
+    tab_ = tab;
     for (const Control* control : panel_->controls())
         if (control->kind == ControlKind::List && control->opensOnFirst)
             static_cast<DropList*>(widgets_.at(control))->select(0);
+    show();
+    const auto takesKeys = [this](const Control* control) {
+        return widgets_.at(control)->focusPolicy() & Qt::TabFocus;
+    };
+    if (const auto first = std::ranges::find_if(panel_->controls(), takesKeys); first != panel_->controls().end())
+        widgets_.at(*first)->setFocus();
 }
+
+// --- What formulas ask -----------------------------------------------------------------------------------------------
 
 std::string PanelView::text(const Box& box) const {
     return static_cast<TextBox*>(widgets_.at(&box))->Text();

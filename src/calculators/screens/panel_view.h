@@ -19,10 +19,9 @@ public:
     PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent);
 
     int helpContext() const { return panel_->helpContext; }
-    // The caption of the tab that shows it, for the run-time error box.
-    void setShownAs(std::string_view caption) { shownAs_ = caption; }
-    // Sets the lists that are to stand on their first entry when the panel is shown.
-    void selectFirstEntries();
+    // Shows it, with the keys in its first control and the lists on their first entry that are to stand there. `tab` is
+    // the caption of its tab, for the run-time error box.
+    void open(std::string_view tab);
 
 private:
     std::string text(const Box& box) const override;
@@ -44,7 +43,7 @@ private:
 
     Form& form_;
     const std::unique_ptr<Panel> panel_;
-    std::string_view shownAs_;
+    std::string_view tab_;
     std::map<const Control*, QWidget*> widgets_;
 };
 

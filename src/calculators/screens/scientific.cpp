@@ -16,6 +16,7 @@
 
 #include "calculators/screens/key_preview.h"
 #include "host/host.h"
+#include "values/failure.h"
 #include "widgets/text_box.h"
 #include "widgets/texts.h"
 #include "widgets/units.h"
@@ -183,7 +184,8 @@ QLabel* greenLabel(const char* name, const char* says, Qt::Alignment alignment) 
 
 }  // namespace
 
-scientific::scientific(Program& program) : Form(program, "scientific"), about_([] {}), beep_(&QApplication::beep) {
+scientific::scientific(Program& program, std::function<void()> showAbout)
+    : Form(program, "scientific"), showAbout_(std::move(showAbout)), beep_(&QApplication::beep) {
     setHelpContext(helpPage);
 }
 
@@ -319,7 +321,7 @@ void scientific::buildMenus(QMenuBar& bar) {
              missingCalculator();
          }},
         {"&Help", "&Contents", "hcontents", "F1", [this] { program().help(helpContext()); }},
-        {"&Help", "&About", "habout", "", [this] { about_(); }},
+        {"&Help", "&About", "habout", "", [this] { showAbout_(); }},
     };
     QMenu* menu = nullptr;
     for (const Entry& entry : entries) {

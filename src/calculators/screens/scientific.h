@@ -21,10 +21,9 @@ class TextBox;
 // from load to unload; only the random numbers go on as long as the program runs.
 class scientific : public Form, private CalculatorDesk {
 public:
-    explicit scientific(Program& program);
+    // `showAbout`: what the entry "About" does.
+    scientific(Program& program, std::function<void()> showAbout);
 
-    // What "About" shows. Nothing until it is set.
-    void setAbout(std::function<void()> show) { about_ = std::move(show); }
     // What sounds in place of the system's plain beep.
     void setBeep(std::function<void()> sound) { beep_ = std::move(sound); }
 
@@ -54,7 +53,7 @@ private:
     // As fine as a float below 1, with the full period; the same numbers from each start of the program.
     using RandomNumbers = std::linear_congruential_engine<std::uint32_t, 0x6A4C35, 0x3D0B71, 0x1000000>;
     RandomNumbers random_{0x2B7E5D};
-    std::function<void()> about_;
+    std::function<void()> showAbout_;
     std::function<void()> beep_;
     TextBox* Text1_ = nullptr;
     QLabel* Label1_ = nullptr;

@@ -1,13 +1,12 @@
 #include "estimates/screens/frm_blank.h"
 
 #include "estimates/shared_notes.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_blank.h"
 
 namespace torvane {
 
 frmBlank::frmBlank(Program& program) : FormOf(program, "frmBlank") {
-    setHelpContext(HelpContext::notesArea);
+    setHelpContext(16);
 }
 
 frmBlank::~frmBlank() = default;

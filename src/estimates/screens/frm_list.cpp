@@ -4,7 +4,6 @@
 #include "masters/category_nodes.h"
 #include "masters/cls_master.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_list.h"
 #include "ui_frm_order.h"
 #include "values/numbers.h"
@@ -19,7 +18,7 @@ enum SheetColumn { itemId, room, code, name, category, quantity, unit, material,
 }  // namespace
 
 frmList::frmList(Program& program, frmOrder& order) : FormOf(program, "frmList"), orderScreen_(order) {
-    setHelpContext(HelpContext::itemSheet);
+    setHelpContext(15);
 }
 
 frmList::~frmList() = default;

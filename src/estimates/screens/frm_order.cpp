@@ -6,7 +6,6 @@
 #include "estimates/screens/area_panel.h"
 #include "estimates/shared_notes.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_order.h"
 #include "values/numbers.h"
 
@@ -56,7 +55,7 @@ private:
 }  // namespace
 
 frmOrder::frmOrder(Program& program, Others others) : FormOf(program, "frmOrder"), others_(std::move(others)) {
-    setHelpContext(HelpContext::estimate);
+    setHelpContext(12);
 }
 
 frmOrder::~frmOrder() = default;

@@ -1,14 +1,13 @@
 #include "estimates/screens/frm_order_no.h"
 
 #include "estimates/screens/frm_order.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_order_no.h"
 #include "values/numbers.h"
 
 namespace torvane {
 
 FrmOrderNo::FrmOrderNo(Program& program, frmOrder& order) : FormOf(program, "FrmOrderNo"), orderScreen_(order) {
-    setHelpContext(HelpContext::estimateNumber);
+    setHelpContext(14);
 }
 
 FrmOrderNo::~FrmOrderNo() = default;

@@ -1,7 +1,6 @@
 #include "estimates/screens/frm_orders.h"
 
 #include "estimates/screens/frm_order.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_orders.h"
 #include "values/numbers.h"
 
@@ -9,7 +8,7 @@ namespace torvane {
 
 frmOrders::frmOrders(Program& program, frmOrder& order)
     : FormOf(program, "frmOrders"), orderScreen_(order), Order(program.dataAccess(), order) {
-    setHelpContext(HelpContext::searchEstimate);
+    setHelpContext(13);
 }
 
 frmOrders::~frmOrders() = default;

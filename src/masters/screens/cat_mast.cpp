@@ -1,7 +1,6 @@
 #include "masters/screens/cat_mast.h"
 
 #include "masters/screens/frm_category.h"
-#include "screens/help_contexts.h"
 #include "ui_cat_mast.h"
 #include "values/numbers.h"
 
@@ -17,7 +16,7 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
 }
 
 CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), buttons_(*this, entryParts(list)) {
-    setHelpContext(HelpContext::categoryForm);
+    setHelpContext(53);
 }
 
 CatMast::~CatMast() = default;

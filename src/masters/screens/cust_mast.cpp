@@ -2,7 +2,6 @@
 
 #include "masters/screens/frm_customer.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "ui_cust_mast.h"
 #include "values/numbers.h"
 
@@ -28,7 +27,7 @@ constexpr CustomerText customerTexts[] = {
 
 CustMast::CustMast(Program& program, frmCustomer& list)
     : FormOf(program, "CustMast"), list_(list), buttons_(*this, entryParts()) {
-    setHelpContext(HelpContext::customerForm);
+    setHelpContext(55);
 }
 
 CustMast::~CustMast() = default;

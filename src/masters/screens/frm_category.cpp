@@ -3,7 +3,6 @@
 #include <QLabel>
 
 #include "masters/screens/record_buttons.h"
-#include "screens/help_contexts.h"
 #include "ui_frm_category.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
@@ -30,7 +29,7 @@ std::string_view guidance(std::string_view which) {
 
 frmCategory::frmCategory(Program& program, std::function<void(std::int16_t, const std::string&)> takeCategory)
     : FormOf(program, "frmCategory"), takeCategory_(std::move(takeCategory)), catMast_(program, *this) {
-    setHelpContext(HelpContext::categories);
+    setHelpContext(52);
 }
 
 frmCategory::~frmCategory() = default;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "screens/help_contexts.h"
 #include "ui_cust_mast.h"
 #include "ui_frm_customer.h"
 #include "values/numbers.h"
@@ -11,7 +10,7 @@ namespace torvane {
 
 frmCustomer::frmCustomer(Program& program, std::function<void(std::int32_t, const std::string&)> takeCustomer)
     : FormOf(program, "frmCustomer"), takeCustomer_(std::move(takeCustomer)), custMast_(program, *this) {
-    setHelpContext(HelpContext::customers);
+    setHelpContext(54);
 }
 
 frmCustomer::~frmCustomer() = default;

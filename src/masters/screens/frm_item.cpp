@@ -3,7 +3,6 @@
 #include <QMenu>
 #include <utility>
 
-#include "screens/help_contexts.h"
 #include "ui_frm_item.h"
 #include "ui_item_mast.h"
 #include "values/numbers.h"
@@ -12,7 +11,7 @@ namespace torvane {
 
 frmItem::frmItem(Program& program, frmCategory& categories)
     : FormOf(program, "frmItem"), itemMast_(program, *this, categories) {
-    setHelpContext(HelpContext::items);
+    setHelpContext(50);
 }
 
 frmItem::~frmItem() = default;

@@ -2,7 +2,6 @@
 
 #include <QLabel>
 
-#include "screens/help_contexts.h"
 #include "ui_frm_master.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
@@ -10,7 +9,7 @@
 namespace torvane {
 
 frmMaster::frmMaster(Program& program) : FormOf(program, "frmMaster") {
-    setHelpContext(HelpContext::names);
+    setHelpContext(56);
 }
 
 frmMaster::~frmMaster() = default;

@@ -7,7 +7,6 @@
 #include "masters/screens/frm_category.h"
 #include "masters/screens/frm_item.h"
 #include "screens/fill_names.h"
-#include "screens/help_contexts.h"
 #include "ui_item_mast.h"
 #include "values/numbers.h"
 
@@ -30,7 +29,7 @@ constexpr ItemAmount itemAmounts[] = {
 
 ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
     : FormOf(program, "ItemMast"), list_(list), categories_(categories), buttons_(*this, entryParts()) {
-    setHelpContext(HelpContext::itemForm);
+    setHelpContext(51);
 }
 
 ItemMast::~ItemMast() = default;

@@ -1,15 +1,13 @@
 #include "reports/screens/data_reports.h"
 
-#include "screens/help_contexts.h"
-
 namespace torvane {
 
 DataReports::DataReports(Program& program)
     : program_(program),
       data_(program.dataAccess()),
-      DataReport1_(program, "DataReport1", HelpContext::estimatesReport),
-      DataReport2_(program, "DataReport2", HelpContext::customersReport),
-      DataReport3_(program, "DataReport3", HelpContext::proposal) {}
+      DataReport1_(program, "DataReport1", 61),
+      DataReport2_(program, "DataReport2", 62),
+      DataReport3_(program, "DataReport3", 63) {}
 
 void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows) {
     const Program::Doing doing(program_, "showing the report");

@@ -1,13 +1,12 @@
 #include "reports/screens/frm_rpt_orders.h"
 
 #include "reports/screens/data_reports.h"
-#include "screens/help_contexts.h"
 
 namespace torvane {
 
 frmRptOrders::frmRptOrders(Program& program, DataReports& reports)
     : FormOf(program, "frmRptOrders"), reports_(reports) {
-    setHelpContext(HelpContext::reportPrompt);
+    setHelpContext(60);
 }
 
 void frmRptOrders::Form_Load() {

@@ -72,7 +72,8 @@ void ReportWindow::showPage(int number) {
     ui().cmdLast->setEnabled(page_ + 1 < pages_->pageCount());
     if (problem.empty() || problem == told_) return;
     told_ = problem;
-    const Busy showing(standingWindow());  // the box is this window's, whoever had the report shown
+    // The box is this window's, whoever had the report shown.
+    const RunningHandler showing(standingWindow());
     program().say("A part of the report is left empty. " + problem, caption());
 }
 
