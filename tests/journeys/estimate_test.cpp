@@ -1,9 +1,5 @@
 // The estimate screen: a new estimate from menu to database, its customer, its lines, its prices, its totals.
 
-#include <QApplication>
-#include <QPushButton>
-#include <QScreen>
-
 #include "journeys/journey.h"
 
 namespace torvane {
@@ -74,17 +70,14 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     go(order, "txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake");
     EXPECT_EQ(texts(order, totals), "116.25|9.3|11.625|137.175");
     key(find<QWidget>(order, "TxtDate"), Qt::Key_Up);  // a month more
-    EXPECT_EQ(data.cell("select count(*) from OrderInfo"), "2");
-
     go(order, "CmdSave", {saved});
     EXPECT_EQ(header(6),
               "6|7|0|2024-04-15|1 Elm|Apt 2|Salem|38|97301|USA|555-1|555-3|ann@example.com|0|116.25|8.0|"
               "137.175||By the lake|10.0");
     EXPECT_EQ(lines(6), (Texts{"1|3.0|30.0|2|1|5.0|4.0|6.0", "3|100.0|50.0|2|1|0.0|20.0|1.25"}));
-    EXPECT_EQ(enabled(order, {"CmdSave"}), "");
     go(order, "cmbRooms=Roof; cmdAdd");
-    EXPECT_EQ(rows(order).size(), 3U);
-    EXPECT_EQ(lines(6).size(), 2U) << "a line after the save stays on the screen";
+    EXPECT_EQ(enabled(order, {"CmdSave"}) + std::to_string(lines(6).size()), "2")
+        << "a line after the save is not saved";
 
     const char* discard = "Are you sure you want to cancel this screen and discard any changes done?";
     go(order, "CmdCancel", {no(discard, "Confirm Cancel")});
@@ -98,37 +91,29 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
 
 TEST_F(EstimateTest, CustomerComesFromTheListsSelectMode) {
     struct Row {
-        const char* name;
         std::function<void(QWidget&)> act;
         std::string expected;
     };
     QWidget& order = newEstimate();
     for (const Row& row : {
-             Row{"closed with nothing picked", [](QWidget& customers) { closeBox(customers); }, "||||Alabama|||||"},
-             Row{"double click", [](QWidget& customers) { doubleClickRow(customers, 0); }, annsAddress},
+             Row{[](QWidget& customers) { closeBox(customers); }, "||||Alabama|||||"},
+             Row{[](QWidget& customers) { key(list(customers), Qt::Key_Return); }, annsAddress},
              // Where the new customer's state is none, that of the one before stays.
-             Row{"button", [this](QWidget& customers) { clickRow(list(customers), 1), go(customers, "CmdSelect"); },
+             Row{[this](QWidget& customers) { clickRow(list(customers), 1), go(customers, "CmdSelect"); },
                  "Bob Ray|||Troy|Oregon|||777-1||"},
-             Row{"Enter", [](QWidget& customers) { key(list(customers), Qt::Key_Return); }, annsAddress},
-             Row{"nothing new", [this](QWidget& customers) { go(customers, "cmdExit"); }, annsAddress},
          }) {
-        SCOPED_TRACE(row.name);
-        go(order, "TxtScity=elsewhere; TxtScity=");
         pickCustomer(order, row.act);
         EXPECT_EQ(texts(order, address), row.expected);
-        EXPECT_FALSE(screens->customer.loaded());
     }
     // A list that stands open is the one that is asked, as it stands.
     go(order, "CmdNewCust");
     EXPECT_EQ(screens->customer.caption(), "Add Customer");
-    EXPECT_FALSE(QApplication::activeModalWidget());
     order.activateWindow();
     pickCustomer(order, [](QWidget& customers) {
         EXPECT_EQ(visible(customers, {"cmdAdd", "CmdSelect"}), "cmdAdd");
-        doubleClickRow(customers, 1);
+        doubleClickRow(customers, 0);
     });
-    EXPECT_EQ(text(order, "TxtCustomer"), "Bob Ray");
-    EXPECT_FALSE(screens->customer.loaded());
+    EXPECT_EQ(text(order, "TxtCustomer") + std::to_string(screens->customer.loaded()), "Ann Lee0");
 }
 
 TEST_F(EstimateTest, LinesAreRefusedOrTaken) {
@@ -150,15 +135,11 @@ TEST_F(EstimateTest, LinesAreRefusedOrTaken) {
     EXPECT_EQ(rows(order)[3], "2|Deck|1.2|Each|Nails|3|0|0|0|3|2|1");
 }
 
-TEST_F(EstimateTest, BoxesTakeWhatMayBeTypedAndAllThatIsPasted) {
+TEST_F(EstimateTest, PriceBoxesAndTheQuantityTakeDigitsAndPoints) {
     QWidget& order = newEstimate();
     for (const char* box : {"TxtQty", "TxtMaterial", "txtLabor", "txtExtension", "txtOthers"}) {
-        SCOPED_TRACE(box);
-        find<TextBox>(order, box).setText("");
-        type(find<QWidget>(order, box), "-1a2. ,5.x0");
-        EXPECT_EQ(text(order, box), "12.5.0");
-        paste(order, box, "-1e2 $");
-        EXPECT_EQ(text(order, box), "-1e2 $");
+        enter(order, box, "-1a2. ,5.x0");
+        EXPECT_EQ(text(order, box), "12.5.0") << box;
         for (const PriceBox& one : priceBoxes)
             if (one.box == std::string_view(box)) host.expect(one.question(Answer::No));
         go(order, "TxtSZip");
@@ -172,20 +153,18 @@ TEST_F(EstimateTest, ChangedPriceIsAskedForBeforeWhatTookTheFocus) {
     for (std::size_t count = 0; count < 4; ++count) {
         const PriceBox& one = priceBoxes[count];
         SCOPED_TRACE(one.box);
-        const std::string name = one.box;
+        const std::string name = one.box, sameText = text(order, name);
         const std::string master = std::string("select ") + one.column + " from Item where ItemId = 1";
         const std::string before = data.cell(master);
-        const std::string sameText = text(order, name);
         TestHost::Box question = one.question(Answer::No);
         question.meanwhile = [&] { EXPECT_EQ(rows(order).size(), count); };  // the button's own action comes behind it
         go(order, name + "=77.50; cmdAdd", {question});
-        EXPECT_EQ(rows(order).size(), count + 1);
-        EXPECT_EQ(data.cell(master), before);
+        EXPECT_EQ(std::to_string(rows(order).size()) + data.cell(master), std::to_string(count + 1) + before);
         go(order, name + "; TxtQty", {one.question(Answer::Yes), ok(one.updated, std::string(defaultTitle))});
         EXPECT_EQ(data.cell(master), "77.5");
         // The list of prices is as old as the window, and compared as text.
-        go(order, name + "; TxtQty; " + name + "=" + sameText + ".0; TxtQty; " + name + "=" + sameText + "; TxtQty",
-           {one.question(Answer::No), one.question(Answer::No)});
+        go(order, name + "=" + sameText + ".0; TxtQty; " + name + "=" + sameText + "; TxtQty",
+           {one.question(Answer::No)});
         go(order, places[count]);
     }
 }
@@ -197,7 +176,6 @@ TEST_F(EstimateTest, TheQuestionIsAboutTheItemThatThePriceWasChangedFor) {
        {priceBoxes[0].question(Answer::Yes), ok(priceBoxes[0].updated, std::string(defaultTitle))});
     EXPECT_EQ(data.rows("select ItemId, Material from Item order by ItemId"), (Texts{"1|77.0", "2|2.5", "3|0.5"}));
     EXPECT_EQ(texts(order, {"cmbItems", "TxtMaterial"}), "Brick|0.5");
-    go(order, "TxtMaterial=10; cmbItems=Joist", {keepMaterial});  // 10 is what a joist costs
     go(order, "TxtMaterial=3");
     closeBox(order);  // asks nothing
 }
@@ -297,10 +275,6 @@ TEST_F(EstimateTest, OpenedToDelete) {
     EXPECT_EQ(visible(order, modeButtons), "CmdDeleteOrder");
     doubleClickRow(order, 1);
     EXPECT_EQ(visible(order, modeButtons), "cmdEditApply cmdEditCanc CmdDeleteOrder");
-    go(order, "txtLabor=30; TxtQty=50; cmdEditApply", {keepLabor});
-    EXPECT_EQ(visible(order, modeButtons), "cmdAdd CmdDeleteOrder");
-    EXPECT_EQ(text(order, "TxtAmount"), "90.25");
-
     const char* question = "Are you sure you want to Delete Estimate No.  3";
     go(order, "CmdDeleteOrder", {no(question, "Estimate deletion")});
     EXPECT_EQ(lines(3).size(), 2U);
@@ -308,43 +282,6 @@ TEST_F(EstimateTest, OpenedToDelete) {
     go(order, "CmdDeleteOrder", {yes(question, "Estimate deletion"), ok("Order Deleted", "")});
     EXPECT_FALSE(screens->order.loaded());
     EXPECT_EQ(data.rows("select OrderNo from OrderInfo union all select OrderNo from OrderItem"), (Texts{"5", "5"}));
-}
-
-TEST_F(EstimateTest, AnotherRecordUnderTheOpenScreen) {
-    QWidget& order = openEstimate("E", 3);
-    const Texts before = rows(order);
-    host.expect(ok("Estimate not found corresponding to entered Estimate Number", "Search Estimate"));
-    readEstimate("E", 99);
-    go(order, "CmdSave", {ok("Select Customer ", "Estimate"), ok("Please enter Valid Data")});
-    EXPECT_EQ(rows(order), before);
-    EXPECT_EQ(lines(3).size(), 2U);
-
-    readEstimate("E", 5);
-    EXPECT_EQ(&screens->order.window(), &order);
-    EXPECT_EQ(rows(order), before);
-    go(order, "CmdSave", {saved});
-    EXPECT_EQ(lines(3), lines(5)) << "the lines of the record go under the number on the screen";
-    EXPECT_TRUE(header(3).starts_with("3|8|0|2003-07-04|9 Oak|")) << header(3);
-}
-
-TEST_F(EstimateTest, ModesSetOverTheOpenScreen) {
-    QWidget& order = openEstimate("E", 3);
-    const Texts before = rows(order);
-    const std::string stored = header(3);
-    screens->order.AddOrDelete = "D";
-    go(order, "txtNotes=changed; CmdSave", {saved});  // it says so, but writes nothing
-    EXPECT_EQ(header(3), stored);
-    EXPECT_EQ(lines(3).size(), 2U);
-    closeBox(order);  // asks nothing
-
-    QWidget& again = openEstimate("E", 3);
-    EXPECT_EQ(&newEstimate(), &again);
-    EXPECT_EQ(utf8(again.windowTitle()) + screens->order.AddOrDelete + text(again, "TxtOrder"), "Edit EstimateA3");
-    EXPECT_EQ(rows(again), before);
-    data.execute("delete from OrderInfo where OrderNo = 3");
-    go(again, "CmdSave", {saved});  // an insert
-    EXPECT_TRUE(header(3).starts_with("3|7|2|2003-07-04|9 Oak|")) << header(3);
-    EXPECT_EQ(lines(3).size(), 4U);
 }
 
 // --- Masters that have gone ------------------------------------------------------------------------------------------
@@ -405,16 +342,6 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     }
     go(order, "txtLength=20; cmdMove");
     EXPECT_EQ(text(order, "TxtQty"), "7.5") << "the option stays";
-
-    calls.clear();
-    go(order, "Command7");
-    QWidget* menu = QApplication::activePopupWidget();
-    ASSERT_TRUE(menu);
-    auto& button = find<QWidget>(order, "Command7");
-    const QPoint corner = button.mapToGlobal(QPoint(button.width(), 0));
-    const int onScreen = order.screen()->availableGeometry().right() + 1 - menu->width();
-    EXPECT_EQ(menu->pos(), QPoint(std::min(corner.x(), onScreen), corner.y()));
-    menu->close();
 }
 
 TEST_F(EstimateTest, NotesAreImportedAndCopied) {
@@ -441,28 +368,6 @@ TEST_F(EstimateTest, NotesAreImportedAndCopied) {
     go(order, "cmdImport");
     EXPECT_EQ(text(order, "rtfNotes"), whole) << "read afresh";
     EXPECT_EQ(data.cell("select Notes from BlankNotes"), whole);
-}
-
-TEST_F(EstimateTest, TabsInOrderAndKeysThatPressNothing) {
-    QWidget& order = newEstimate();
-    auto& first = find<QWidget>(order, "TxtCustomer");
-    first.setFocus();
-    std::string way;
-    int stops = 0;
-    do {
-        QWidget& here = *QApplication::focusWidget();
-        if (++stops <= 10) way += " " + utf8(here.objectName());
-        key(here, Qt::Key_Escape);
-        if (here.objectName() != "txtNotes") key(here, Qt::Key_Return);
-        key(here, Qt::Key_Tab);
-    } while (QApplication::focusWidget() != &first && stops < 100);
-    EXPECT_EQ(way,
-              " TxtCustomer TxtSstreet1 TxtSstreet2 TxtScity cmbSState TxtSZip TxtSPhone TxtSMobile TxtSEmail "
-              "TxtSCountry");
-    EXPECT_LT(stops, 60);
-    EXPECT_TRUE(order.isVisible());
-    EXPECT_EQ(rows(order), Texts{});
-    EXPECT_FALSE(QApplication::activePopupWidget());
 }
 
 }  // namespace

@@ -38,14 +38,18 @@ DataFolder::~DataFolder() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-void DataFolder::useEmpty() {
-    std::filesystem::copy_file(TORVANE_DELIVERED "/Larkfen.mdb", database(),
-                               std::filesystem::copy_options::overwrite_existing);
+std::string DataFolder::useEmpty() {
+    return put("/Larkfen.mdb");
 }
 
-void DataFolder::useSample() {
-    std::filesystem::copy_file(TORVANE_DELIVERED "/Sample.bak", database(),
+std::string DataFolder::useSample() {
+    return put("/Sample.bak");
+}
+
+std::string DataFolder::put(const char* delivered) {
+    std::filesystem::copy_file(std::string(TORVANE_DELIVERED) + delivered, database(),
                                std::filesystem::copy_options::overwrite_existing);
+    return database();
 }
 
 void DataFolder::useHelpBook() {

@@ -18,9 +18,9 @@ public:
     const std::string& path() const { return path_; }
     std::string database() const { return path_ + "/Larkfen.mdb"; }
 
-    // Puts a delivered file in place: the empty database, or the sample business.
-    void useEmpty();
-    void useSample();
+    // Puts a delivered file in place, the empty database or the sample business, and gives its name.
+    std::string useEmpty();
+    std::string useSample();
     // Puts the help book beside it.
     void useHelpBook();
     std::string helpBook() const { return path_ + "/LARKFENVERSION2.HLP"; }
@@ -33,6 +33,7 @@ public:
     std::string cell(std::string_view select) const;
 
 private:
+    std::string put(const char* delivered);
     std::string path_;
 };
 
