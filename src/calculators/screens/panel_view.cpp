@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
-#include <ranges>
 
 #include "widgets/drop_list.h"
 #include "widgets/picture_button.h"
@@ -196,14 +195,15 @@ bool PanelView::sharesItsCell(const Control& control) const {
 
 // Enter in a box presses the next button; behind the last one it presses that.
 void PanelView::pressOnEnter() {
-    const auto backwards = panel_->controls() | std::views::reverse;
-    const auto last = std::ranges::find(backwards, ControlKind::Button, &Control::kind);
-    auto* button = static_cast<QPushButton*>(widgets_.at(*last));
-    for (const Control* control : backwards) {
-        QWidget* made = widgets_.at(control);
-        if (control->kind == ControlKind::Button) button = static_cast<QPushButton*>(made);
-        if (auto* box = qobject_cast<TextBox*>(made))
-            on(form_, box, &QLineEdit::returnPressed, [button] { button->click(); });
+    const auto& controls = panel_->controls();
+    const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
+    const auto last = std::find_if(controls.rbegin(), controls.rend(), isButton);
+    for (auto control = controls.begin(); control != controls.end(); ++control) {
+        auto* box = qobject_cast<TextBox*>(widgets_.at(*control));
+        if (!box) continue;
+        const auto next = std::find_if(control, controls.end(), isButton);
+        auto* button = static_cast<QPushButton*>(widgets_.at(next == controls.end() ? *last : *next));
+        on(form_, box, &QLineEdit::returnPressed, [button] { button->click(); });
     }
 }
 
