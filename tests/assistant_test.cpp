@@ -161,11 +161,13 @@ TEST_F(CharacterFile, DamageIsFoundAndNamed) {
 
 TEST_F(CharacterFile, TheDeliveredCharacterCanDoWhatTheProgramAsks) {
     const Character character = Character::load(TORVANE_CHARACTER);
-    for (const char* name : {"Wave", "Greet", "Sad"}) EXPECT_NE(character.animation(name), nullptr) << name;
-    for (int frame = 0; frame < character.frameCount(); ++frame) {
-        QSvgRenderer renderer;
-        EXPECT_TRUE(renderer.load(character.drawing(frame))) << frame;
-        EXPECT_EQ(renderer.viewBox().size(), character.size()) << frame;
+    for (const char* name : {"Wave", "Greet", "Sad", "Idle", "Speaking", "Arriving", "Leaving"}) {
+        ASSERT_NE(character.animation(name), nullptr) << name;
+        for (const Character::Step& step : *character.animation(name)) {
+            QSvgRenderer renderer;
+            EXPECT_TRUE(renderer.load(step.drawing)) << name;
+            EXPECT_EQ(renderer.viewBox().size(), character.size()) << name;
+        }
     }
 }
 

@@ -24,7 +24,7 @@ AnimatedAssistant::AnimatedAssistant(const std::string& characterFile, std::uniq
     : character_(Character::load(characterFile)),
       voice_(std::move(voice)),
       ticker_(std::move(ticker)),
-      window_(character_) {
+      window_(character_.size()) {
     QObject::connect(&window_, &AssistantWindow::dismissed, &window_, [this] { dismissText(); });
     QObject::connect(&window_, &AssistantWindow::sentAway, &window_, [this] { sendAway(); });
 }
@@ -123,7 +123,7 @@ void AnimatedAssistant::tick() {
         step_ = 0;
     }
     const Character::Step& step = (*steps_)[step_++];
-    window_.showFrame(step.frame);
+    window_.showDrawing(step.drawing);
     shownFor_ += step.time;
     tickAfter(step.time);
 }
@@ -136,7 +136,7 @@ bool AnimatedAssistant::mouthMoves() const {
 void AnimatedAssistant::restMouth() {
     const milliseconds left = readingTime(text_) - shownFor_;
     if (left <= milliseconds(0)) return finish();
-    window_.showFrame(character_.animation("Idle")->front().frame);
+    window_.showDrawing(character_.animation("Idle")->front().drawing);
     shownFor_ += left;
     tickAfter(left);
 }

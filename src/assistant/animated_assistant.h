@@ -18,8 +18,8 @@ namespace torvane {
 
 // Carries out the requests to the assistant, one after the other, by its clock; no call does anything before it
 // returns. Nothing is drawn before the character is shown for the first time. A text while it is away brings it back
-// first, so that no text is lost. An animation that the character has not is passed over, and so is one that is asked
-// for while it is away. Everything stops when the assistant is destroyed.
+// first, so that no text is lost. An animation that the character does not have is passed over, and so is one that is
+// asked for while it is away. Everything stops when the assistant is destroyed.
 class AnimatedAssistant : public Assistant {
 public:
     // Loads the character; failures as of Character::load.

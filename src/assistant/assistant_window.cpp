@@ -15,17 +15,17 @@
 
 namespace torvane {
 
-AssistantWindow::AssistantWindow(const Character& character)
+AssistantWindow::AssistantWindow(const QSize& size)
     // A tool tip's window is the one kind that no desktop gives the focus to.
-    : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus),
-      character_(character) {
+    : QWidget(nullptr,
+              Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus) {
     setObjectName("Assistant");
     setWindowTitle("Assistant");
     setAccessibleName("Assistant");
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
-    resize(character.size());
+    resize(size);
     move(100, 100);
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &AssistantWindow::comeToFront);
 }
@@ -51,9 +51,9 @@ void AssistantWindow::moveTo(int x, int y) {
     if (speaking_) placeBalloon();
 }
 
-void AssistantWindow::showFrame(int frame) {
-    frame_ = frame;
-    const QRegion& mask = picture(frame).mask;
+void AssistantWindow::showDrawing(const QByteArray& drawing) {
+    drawing_ = drawing;
+    const QRegion& mask = picture(drawing).mask;
     // A window can't have an empty mask: a character that is out of sight keeps one dot.
     setMask(mask.isEmpty() ? QRegion(0, height() - 1, 1, 1) : mask);
     update();
@@ -87,21 +87,21 @@ void AssistantWindow::placeBalloon() {
     balloon_->placeAt(geometry(), (at ? at : screen())->availableGeometry());
 }
 
-const AssistantWindow::Picture& AssistantWindow::picture(int frame) {
+const AssistantWindow::Picture& AssistantWindow::picture(const QByteArray& drawing) {
     if (drawnAt_ != devicePixelRatioF()) {
         drawnAt_ = devicePixelRatioF();
         pictures_.clear();
     }
-    const auto known = pictures_.constFind(frame);
+    const auto known = pictures_.constFind(drawing);
     if (known != pictures_.constEnd()) return *known;
     QImage drawn((QSizeF(size()) * drawnAt_).toSize(), QImage::Format_ARGB32_Premultiplied);
     drawn.setDevicePixelRatio(drawnAt_);
     drawn.fill(Qt::transparent);
-    QSvgRenderer renderer(character_.drawing(frame));
+    QSvgRenderer renderer(drawing);
     QPainter painter(&drawn);
     renderer.render(&painter, QRectF(QPointF(), QSizeF(size())));
     painter.end();
-    return *pictures_.insert(frame, Picture{QPixmap::fromImage(drawn), seenRegion(drawn)});
+    return *pictures_.insert(drawing, Picture{QPixmap::fromImage(drawn), seenRegion(drawn)});
 }
 
 bool AssistantWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -130,7 +130,7 @@ bool AssistantWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void AssistantWindow::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.drawPixmap(0, 0, picture(frame_).pixmap);
+    painter.drawPixmap(0, 0, picture(drawing_).pixmap);
 }
 
 void AssistantWindow::mousePressEvent(QMouseEvent* event) {

@@ -1,12 +1,11 @@
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QPixmap>
 #include <QRegion>
 #include <QWidget>
 #include <string>
-
-#include "assistant/character.h"
 
 namespace torvane {
 
@@ -19,14 +18,14 @@ class Balloon;
 class AssistantWindow : public QWidget {
     Q_OBJECT
 public:
-    // The character outlives the window.
-    explicit AssistantWindow(const Character& character);
+    // As large as the drawings.
+    explicit AssistantWindow(const QSize& size);
 
     void enter();
     void leave();
     // The upper left corner of the character, moved so that the screen shows all of it.
     void moveTo(int x, int y);
-    void showFrame(int frame);
+    void showDrawing(const QByteArray& drawing);
     void showText(const std::string& text);
     void hideText();
 
@@ -47,7 +46,7 @@ private:
         QPixmap pixmap;
         QRegion mask;
     };
-    const Picture& picture(int frame);
+    const Picture& picture(const QByteArray& drawing);
     bool textShown() const;
     void placeBalloon();
     void showMenu(const QPoint& globalPosition);
@@ -55,11 +54,10 @@ private:
     void standOverModal();
     void comeToFront();
 
-    const Character& character_;
     Balloon* balloon_ = nullptr;
-    QHash<int, Picture> pictures_;
+    QHash<QByteArray, Picture> pictures_;
     qreal drawnAt_ = 0;
-    int frame_ = 0;
+    QByteArray drawing_;
     QPoint pressed_;
     bool dragged_ = false;
     bool entered_ = false;

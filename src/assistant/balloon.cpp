@@ -100,7 +100,7 @@ void Balloon::setText(const QString& text) {
     label_->setText(text);
 }
 
-// Lines of some fifty letters, longer ones only when the text would else be too high.
+// Lines of some fifty letters, longer ones only when the text would otherwise be too high.
 QSize Balloon::textSize(const QSize& most) const {
     // A hidden label learns of a change of the program's font only when it is shown.
     const QFontMetrics metrics(QApplication::font(label_));
@@ -159,14 +159,9 @@ void Balloon::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 QRegion seenRegion(const QImage& picture) {
-    QImage seen = picture.scaled((QSizeF(picture.size()) / picture.devicePixelRatio()).toSize())
-                      .convertToFormat(QImage::Format_ARGB32);
+    QImage seen = picture.scaled((QSizeF(picture.size()) / picture.devicePixelRatio()).toSize());
     seen.setDevicePixelRatio(1);
-    for (int y = 0; y < seen.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(seen.scanLine(y));
-        for (int x = 0; x < seen.width(); ++x) line[x] = qAlpha(line[x]) > 8 ? 0xFF000000U : 0U;
-    }
-    return QRegion(QBitmap::fromImage(seen.createAlphaMask()));
+    return QRegion(QPixmap::fromImage(seen).mask());
 }
 
 }  // namespace torvane

@@ -1,11 +1,12 @@
 #include "assistant/character.h"
 
 #include <QFile>
-#include <QString>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <array>
+#include <type_traits>
+#include <utility>
 
 #include "values/failure.h"
 
@@ -49,8 +50,8 @@ public:
             if (words.isEmpty() || line.startsWith('#')) continue;
             if (whole) fault("text behind the end");
             if (line.startsWith(' ')) {
-                if (!inPart_) fault("a shape outside a part");
-                character_.parts_.back() += line.toUtf8() + '\n';
+                if (part_.isEmpty()) fault("a shape outside a part");
+                parts_[part_] += line.toUtf8() + '\n';
             } else {
                 finishPart();
                 whole = entry(words.split(' '));
@@ -76,9 +77,8 @@ private:
             character_.size_ = QSize(number(words[1], 16, 512), number(words[2], 16, 512));
         } else if (kind == "part") {
             if (words.size() != 2) fault("a part has a name");
-            give(parts_, words[1], character_.parts_.size());
-            character_.parts_.emplace_back();
-            inPart_ = true;
+            part_ = words[1];
+            give(parts_, part_, {});
         } else if (kind == "frame") {
             frame(words);
         } else if (kind == "animation") {
@@ -93,10 +93,21 @@ private:
 
     void frame(const QStringList& words) {
         if (words.size() < 6 || words[4] != ":") fault("a frame has a name, two numbers and parts");
-        Character::Frame made{number(words[2], -512, 512), number(words[3], -512, 512), {}};
-        for (const QString& part : words.mid(5)) made.parts.push_back(find(parts_, part, "part"));
-        give(frames_, words[1], character_.frames_.size());
-        character_.frames_.push_back(std::move(made));
+        const QSize& size = character_.size_;
+        QByteArray drawing = QString(
+                                 "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 %1 %2\">"
+                                 "<g transform=\"translate(%3 %4)\" stroke-linecap=\"round\" "
+                                 "stroke-linejoin=\"round\">\n")
+                                 .arg(size.width())
+                                 .arg(size.height())
+                                 .arg(number(words[2], -512, 512))
+                                 .arg(number(words[3], -512, 512))
+                                 .toUtf8();
+        for (const QString& part : words.mid(5)) {
+            drawing += find(parts_, part, "part");
+            if (drawing.size() > mostBytes) fault("the frame is too large");
+        }
+        give(frames_, words[1], drawing + "</g></svg>\n");
     }
 
     void animation(const QStringList& words) {
@@ -106,24 +117,21 @@ private:
         for (qsizetype i = 3; i < words.size(); i += 2)
             steps.push_back(
                 {find(frames_, words[i], "frame"), std::chrono::milliseconds(number(words[i + 1], 20, 10000))});
-        if (steps.size() > mostEntries || character_.animations_.size() >= mostEntries)
-            fault("there are too many entries");
-        if (!character_.animations_.emplace(words[1].toStdString(), std::move(steps)).second)
-            fault("the name \"" + words[1] + "\" is given twice");
+        if (steps.size() > mostEntries) fault("there are too many entries");
+        give(character_.animations_, words[1], std::move(steps));
     }
 
     void finishPart() {
-        if (!inPart_) return;
-        inPart_ = false;
-        const QByteArray& part = character_.parts_.back();
+        if (part_.isEmpty()) return;
+        const QByteArray& part = parts_.at(std::exchange(part_, {}));
         if (part.isEmpty()) fault("the part before is empty");
         QXmlStreamReader xml("<svg>" + part + "</svg>");
         for (int depth = 0; !xml.atEnd();) {
             const auto token = xml.readNext();
             if (token == QXmlStreamReader::EndElement) --depth;
             if (token != QXmlStreamReader::StartElement) continue;
-            const bool known = std::any_of(shapes.begin(), shapes.end(),
-                                           [&](auto shape) { return xml.name() == QLatin1String(shape); });
+            const bool known =
+                std::ranges::any_of(shapes, [&](auto shape) { return xml.name() == QLatin1String(shape); });
             if (++depth > 1 && !known) fault("\"" + xml.name().toString() + "\" is no shape");
         }
         if (xml.hasError()) fault("the part before is broken: " + xml.errorString());
@@ -137,14 +145,14 @@ private:
         return value;
     }
 
-    using Names = std::map<QString, int>;
-    void give(Names& names, const QString& word, std::size_t index) const {
-        if (index >= mostEntries) fault("there are too many entries");
-        if (!names.emplace(word, static_cast<int>(index)).second) fault("the name \"" + word + "\" is given twice");
+    template <class Entry>
+    void give(std::map<QString, Entry>& entries, const QString& name, std::type_identity_t<Entry> entry) const {
+        if (entries.size() >= mostEntries) fault("there are too many entries");
+        if (!entries.emplace(name, std::move(entry)).second) fault("the name \"" + name + "\" is given twice");
     }
-    int find(const Names& names, const QString& word, const char* kind) const {
-        const auto found = names.find(word);
-        if (found == names.end()) fault(QString("there is no %1 \"%2\"").arg(kind, word));
+    const QByteArray& find(const std::map<QString, QByteArray>& entries, const QString& name, const char* kind) const {
+        const auto found = entries.find(name);
+        if (found == entries.end()) fault(QString("there is no %1 \"%2\"").arg(kind, name));
         return found->second;
     }
 
@@ -156,32 +164,18 @@ private:
     std::string name_;
     int line_ = 0;
     bool begun_ = false;
-    bool inPart_ = false;
     Character character_;
-    Names parts_;
-    Names frames_;
+    QString part_;  // the one whose shapes are being read; empty when there is none
+    std::map<QString, QByteArray> parts_;
+    std::map<QString, QByteArray> frames_;
 };
 
 Character Character::load(const std::string& file) {
     return CharacterReader(file).read();
 }
 
-QByteArray Character::drawing(int frame) const {
-    const Frame& drawn = frames_.at(static_cast<std::size_t>(frame));
-    QByteArray svg = QString(
-                         "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 %1 %2\">"
-                         "<g transform=\"translate(%3 %4)\" stroke-linecap=\"round\" stroke-linejoin=\"round\">\n")
-                         .arg(size_.width())
-                         .arg(size_.height())
-                         .arg(drawn.dx)
-                         .arg(drawn.dy)
-                         .toUtf8();
-    for (const int part : drawn.parts) svg += parts_[static_cast<std::size_t>(part)];
-    return svg + "</g></svg>\n";
-}
-
 const std::vector<Character::Step>* Character::animation(std::string_view name) const {
-    const auto found = animations_.find(name);
+    const auto found = animations_.find(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
     return found == animations_.end() ? nullptr : &found->second;
 }
 

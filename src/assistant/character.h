@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QSize>
+#include <QString>
 #include <chrono>
 #include <map>
 #include <string>
@@ -15,7 +16,7 @@ namespace torvane {
 class Character {
 public:
     struct Step {
-        int frame = 0;
+        QByteArray drawing;  // SVG text of the character's size
         std::chrono::milliseconds time{};
     };
 
@@ -29,23 +30,13 @@ public:
 
     // In pixels at scale 1.
     QSize size() const { return size_; }
-    int frameCount() const { return static_cast<int>(frames_.size()); }
-    // The drawing of a frame as SVG text of that size. `frame` is below frameCount.
-    QByteArray drawing(int frame) const;
     // The steps of an animation, at least one; null when the character has none of that name.
     const std::vector<Step>* animation(std::string_view name) const;
 
 private:
     friend class CharacterReader;
-    struct Frame {
-        int dx = 0;
-        int dy = 0;
-        std::vector<int> parts;
-    };
     QSize size_;
-    std::vector<QByteArray> parts_;
-    std::vector<Frame> frames_;
-    std::map<std::string, std::vector<Step>, std::less<>> animations_;
+    std::map<QString, std::vector<Step>> animations_;
 };
 
 }  // namespace torvane

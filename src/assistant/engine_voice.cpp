@@ -72,7 +72,8 @@ EngineVoice::Commands machineEngines(const std::string& speakProgram) {
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) return {};
     QStringList names = QTextToSpeech::availableEngines();
     names.sort();
-    std::ranges::stable_partition(names, [](const QString& name) { return name != QLatin1String("flite"); });
+    std::stable_partition(names.begin(), names.end(),
+                          [](const QString& name) { return name != QLatin1String("flite"); });
     EngineVoice::Commands commands;
     for (const QString& name : names) commands.append({QString::fromStdString(speakProgram), name});
     return commands;

@@ -14,8 +14,8 @@ namespace torvane {
 //
 // An engine is a command, a program and its first words. It is started for each text with the text as its last word,
 // speaks, and ends with status 0 when the text has been said. It is to stop when its standard input ends, and is killed
-// when it does not. Engines take their time to get ready, wait for services that do not answer, and crash; there, none
-// of it is felt here.
+// when it does not. Engines take their time to get ready, wait for services that do not answer, and crash; in a
+// process of their own none of it is felt here.
 class EngineVoice : public QObject, public Voice {
     Q_OBJECT
 public:

@@ -206,7 +206,7 @@ struct Wallpaper : Panel {
         constexpr double squareFeetInRoll = 27;
         walls = wallHeight * perimeter;
         ceiling = ceilingLength * ceilingWidth;
-        slopingWall = slopingHeight + slopingBase;  // a sum, for all that the label says
+        slopingWall = slopingHeight + slopingBase;  // a sum, whatever its label suggests
         total = walls + ceiling + slopingWall;
         rolls = raised(total / squareFeetInRoll, 2);
     });

@@ -246,7 +246,7 @@ struct Roofing : Panel {
     Box squares = result("txtTab37_3", "Number of squares you need: ", 4, 0);
 };
 
-// Neither list has a part in it.
+// Neither list changes the cost.
 struct LumberCost : Panel {
     LumberCost() : Panel("frmTab38", "Lumber Calculator", 138) { dimension.opensOnFirst = unit.opensOnFirst = true; }
     static constexpr ListEntry dimensions[] = {

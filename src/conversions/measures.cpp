@@ -15,30 +15,31 @@ namespace {
 // Takes a text apart from the front. Each step skips blanks, and takes nothing when it does not succeed.
 class Reader {
 public:
-    explicit Reader(std::string_view text) : text_(text) {}
+    explicit Reader(std::string_view text) : rest_(text) {}
 
-    bool atEnd() {
-        skipBlanks();
-        return at_ == text_.size();
-    }
+    bool atEnd() const { return trimmed(rest_).empty(); }
 
     // In any case; blanks may stand in the text where they stand in the word or not.
     bool take(std::string_view word) {
-        const std::size_t before = at_;
+        std::string_view rest = rest_;
         for (const char c : word) {
             if (c == ' ') continue;
-            skipBlanks();
-            if (at_ == text_.size() || lower(text_[at_]) != lower(c)) {
-                at_ = before;
-                return false;
-            }
-            ++at_;
+            rest = trimmed(rest);
+            if (rest.empty() || lower(rest.front()) != lower(c)) return false;
+            rest.remove_prefix(1);
         }
+        rest_ = rest;
         return true;
     }
 
     bool takeAny(std::span<const std::string_view> words) {
-        return std::any_of(words.begin(), words.end(), [this](std::string_view word) { return take(word); });
+        return std::ranges::any_of(words, [this](std::string_view word) { return take(word); });
+    }
+
+    double takeSign() {
+        if (take("-")) return -1;
+        take("+");
+        return 1;
     }
 
     // A number or a fraction, or a number and a fraction behind it.
@@ -46,51 +47,39 @@ public:
         const auto first = number();
         if (!first) return std::nullopt;
         if (take("/")) return over(*first);
-        const std::size_t before = at_;
+        const std::string_view before = rest_;
         take("-");
         if (const auto top = number(); top && take("/")) {
             if (const auto fraction = over(*top)) return *first + *fraction;
         }
-        at_ = before;
+        rest_ = before;
         return first;
     }
 
     // Without a sign.
     std::optional<double> number() {
-        skipBlanks();
-        const std::string_view rest = text_.substr(at_);
-        if (rest.starts_with('-') || rest.starts_with('+')) return std::nullopt;
-        const auto [length, value] = numberPrefix(rest);
-        at_ += length;
+        rest_ = trimmed(rest_);
+        if (rest_.starts_with('-') || rest_.starts_with('+')) return std::nullopt;
+        const auto [length, value] = numberPrefix(rest_);
+        rest_.remove_prefix(length);
         return length > 0 ? value : std::nullopt;
     }
 
 private:
-    void skipBlanks() {
-        while (at_ < text_.size() && isBlank(text_[at_])) ++at_;
-    }
-
     std::optional<double> over(double top) {
         const auto bottom = number();
         if (!bottom || *bottom == 0) return std::nullopt;
         return top / *bottom;
     }
 
-    std::string_view text_;
-    std::size_t at_ = 0;
+    std::string_view rest_;
 };
-
-double takeSign(Reader& reader) {
-    if (reader.take("-")) return -1;
-    reader.take("+");
-    return 1;
-}
 
 }  // namespace
 
 std::optional<double> readNumber(std::string_view text, std::string_view symbol) {
     Reader reader(text);
-    const double sign = takeSign(reader);
+    const double sign = reader.takeSign();
     const auto value = reader.quantity();
     reader.take(symbol);
     if (!value || !reader.atEnd()) return std::nullopt;
@@ -101,7 +90,7 @@ std::optional<double> readFeetInches(std::string_view text) {
     constexpr std::string_view feet[] = {"'", "′", "feet", "foot", "ft"};
     constexpr std::string_view inch[] = {"\"", "''", "″", "inches", "inch", "in"};
     Reader reader(text);
-    const double sign = takeSign(reader);
+    const double sign = reader.takeSign();
     auto amount = reader.quantity();
     if (!amount) return std::nullopt;
     if (!reader.takeAny(inch)) {
@@ -139,7 +128,7 @@ std::string writeFeetInches(double inches, int denominator) {
 std::optional<double> readRatio(std::string_view text) {
     constexpr std::string_view to[] = {":", "/"};
     Reader reader(text);
-    const double sign = takeSign(reader);
+    const double sign = reader.takeSign();
     const auto first = reader.number();
     const bool pair = reader.takeAny(to);
     const auto run = pair ? reader.quantity() : first;

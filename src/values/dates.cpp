@@ -137,7 +137,7 @@ std::string order(const ShortDate& style) {
 }  // namespace
 
 bool isValid(const Date& date) {
-    // Clamped to what is no month or day either, for the calendar's own types keep a byte of them.
+    // The calendar's own types keep one byte of a number. What is out of range stays so when it is clamped.
     const int month = std::clamp(date.month, 0, 13);
     const int day = std::clamp(date.day, 0, 32);
     return date.year >= 100 && date.year <= 9999 && (std::chrono::year{date.year} / month / day).ok();

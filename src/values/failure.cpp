@@ -1,11 +1,6 @@
 #include "values/failure.h"
 
-#include <utility>
-
 namespace torvane {
-
-RuntimeFailure::RuntimeFailure(int number, std::string text, std::string refused)
-    : number_(number), text_(std::move(text)), refused_(std::move(refused)) {}
 
 namespace {
 

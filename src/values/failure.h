@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace torvane {
 
@@ -23,7 +24,8 @@ enum class Failure : int {
 // guard shows the run-time error box and ends the program. Whatever was executed before it stays executed.
 class RuntimeFailure : public std::exception {
 public:
-    RuntimeFailure(int number, std::string text, std::string refused = {});
+    RuntimeFailure(int number, std::string text, std::string refused = {})
+        : number_(number), text_(std::move(text)), refused_(std::move(refused)) {}
 
     int number() const { return number_; }
     const std::string& text() const { return text_; }

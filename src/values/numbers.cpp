@@ -7,7 +7,6 @@
 #include <limits>
 #include <locale>
 #include <optional>
-#include <ranges>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -20,12 +19,16 @@ namespace torvane {
 namespace {
 
 // The value of the longest finite prefix of a number that is too large as a whole: behind the first prefix that is too
-// large no other one is finite.
+// large no other one is finite, so halving finds it.
 double longestFinite(std::string_view number) {
-    const auto lengths = std::views::iota(std::size_t{1}, number.size());
-    const auto tooLarge = std::ranges::partition_point(
-        lengths, [number](std::size_t length) { return numberPrefix(number.substr(0, length)).value.has_value(); });
-    return *numberPrefix(number.substr(0, *tooLarge - 1)).value;
+    double value = 0;
+    for (std::size_t fits = 0, tooLarge = number.size(); tooLarge - fits > 1;) {
+        const std::size_t middle = fits + (tooLarge - fits) / 2;
+        const auto shorter = numberPrefix(number.substr(0, middle)).value;
+        (shorter ? fits : tooLarge) = middle;
+        value = shorter.value_or(value);
+    }
+    return value;
 }
 
 // The text as one number, with blanks around it; its length is 0 when it is anything else.

@@ -1,4 +1,4 @@
-// A character file of any content is loaded whole or refused; what was loaded can be drawn.
+// A character file of any content is loaded whole or refused.
 
 #include <unistd.h>
 
@@ -14,8 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     std::ofstream(file, std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(size));
     try {
-        const auto character = torvane::Character::load(file);
-        for (int frame = 0; frame < character.frameCount(); ++frame) character.drawing(frame);
+        torvane::Character::load(file);
     } catch (const torvane::RuntimeFailure&) {
     }
     ::unlink(file.c_str());

@@ -11,8 +11,7 @@ namespace torvane {
 class PanelView;
 class TabStrip;
 
-// One of the four tabbed calculator windows, drawn from its table. Nothing of it is kept: what was typed goes with the
-// window.
+// One of the four tabbed calculator windows, drawn from its table. What was typed goes with the window.
 class CalculatorWindow : public Form {
 public:
     CalculatorWindow(Program& program, const CalculatorGroup& group);

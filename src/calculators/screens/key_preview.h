@@ -8,7 +8,7 @@ class QWidget;
 
 namespace torvane {
 
-// Sees the keys of a window before its controls do, and takes none away. The menu bar has its own.
+// Sees the keys of a window before its controls do, and takes none away. Keys in the menu bar are left to it.
 class KeyPreview : public QObject {
 public:
     // `pressed` gets each character that is typed. Made when all controls of the window stand; the window owns it.

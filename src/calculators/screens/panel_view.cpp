@@ -195,8 +195,8 @@ bool PanelView::sharesItsCell(const Control& control) const {
 
 // Enter in a box presses the next button; behind the last one it presses that.
 void PanelView::pressOnEnter() {
-    const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
     const auto& controls = panel_->controls();
+    const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
     const auto last = std::find_if(controls.rbegin(), controls.rend(), isButton);
     for (auto control = controls.begin(); control != controls.end(); ++control) {
         auto* box = qobject_cast<TextBox*>(widgets_.at(*control));
