@@ -43,9 +43,9 @@ void ReportPages::layOut() {
     place(layout_->reportHeader, -1);
     place(layout_->pageHeader, -1);
     for (const ReportRows::Group& group : rows_.groups()) {
-        place(layout_->groupHeader, group.rows.front());
-        for (const int row : group.rows) place(layout_->detail, row);
-        place(layout_->groupFooter, group.rows.front());
+        place(layout_->groupHeader, group.front());
+        for (const int row : group) place(layout_->detail, row);
+        place(layout_->groupFooter, group.front());
     }
     place(layout_->reportFooter, -1);
 }

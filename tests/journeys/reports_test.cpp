@@ -89,7 +89,7 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
 }
 
 TEST_F(ReportsTest, AFileThatCannotBeWrittenWhollyLeavesTheOlder) {
-    const ReportPages pages(customersLayout(), DataEnvironment1(program.dataAccess()).customers(), {});
+    const ReportPages pages(customersLayout, DataEnvironment1(program.dataAccess()).customers(), {});
     const std::string name = data.path() + "/older";
     const auto print = [](const ReportPages& report, const std::string& file, const ExportProgress&) {
         QPrinter printer;
