@@ -33,14 +33,9 @@ TEST(ListReports, PagesBreakBetweenBands) {
 }
 
 TEST(ListReports, HtmlSaysTextsAsTheyAre) {
-    Placed placed;
-    placed.left = 144;
-    placed.align = Align::Right;
-    placed.width = 576;
-    placed.text = "2 < 3 & \"so\"";
-    Placed number = placed;
-    number.text = "1234567.10";
-    number.whole = true;
+    const ReportField field{"", ReportControl::Text, "", 144, 0, 576, 240, Align::Right};
+    const Placed placed{field, "2 < 3 & \"so\""};
+    const Placed number{field, "1234567.10", true};
     const std::string html = htmlPage({placed, number});
     EXPECT_NE(std::string::npos, html.find("<div class=\"plain right\" style=\"left:7.2pt;"));
     EXPECT_NE(std::string::npos, html.find(">2 &lt; 3 &amp; \"so\"</div>"));
