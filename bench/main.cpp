@@ -8,7 +8,6 @@
 #include "benches.h"
 #include "sample.h"
 #include "screens/guarded_application.h"
-#include "shell/pictures_init.h"
 
 // Prints one line per measurement. Status 1 only when something could not be measured: on a busy machine a ratio may
 // miss its limit by chance.
@@ -16,7 +15,6 @@ int main(int argc, char** argv) {
     using namespace torvane;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const GuardedApplication application(argc, argv);
-    initPictures();
 
     std::string folder = (std::filesystem::temp_directory_path() / "torvane-bench-XXXXXX").string();
     if (mkdtemp(folder.data()) == nullptr) {

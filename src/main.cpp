@@ -7,7 +7,6 @@
 #include "screens/guarded_application.h"
 #include "screens/qt_host.h"
 #include "shell/folder_lock.h"
-#include "shell/pictures_init.h"
 #include "shell/program_folder.h"
 #include "shell/screens.h"
 #include "widgets/pictures.h"
@@ -17,7 +16,6 @@ int main(int argc, char** argv) {
     using namespace torvane;
     GuardedApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Torvane Construction Estimator"));
-    initPictures();
     QApplication::setWindowIcon(picture(QStringLiteral("program")));
 
     FileSystem files;

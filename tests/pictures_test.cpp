@@ -7,7 +7,7 @@
 #include <QSvgRenderer>
 #include <cmath>
 
-#include "shell/pictures_init.h"
+#include "widgets/pictures.h"
 
 namespace torvane {
 namespace {
@@ -40,12 +40,12 @@ double shareSeen(QSvgRenderer& picture, const QColor& ground) {
 }
 
 TEST(Pictures, EveryNameThatWindowsUseIsThereAndCanBeSeenOnLightAndDark) {
-    initPictures();
     for (const char* name : {"files", "masters",  "estimates",  "calculators", "reports",      "notes",    "exit",
                              "new",   "add",      "edit",       "delete",      "copy",         "select",   "save",
                              "ok",    "cancel",   "apply",      "search",      "all",          "previous", "next",
                              "help",  "print",    "close",      "zoom-in",     "zoom-out",     "export",   "calculator",
                              "sheet", "customer", "first-page", "last-page",   "notes-import", "program"}) {
+        ASSERT_FALSE(torvane::picture(name).isNull()) << name;
         QSvgRenderer picture(QString(":/art/%1.svg").arg(name));
         ASSERT_TRUE(picture.isValid()) << name;
         EXPECT_EQ(picture.defaultSize().width(), picture.defaultSize().height()) << name;

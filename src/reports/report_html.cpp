@@ -38,7 +38,7 @@ std::string content(const Placed& placed) {
     std::string text = escaped(placed.text);
     const double width = placed.whole ? widthOf(placed.text) : 0;
     if (width <= placed.room()) return text;
-    const int left = placed.align == Align::Right ? placed.width - placed.room() : 0;
+    const int left = placed.field.align == Align::Right ? placed.field.width - placed.room() : 0;
     return "<span style=\"margin-left:" + points(left) + ";transform:scaleX(" +
            generalText(static_cast<float>(placed.room() / width)) + ")\">" + text + "</span>";
 }
@@ -72,16 +72,16 @@ std::string htmlHead(std::string_view title) {
 std::string htmlPage(const std::vector<Placed>& page) {
     std::string text = "<section class=\"page\">\n";
     for (const Placed& placed : page) {
-        if (placed.kind != ReportControl::Line && placed.text.empty()) continue;
-        std::string classes = placed.kind == ReportControl::Line ? "line"
-                              : placed.face == Face::Title       ? "title"
-                              : placed.face == Face::Bold        ? "bold"
-                                                                 : "plain";
-        if (placed.align == Align::Right) classes += " right";
+        if (placed.field.kind != ReportControl::Line && placed.text.empty()) continue;
+        std::string classes = placed.field.kind == ReportControl::Line ? "line"
+                              : placed.field.face == Face::Title       ? "title"
+                              : placed.field.face == Face::Bold        ? "bold"
+                                                                       : "plain";
+        if (placed.field.align == Align::Right) classes += " right";
         if (placed.whole) classes += " whole";
-        text += "<div class=\"" + classes + "\" style=\"left:" + points(placed.left) + ";top:" + points(placed.top) +
-                ";width:" + points(placed.width) + ";height:" + points(placed.height) + "\">" + content(placed) +
-                "</div>\n";
+        text += "<div class=\"" + classes + "\" style=\"left:" + points(placed.field.left) +
+                ";top:" + points(placed.field.top) + ";width:" + points(placed.field.width) +
+                ";height:" + points(placed.field.height) + "\">" + content(placed) + "</div>\n";
     }
     return text + "</section>\n";
 }

@@ -34,17 +34,6 @@ constexpr ReportField estimatesReportFooter[] = {
     {"Function1", Sum, "total", 7200, 144, 1440, 285, Right, Bold, Money},
 };
 
-constexpr ReportLayout estimates{
-    "DataReport1",
-    "Estimates Report",
-    {495, estimatesReportHeader},
-    {528, estimatesPageHeader},
-    {},
-    {297, estimatesDetail},
-    {},
-    {540, estimatesReportFooter},
-};
-
 constexpr ReportField customersReportHeader[] = {
     {"Label1", Label, "Customers Report", 2160, 0, 3168, 432, Left, Title},
 };
@@ -69,17 +58,6 @@ constexpr ReportField customersDetail[] = {
 
 constexpr ReportField customersReportFooter[] = {
     {"Line2", Line, "", 0, 144, 7200, 0},
-};
-
-constexpr ReportLayout customers{
-    "DataReport2",
-    "Customers Report",
-    {615, customersReportHeader},
-    {570, customersPageHeader},
-    {},
-    {1785, customersDetail},
-    {},
-    {360, customersReportFooter},
 };
 
 constexpr ReportField proposalReportHeader[] = {
@@ -141,7 +119,31 @@ constexpr ReportField proposalGroupFooter[] = {
     {"Line4", Line, "", 144, 1440, 8790, 0},
 };
 
-constexpr ReportLayout proposal{
+}  // namespace
+
+const ReportLayout estimatesLayout{
+    "DataReport1",
+    "Estimates Report",
+    {495, estimatesReportHeader},
+    {528, estimatesPageHeader},
+    {},
+    {297, estimatesDetail},
+    {},
+    {540, estimatesReportFooter},
+};
+
+const ReportLayout customersLayout{
+    "DataReport2",
+    "Customers Report",
+    {615, customersReportHeader},
+    {570, customersPageHeader},
+    {},
+    {1785, customersDetail},
+    {},
+    {360, customersReportFooter},
+};
+
+const ReportLayout proposalLayout{
     "DataReport3",
     "Estimate Proposal",
     {723, proposalReportHeader},
@@ -151,19 +153,5 @@ constexpr ReportLayout proposal{
     {1560, proposalGroupFooter},
     {},
 };
-
-}  // namespace
-
-const ReportLayout& estimatesLayout() {
-    return estimates;
-}
-
-const ReportLayout& customersLayout() {
-    return customers;
-}
-
-const ReportLayout& proposalLayout() {
-    return proposal;
-}
 
 }  // namespace torvane

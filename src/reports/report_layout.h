@@ -53,8 +53,8 @@ struct ReportLayout {
     Band reportFooter;
 };
 
-const ReportLayout& estimatesLayout();  // DataReport1
-const ReportLayout& customersLayout();  // DataReport2
-const ReportLayout& proposalLayout();   // DataReport3, one estimate
+extern const ReportLayout estimatesLayout;  // DataReport1
+extern const ReportLayout customersLayout;  // DataReport2
+extern const ReportLayout proposalLayout;   // DataReport3, one estimate
 
 }  // namespace torvane

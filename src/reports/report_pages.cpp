@@ -22,7 +22,15 @@ std::string oneLine(std::string text) {
 
 ReportPages::ReportPages(const ReportLayout& layout, ReportRows rows, ShortDate dates)
     : layout_(&layout), rows_(std::move(rows)), dates_(std::move(dates)) {
-    layOut();
+    pages_.emplace_back();
+    place(layout_->reportHeader, -1);
+    place(layout_->pageHeader, -1);
+    for (const ReportRows::Group& group : rows_.groups()) {
+        place(layout_->groupHeader, group.front());
+        for (const int row : group) place(layout_->detail, row);
+        place(layout_->groupFooter, group.front());
+    }
+    place(layout_->reportFooter, -1);
 }
 
 // A band never splits: one that does not fit goes to the next page, under the page header.
@@ -37,20 +45,8 @@ void ReportPages::place(const Band& band, int row) {
     top_ += band.height;
 }
 
-void ReportPages::layOut() {
-    pages_.emplace_back();
-    top_ = pageMargin;
-    place(layout_->reportHeader, -1);
-    place(layout_->pageHeader, -1);
-    for (const ReportRows::Group& group : rows_.groups()) {
-        place(layout_->groupHeader, group.rows.front());
-        for (const int row : group.rows) place(layout_->detail, row);
-        place(layout_->groupFooter, group.rows.front());
-    }
-    place(layout_->reportFooter, -1);
-}
-
-void ReportPages::fill(Placed& placed, const ReportField& field, int row) const {
+void ReportPages::fill(Placed& placed, int row) const {
+    const ReportField& field = placed.field;
     if (field.kind == ReportControl::Label) placed.text = field.text;
     if (field.kind == ReportControl::Label || field.kind == ReportControl::Line) return;
     if (field.kind == ReportControl::Text && row < 0) return;
@@ -65,16 +61,11 @@ std::vector<Placed> ReportPages::page(int number, std::string* problem) const {
     std::vector<Placed> placed;
     for (const PlacedBand& band : pages_[static_cast<std::size_t>(number)]) {
         for (const ReportField& field : band.band->fields) {
-            placed.push_back({field.kind,
-                              pageMargin + field.left,
-                              band.top + field.top,
-                              field.width,
-                              field.height,
-                              field.align,
-                              field.face,
-                              {}});
+            placed.push_back({field});
+            placed.back().field.left += pageMargin;
+            placed.back().field.top += band.top;
             try {
-                fill(placed.back(), field, band.row);
+                fill(placed.back(), band.row);
             } catch (const RuntimeFailure& failure) {
                 if (problem && problem->empty()) *problem = std::string(field.text) + ": " + failure.text();
             }

@@ -12,19 +12,13 @@ namespace torvane {
 
 // A text or a line in its place on a page; twips from the page's top left corner.
 struct Placed {
-    ReportControl kind = ReportControl::Text;
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
-    Align align = Align::Left;
-    Face face = Face::Plain;
-    std::string text;  // one line
+    ReportField field;      // with its place on the page
+    std::string text = {};  // one line
     // A number or a date, which is made narrower where its box is too narrow: cut, it would read as another one. Every
     // other text is cut at its box.
     bool whole = false;
     // How wide the text may be. Beside a number some room stays, so that two of them do not read as one.
-    int room() const { return whole ? width - 40 : width; }
+    int room() const { return whole ? field.width - 40 : field.width; }
 };
 
 // The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves
@@ -47,15 +41,14 @@ private:
         int row;  // -1: a band without a row
         int top;
     };
-    void layOut();
     void place(const Band& band, int row);
-    void fill(Placed& placed, const ReportField& field, int row) const;
+    void fill(Placed& placed, int row) const;
 
     const ReportLayout* layout_;
     ReportRows rows_;
     ShortDate dates_;
     std::vector<std::vector<PlacedBand>> pages_;
-    int top_ = 0;
+    int top_ = pageMargin;  // where the next band goes
 };
 
 }  // namespace torvane

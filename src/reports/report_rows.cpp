@@ -23,7 +23,7 @@ ReportRows::ReportRows(RowArray rows, std::span<const std::string_view> by) : ro
         for (const int column : columns) parent.push_back(rows_(column, row));
         const auto [place, added] = known.try_emplace(std::move(parent), groups_.size());
         if (added) groups_.emplace_back();
-        groups_[place->second].rows.push_back(row);
+        groups_[place->second].push_back(row);
     }
 }
 

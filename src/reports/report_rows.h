@@ -14,10 +14,8 @@ double amountOf(const Value& cell);
 // The rows that a report is filled with, and how they fall into groups.
 class ReportRows {
 public:
-    // A run of rows that share one parent row.
-    struct Group {
-        std::vector<int> rows;
-    };
+    // The rows that share one parent row.
+    using Group = std::vector<int>;
 
     // No rows, and no groups.
     ReportRows() = default;

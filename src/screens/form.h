@@ -50,7 +50,6 @@ public:
     std::string caption();
 
     Program& program() const { return program_; }
-    const std::string& name() const { return name_; }
     // The page of the help book, by its number there, that F1 opens in this window. 0, the default: the contents.
     void setHelpContext(int context) { helpContext_ = context; }
     int helpContext() const { return helpContext_; }

@@ -121,22 +121,15 @@ void frmMainMenu::buildMenus(QMenuBar& bar) {
         return std::ranges::any_of(menuTree(), [&](const MenuEntry& entry) { return entry.parent == name; });
     };
     for (const MenuEntry& entry : menuTree()) {
-        const QString name = qstring(entry.name);
-        const QString caption = qstring(entry.caption);
-        QMenu* parent = menus_.value(qstring(entry.parent));
-        QAction* action = nullptr;
+        const QAction* parent = entries_.value(qstring(entry.parent));
+        QAction* action = (parent ? static_cast<QWidget*>(parent->menu()) : &bar)->addAction(qstring(entry.caption));
+        action->setObjectName(qstring(entry.name));
+        action->setSeparator(entry.caption.empty());
         if (isMenu(entry.name)) {
-            QMenu* menu = parent ? parent->addMenu(caption) : bar.addMenu(caption);
-            menu->setObjectName(name);
-            menus_.insert(name, menu);
-            action = menu->menuAction();
-        } else if (caption.isEmpty()) {
-            action = parent->addSeparator();
-        } else {
-            action = parent ? parent->addAction(caption) : bar.addAction(caption);
+            action->setMenu(new QMenu(&bar));
+            action->menu()->setObjectName(action->objectName());
         }
-        action->setObjectName(name);
-        entries_.insert(name, action);
+        entries_.insert(action->objectName(), action);
     }
 }
 
@@ -151,25 +144,19 @@ void frmMainMenu::buildButtons(QWidget& area, double scale) {
         button->setPicture(qstring(place.picture));
         button->setLeftAligned(true);
         button->setGeometry(scaled({0, place.top, buttonWidth, buttonHeight}, scale));
-        if (menus_.contains(qstring(place.entry)))
-            on(*this, button, &QAbstractButton::clicked, [this, button, &place] { popUp(*button, place.entry); });
-        else
-            on(*this, button, &QAbstractButton::clicked, [this, &place] { runEntry(place.entry); });
+        QAction* entry = entries_.value(qstring(place.entry));
+        on(*this, button, &QAbstractButton::clicked, [button, entry] {
+            if (entry->menu())
+                entry->menu()->popup(button->mapToGlobal(QPoint(button->width(), 0)));
+            else
+                entry->trigger();
+        });
     }
 }
 
 void frmMainMenu::dropControls() {
     entries_.clear();
-    menus_.clear();
     Frame2_ = nullptr;
-}
-
-void frmMainMenu::popUp(QWidget& button, std::string_view menu) {
-    menus_.value(qstring(menu))->popup(button.mapToGlobal(QPoint(button.width(), 0)));
-}
-
-void frmMainMenu::runEntry(std::string_view name) {
-    entries_.value(qstring(name))->trigger();
 }
 
 void frmMainMenu::setWorkingMenusVisible(bool visible) {

@@ -10,8 +10,6 @@
 #include "shell/menu_actions.h"
 
 class QAction;
-class QLabel;
-class QMenu;
 class QMenuBar;
 
 namespace torvane {
@@ -38,8 +36,6 @@ private:
     void buildButtons(QWidget& area, double scale);
     void setWorkingMenusVisible(bool visible);
     void ActivateMerlin();
-    void popUp(QWidget& button, std::string_view menu);
-    void runEntry(std::string_view name);
 
     std::vector<MenuAction> actions_;
     bool previousInstance_;
@@ -48,7 +44,6 @@ private:
     std::unique_ptr<Assistant> assistant_;
 
     QHash<QString, QAction*> entries_;
-    QHash<QString, QMenu*> menus_;
     QWidget* Frame2_ = nullptr;
 };
 

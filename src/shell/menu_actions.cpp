@@ -24,12 +24,13 @@ std::function<void()> openNames(frmMaster& master, const char* table) {
     };
 }
 
-void openCalculator(CalculatorWindow& window, const CalculatorEntry& calculator) {
-    // With the conversions the empty window comes first, so that it stands behind the program that is started.
-    if (calculator.showsFirst) window.Show();
-    window.Which = calculator.Which;
+void openCalculator(CalculatorWindow& window, const MenuEntry& entry) {
+    const auto tab = calculatorGroups()[entry.group - 1].tabs[static_cast<std::size_t>(entry.Which) - 1];
+    // The empty window comes first then, so that it stands behind the program that is started.
+    if (tab.opens == TabOpens::Conversions) window.Show();
+    window.Which = entry.Which;
     window.Showframe();
-    if (!calculator.showsFirst) window.Show();
+    if (tab.opens != TabOpens::Conversions) window.Show();
 }
 
 }  // namespace
@@ -71,11 +72,12 @@ std::vector<MenuAction> menuActions(Screens& screens, FileSystem& files) {
         {"mnuHelpSearch", [&screens] { screens.help.showSearch(); }},
         {"mnuHelpAbout", [&screens] { screens.about.Show(); }},
     };
-    for (const CalculatorEntry& calculator : calculatorEntries()) {
-        CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
-                                            &screens.calculators4};
-        CalculatorWindow& window = *groups[calculator.group - 1];
-        actions.push_back({calculator.entry, [&window, &calculator] { openCalculator(window, calculator); }});
+    CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
+                                        &screens.calculators4};
+    for (const MenuEntry& entry : menuTree()) {
+        if (entry.group == 0) continue;
+        CalculatorWindow& window = *groups[entry.group - 1];
+        actions.push_back({entry.name, [&window, &entry] { openCalculator(window, entry); }});
     }
     return actions;
 }

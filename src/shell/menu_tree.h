@@ -13,16 +13,10 @@ struct MenuEntry {
     std::string_view parent;
     std::string_view name;
     std::string_view caption;  // empty: a separator
+    // The calculator window that the entry opens, from 1, and the tab there; 0: none.
+    std::size_t group = 0;
+    std::int16_t Which = 0;
 };
 std::span<const MenuEntry> menuTree();
-
-// Which calculator window an entry of the Calculators menu opens, and on which tab.
-struct CalculatorEntry {
-    std::string_view entry;
-    std::size_t group;  // from 1
-    std::int16_t Which;
-    bool showsFirst = false;  // the window is shown before its tab is chosen
-};
-std::span<const CalculatorEntry> calculatorEntries();
 
 }  // namespace torvane

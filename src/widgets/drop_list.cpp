@@ -1,6 +1,5 @@
 #include "widgets/drop_list.h"
 
-#include <QAbstractListModel>
 #include <QListView>
 
 #include "values/failure.h"
@@ -8,44 +7,14 @@
 
 namespace torvane {
 
-class DropList::Entries : public QAbstractListModel {
-public:
-    using QAbstractListModel::QAbstractListModel;
-
-    int rowCount(const QModelIndex& parent = {}) const override {
-        return parent.isValid() ? 0 : static_cast<int>(entries_.size());
-    }
-    QVariant data(const QModelIndex& index, int role) const override {
-        const Entry* entry = at(index.row());
-        if (!entry || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
-        return qstring(entry->text);
-    }
-    const Entry* at(int row) const {
-        return row >= 0 && row < rowCount() ? &entries_[static_cast<std::size_t>(row)] : nullptr;
-    }
-    void replace(std::vector<Entry> entries) {
-        beginResetModel();
-        entries_ = std::move(entries);
-        endResetModel();
-    }
-    void add(Entry entry) {
-        beginInsertRows({}, rowCount(), rowCount());
-        entries_.push_back(std::move(entry));
-        endInsertRows();
-    }
-
-private:
-    std::vector<Entry> entries_;
-};
-
-DropList::DropList(QWidget* parent) : QComboBox(parent), entries_(new Entries(this)) {
+DropList::DropList(QWidget* parent) : QComboBox(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(16);
     setPlaceholderText(" ");  // else the first entry would select itself
     // Else the first show measures every entry.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
-    setModel(entries_);
+    setModel(&texts_);
     connect(this, &QComboBox::activated, this, &DropList::Click);
 }
 
@@ -54,16 +23,23 @@ void DropList::Clear() {
 }
 
 void DropList::AddItem(std::string_view text, int itemData) {
-    entries_->add({std::string(text), itemData});
+    addItem(qstring(text));
+    itemData_.push_back(itemData);
 }
 
-void DropList::fill(std::vector<Entry> entries) {
-    entries_->replace(std::move(entries));
+void DropList::fill(const std::vector<Entry>& entries) {
+    QStringList texts;
+    itemData_.clear();
+    for (const Entry& entry : entries) {
+        texts.append(qstring(entry.text));
+        itemData_.push_back(entry.itemData);
+    }
+    texts_.setStringList(texts);
     setCurrentIndex(-1);
 }
 
 int DropList::ListCount() const {
-    return entries_->rowCount();
+    return count();
 }
 
 int DropList::ListIndex() const {
@@ -82,14 +58,12 @@ void DropList::selectItemData(int itemData) {
 }
 
 int DropList::ItemData(int index) const {
-    const Entry* entry = entries_->at(index);
-    if (!entry) fail(Failure::Subscript);
-    return entry->itemData;
+    if (index < 0 || index >= ListCount()) fail(Failure::Subscript);
+    return itemData_[static_cast<std::size_t>(index)];
 }
 
 std::string DropList::List(int index) const {
-    const Entry* entry = entries_->at(index);
-    return entry ? entry->text : std::string();
+    return utf8(itemText(index));
 }
 
 void DropList::showPopup() {

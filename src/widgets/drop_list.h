@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QStringListModel>
 #include <QWheelEvent>
 #include <string>
 #include <string_view>
@@ -23,7 +24,7 @@ public:
     void Clear();
     void AddItem(std::string_view text, int itemData);
     // The whole list at once; what a long list wants.
-    void fill(std::vector<Entry> entries);
+    void fill(const std::vector<Entry>& entries);
     int ListCount() const;
     int ListIndex() const;
     // Selects an entry and fires Click. Failure::InvalidCall when there is no such entry; -1 clears the selection.
@@ -47,8 +48,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
-    class Entries;
-    Entries* entries_;
+    QStringListModel texts_;
+    std::vector<int> itemData_;
 };
 
 }  // namespace torvane

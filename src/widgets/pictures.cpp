@@ -12,6 +12,13 @@
 #include <tuple>
 #include <utility>
 
+// The linker would drop the resource of a static library unless somebody asks for it, and the macro must stand outside
+// every namespace.
+static bool registerDrawings() {
+    Q_INIT_RESOURCE(art);
+    return true;
+}
+
 namespace torvane {
 
 namespace {
@@ -60,6 +67,7 @@ private:
 }  // namespace
 
 QIcon picture(const QString& name) {
+    [[maybe_unused]] static const bool once = registerDrawings();
     const QString file = QStringLiteral(":/art/%1.svg").arg(name);
     return QFile::exists(file) ? QIcon(new PictureEngine(file)) : QIcon();
 }

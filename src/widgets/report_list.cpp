@@ -139,34 +139,25 @@ QTreeWidgetItem& ReportList::item(int row) const {
     return *topLevelItem(row);
 }
 
-void ReportList::requireColumn(int column) const {
-    if (column < 0 || column >= columnCount()) fail(Failure::Subscript);
-}
-
 std::string ReportList::Cell(int row, int column) const {
-    requireColumn(column);
+    if (column < 0 || column >= columnCount()) fail(Failure::Subscript);
     return utf8(item(row).text(column));
 }
 
-void ReportList::setCell(int row, int column, std::string_view text) {
-    requireColumn(column);
-    item(row).setText(column, qstring(text));
-}
-
 void ReportList::setRow(int row, const std::vector<std::string>& texts) {
-    item(row);
-    if (!texts.empty()) requireColumn(static_cast<int>(texts.size()) - 1);
-    for (std::size_t column = 0; column < texts.size(); ++column) setCell(row, static_cast<int>(column), texts[column]);
+    QTreeWidgetItem& changed = item(row);
+    const int count = static_cast<int>(texts.size());
+    if (count > columnCount()) fail(Failure::Subscript);
+    for (int column = 0; column < count; ++column)
+        changed.setText(column, qstring(texts[static_cast<std::size_t>(column)]));
 }
 
 void ReportList::setColumnIcon(int column, Icon icon) {
-    requireColumn(column);
     header()->setSortIndicator(column, icon == Icon::Down ? Qt::AscendingOrder : Qt::DescendingOrder);
     header()->setSortIndicatorShown(icon != Icon::Blank);
 }
 
 ReportList::Icon ReportList::columnIcon(int column) const {
-    requireColumn(column);
     if (!header()->isSortIndicatorShown() || header()->sortIndicatorSection() != column) return Icon::Blank;
     return header()->sortIndicatorOrder() == Qt::AscendingOrder ? Icon::Down : Icon::Up;
 }

@@ -26,7 +26,7 @@ public:
     void AddRow(const std::vector<std::string>& texts);
     // The same for many rows at once.
     void AddRows(const std::vector<std::vector<std::string>>& rows);
-    // Failure::Subscript when there is no such row; likewise where a row or column is named below.
+    // Failure::Subscript when there is no such row; likewise where a row or a cell is named below.
     void RemoveRow(int row);
     int RowCount() const;
     // -1 when no row is selected.
@@ -34,7 +34,6 @@ public:
     void selectRow(int row);
     // -1, no row selected, is a failure of the caller like any other row that is not there.
     std::string Cell(int row, int column) const;
-    void setCell(int row, int column, std::string_view text);
     void setRow(int row, const std::vector<std::string>& texts);
     // The mark of the order in the header. One column has it at a time.
     void setColumnIcon(int column, Icon icon);
@@ -63,7 +62,6 @@ protected:
 private:
     QTreeWidgetItem& item(int row) const;
     void makeCurrent(QTreeWidgetItem& row);
-    void requireColumn(int column) const;
     int firstVisibleColumn() const;
 };
 

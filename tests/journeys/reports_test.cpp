@@ -89,7 +89,7 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
 }
 
 TEST_F(ReportsTest, AFileThatCannotBeWrittenWhollyLeavesTheOlder) {
-    const ReportPages pages(customersLayout(), DataEnvironment1(program.dataAccess()).customers(), {});
+    const ReportPages pages(customersLayout, DataEnvironment1(program.dataAccess()).customers(), {});
     const std::string name = data.path() + "/older";
     const auto print = [](const ReportPages& report, const std::string& file, const ExportProgress&) {
         QPrinter printer;
@@ -165,7 +165,8 @@ TEST_F(ReportsTest, SqueezesNumbersAndCutsTexts) {
         QImage paper(800, 400, QImage::Format_RGB32);
         paper.fill(Qt::white);
         QPainter painter(&paper);
-        paintPage(painter, {{ReportControl::Text, 50, 50, 300, 240, Align::Right, Face::Plain, text, whole}});
+        const ReportField field{"", ReportControl::Text, "", 50, 50, 300, 240, Align::Right};
+        paintPage(painter, {{field, text, whole}});
         return paper;
     };
     EXPECT_NE(painted("1234567.10", true), painted("1234567.19", true));

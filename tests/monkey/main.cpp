@@ -27,7 +27,6 @@
 
 #include "assistant/animated_assistant.h"
 #include "screens/guarded_application.h"
-#include "shell/pictures_init.h"
 #include "shell/screens.h"
 #include "support/data_folder.h"
 #include "widgets/drop_list.h"
@@ -268,7 +267,6 @@ private:
 
 int run(int argc, char** argv, unsigned seed, int steps, const std::string& folder) {
     GuardedApplication application(argc, argv);
-    initPictures();
     Dice dice(seed);
     MonkeyHost host(folder, dice);
     Store store(host.shortDate());

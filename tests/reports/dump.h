@@ -14,14 +14,14 @@ inline std::string dump(const ReportPages& pages) {
     std::ostringstream text;
     for (int number = 0; number < pages.pageCount(); ++number) {
         for (const Placed& placed : pages.page(number)) {
-            text << number + 1 << ' ' << placed.left << ' ' << placed.top << ' ' << placed.width << ' '
-                 << placed.height;
+            text << number + 1 << ' ' << placed.field.left << ' ' << placed.field.top << ' ' << placed.field.width
+                 << ' ' << placed.field.height;
             constexpr const char* faces[] = {"plain", "bold", "title"};
-            if (placed.kind == ReportControl::Line)
+            if (placed.field.kind == ReportControl::Line)
                 text << " line\n";
             else
-                text << ' ' << faces[static_cast<int>(placed.face)]
-                     << (placed.align == Align::Right ? " right " : " left ") << placed.text << '\n';
+                text << ' ' << faces[static_cast<int>(placed.field.face)]
+                     << (placed.field.align == Align::Right ? " right " : " left ") << placed.text << '\n';
         }
     }
     return text.str();

@@ -21,27 +21,21 @@ TEST(ListReports, PagesBreakBetweenBands) {
     const std::vector<std::string> estimate{"orderno", "Orderdate", "CustName", "total"};
     const std::vector<std::string> customer{"CustName", "BStreet1", "BStreet2", "BCity",  "BState", "BZip",
                                             "BCountry", "BPhone",   "BFax",     "BEmail", "BUrl"};
-    for (const Row& row : {Row{estimatesLayout(), 0, 1, 1 + 5 + 2}, Row{estimatesLayout(), 38, 1, 1 + 5 + 38 * 4 + 2},
-                           Row{estimatesLayout(), 39, 2, 5 + 2}, Row{estimatesLayout(), 40, 2, 5 + 2},
-                           Row{estimatesLayout(), 41, 2, 5 + 4 + 2}, Row{customersLayout(), 6, 1, 1 + 6 + 6 * 11 + 1},
-                           Row{customersLayout(), 7, 2, 6 + 11 + 1}}) {
+    for (const Row& row : {Row{estimatesLayout, 0, 1, 1 + 5 + 2}, Row{estimatesLayout, 38, 1, 1 + 5 + 38 * 4 + 2},
+                           Row{estimatesLayout, 39, 2, 5 + 2}, Row{estimatesLayout, 40, 2, 5 + 2},
+                           Row{estimatesLayout, 41, 2, 5 + 4 + 2}, Row{customersLayout, 6, 1, 1 + 6 + 6 * 11 + 1},
+                           Row{customersLayout, 7, 2, 6 + 11 + 1}}) {
         SCOPED_TRACE(std::string(row.layout.name) + " " + std::to_string(row.rows));
-        const ReportPages pages(row.layout, blank(&row.layout == &estimatesLayout() ? estimate : customer, row.rows),
-                                {});
+        const ReportPages pages(row.layout, blank(&row.layout == &estimatesLayout ? estimate : customer, row.rows), {});
         EXPECT_EQ(row.pages, pages.pageCount());
         EXPECT_EQ(row.onLastPage, static_cast<int>(pages.page(pages.pageCount() - 1).size()));
     }
 }
 
 TEST(ListReports, HtmlSaysTextsAsTheyAre) {
-    Placed placed;
-    placed.left = 144;
-    placed.align = Align::Right;
-    placed.width = 576;
-    placed.text = "2 < 3 & \"so\"";
-    Placed number = placed;
-    number.text = "1234567.10";
-    number.whole = true;
+    const ReportField field{"", ReportControl::Text, "", 144, 0, 576, 240, Align::Right};
+    const Placed placed{field, "2 < 3 & \"so\""};
+    const Placed number{field, "1234567.10", true};
     const std::string html = htmlPage({placed, number});
     EXPECT_NE(std::string::npos, html.find("<div class=\"plain right\" style=\"left:7.2pt;"));
     EXPECT_NE(std::string::npos, html.find(">2 &lt; 3 &amp; \"so\"</div>"));
@@ -52,14 +46,14 @@ class ListReportsTest : public RecordTest {
 protected:
     ListReportsTest() { folder.useSample(); }
     std::string estimates(const Date& from, const Date& to) {
-        return dump(ReportPages(estimatesLayout(), DataEnvironment1(access).estimates(from, to), host.style));
+        return dump(ReportPages(estimatesLayout, DataEnvironment1(access).estimates(from, to), host.style));
     }
 };
 
 TEST_F(ListReportsTest, OfTheSampleBusiness) {
     DataEnvironment1 data(access);
-    EXPECT_EQ(kept("estimates.txt"), dump(ReportPages(estimatesLayout(), data.estimates(), host.style)));
-    EXPECT_EQ(kept("customers.txt"), dump(ReportPages(customersLayout(), data.customers(), host.style)));
+    EXPECT_EQ(kept("estimates.txt"), dump(ReportPages(estimatesLayout, data.estimates(), host.style)));
+    EXPECT_EQ(kept("customers.txt"), dump(ReportPages(customersLayout, data.customers(), host.style)));
 }
 
 TEST_F(ListReportsTest, DatesBoundTheEstimatesAndTheirSum) {

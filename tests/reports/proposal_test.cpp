@@ -35,7 +35,7 @@ TEST(ProposalPages, BandsNeverSplit) {
           Row{31, 2, footer}, Row{32, 2, perLine + footer}, Row{69, 2, 38 * perLine + footer}, Row{70, 3, footer},
           Row{1000, 24, (1000 - 31 - 22 * 43) * perLine + footer}, Row{0, 1, 1}}) {
         SCOPED_TRACE(row.lines);
-        const ReportPages pages(proposalLayout(), lines(row.lines), {});
+        const ReportPages pages(proposalLayout, lines(row.lines), {});
         EXPECT_EQ(row.pages, pages.pageCount());
         EXPECT_EQ(row.onLastPage, static_cast<int>(pages.page(pages.pageCount() - 1).size()));
     }
@@ -46,8 +46,8 @@ TEST(ProposalPages, OneGroupPerDistinctParentInOrderOfAppearance) {
                                                     std::string{"b"}, std::int64_t{2}, std::string{"c"}}),
                           std::array{std::string_view("NO")});
     ASSERT_EQ(2U, rows.groups().size());
-    EXPECT_EQ((std::vector<int>{0, 2}), rows.groups()[0].rows);
-    EXPECT_EQ((std::vector<int>{1}), rows.groups()[1].rows);
+    EXPECT_EQ((std::vector<int>{0, 2}), rows.groups()[0]);
+    EXPECT_EQ((std::vector<int>{1}), rows.groups()[1]);
     EXPECT_THROW(rows.cell("nothing", 0), RuntimeFailure);
 }
 
@@ -56,7 +56,7 @@ protected:
     ProposalTest() { folder.useSample(); }
     ReportPages proposal(std::int32_t OrderNo) {
         DataEnvironment1 data(access);
-        return {proposalLayout(), data.proposal(OrderNo), host.style};
+        return {proposalLayout, data.proposal(OrderNo), host.style};
     }
 };
 

@@ -19,7 +19,6 @@
 #include "assistant/animated_assistant.h"
 #include "screens/guarded_application.h"
 #include "screens/qt_host.h"
-#include "shell/pictures_init.h"
 #include "shell/screens.h"
 #include "widgets/drop_list.h"
 #include "widgets/report_list.h"
@@ -236,7 +235,6 @@ int main(int argc, char** argv) {
         QApplication::setFont(large);
     }
     if (words.size() != 3) stop(QStringLiteral("it needs the program's folder and a folder for the pictures"));
-    initPictures();
     const QString programFolder = QDir(words.at(1)).absolutePath();
     QtHost host(utf8(programFolder));
     Store store(host.shortDate());

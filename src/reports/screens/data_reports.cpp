@@ -15,19 +15,19 @@ void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportR
 }
 
 void DataReports::showEstimates(const Date& FDate, const Date& TDate) {
-    show(DataReport1_, estimatesLayout(), data_.estimates(FDate, TDate));
+    show(DataReport1_, estimatesLayout, data_.estimates(FDate, TDate));
 }
 
 void DataReports::showEstimates() {
-    show(DataReport1_, estimatesLayout(), data_.estimates());
+    show(DataReport1_, estimatesLayout, data_.estimates());
 }
 
 void DataReports::showCustomers() {
-    show(DataReport2_, customersLayout(), data_.customers());
+    show(DataReport2_, customersLayout, data_.customers());
 }
 
 void DataReports::showProposal(std::int32_t OrderNo) {
-    show(DataReport3_, proposalLayout(), data_.proposal(OrderNo));
+    show(DataReport3_, proposalLayout, data_.proposal(OrderNo));
 }
 
 }  // namespace torvane

@@ -29,23 +29,25 @@ void paintPage(QPainter& painter, const std::vector<Placed>& page) {
                                                QFontMetricsF(fonts[2])};
     painter.setPen(QPen(Qt::black, lineWidth));
     for (const Placed& placed : page) {
-        if (placed.kind == ReportControl::Line) {
-            painter.drawLine(placed.left, placed.top, placed.left + placed.width, placed.top + placed.height);
+        if (placed.field.kind == ReportControl::Line) {
+            painter.drawLine(placed.field.left, placed.field.top, placed.field.left + placed.field.width,
+                             placed.field.top + placed.field.height);
             continue;
         }
         const QString text = qstring(placed.text);
         if (text.isEmpty()) continue;
-        const auto face = static_cast<std::size_t>(placed.face);
+        const auto face = static_cast<std::size_t>(placed.field.face);
         const double advance = metrics[face].horizontalAdvance(text);
         const bool tooWide = advance > placed.room();
         const bool squeezed = tooWide && placed.whole;
         painter.save();
         painter.setFont(fonts[face]);
-        if (tooWide && !squeezed) painter.setClipRect(placed.left, placed.top, placed.width, placed.height);
+        if (tooWide && !squeezed)
+            painter.setClipRect(placed.field.left, placed.field.top, placed.field.width, placed.field.height);
         // A text that is cut loses its end and never its beginning.
-        const double indent = placed.width - (squeezed ? placed.room() : advance);
-        const bool right = placed.align == Align::Right && (squeezed || !tooWide);
-        painter.translate(placed.left + (right ? indent : 0), placed.top + metrics[face].ascent());
+        const double indent = placed.field.width - (squeezed ? placed.room() : advance);
+        const bool right = placed.field.align == Align::Right && (squeezed || !tooWide);
+        painter.translate(placed.field.left + (right ? indent : 0), placed.field.top + metrics[face].ascent());
         if (squeezed) painter.scale(placed.room() / advance, 1);
         painter.drawText(QPointF(), text);
         painter.restore();
