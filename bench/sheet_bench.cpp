@@ -127,7 +127,8 @@ void barePdf(const std::vector<std::vector<Placed>>& pages) {
     for (std::size_t page = 0; page < pages.size(); ++page) {
         if (page > 0) writer.newPage();
         for (const Placed& placed : pages[page])
-            if (!placed.text.empty()) painter.drawText(QPoint(placed.left, placed.top + 150), qstring(placed.text));
+            if (!placed.text.empty())
+                painter.drawText(QPoint(placed.field.left, placed.field.top + 150), qstring(placed.text));
     }
 }
 
@@ -169,7 +170,7 @@ void reports(Sample& sample, Screens& screens) {
     auto proposal = [&] { screens.act([&] { screens.reports.showProposal(Sample::largeOrder); }); };
     printFigure("proposal of 1,000 lines, first page", proposalLimit, medianOf(proposal, [] {}), "ms");
 
-    const ReportPages pages(estimatesLayout(), DataEnvironment1(sample.access).estimates(), sample.host.shortDate());
+    const ReportPages pages(estimatesLayout, DataEnvironment1(sample.access).estimates(), sample.host.shortDate());
     std::vector<std::vector<Placed>> placed;
     for (int number = 0; number < pages.pageCount(); ++number) placed.push_back(pages.page(number));
     const std::string file = sample.folder() + "/report.pdf";

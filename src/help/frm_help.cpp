@@ -16,19 +16,26 @@ namespace {
 
 constexpr int pageRole = Qt::UserRole;
 
-// Runs an act for keys that come to a control and are none of its own.
-class KeysOf : public QObject {
+// Hears the characters that are typed over a control.
+class TypedOver : public QObject {
 public:
-    KeysOf(QWidget& control, std::function<bool(const QKeyEvent&)> pressed)
-        : QObject(&control), pressed_(std::move(pressed)) {
+    TypedOver(QWidget& control, std::function<void(const QString&)> typed)
+        : QObject(&control), typed_(std::move(typed)) {
         control.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        return event->type() == QEvent::KeyPress && pressed_(static_cast<const QKeyEvent&>(*event));
+        if (event->type() != QEvent::KeyPress) return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const QString text = key.text();
+        if (text.isEmpty() || !text.front().isLetterOrNumber() ||
+            key.modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+            return false;
+        typed_(text);
+        return true;
     }
 
 private:
-    std::function<bool(const QKeyEvent&)> pressed_;
+    std::function<void(const QString&)> typed_;
 };
 
 void addSections(QTreeWidgetItem& above, const std::vector<HelpSection>& sections) {
@@ -134,14 +141,13 @@ void frmHelp::connectControls() {
     on(*this, ui().txtSearch, &QLineEdit::returnPressed, [this, openFound] {
         if (const QListWidgetItem* found = ui().lstFound->currentItem()) openFound(found);
     });
-    new KeysOf(*ui().txtSearch, [this](const QKeyEvent& key) {
-        if (key.key() != Qt::Key_Down) return false;
-        ui().lstFound->setFocus();
-        return true;
-    });
-    for (QWidget* from : {static_cast<QWidget*>(ui().Page), static_cast<QWidget*>(ui().TreeContents),
-                          static_cast<QWidget*>(ui().lstFound)})
-        takeKeys(*from);
+    auto* down = new QShortcut(Qt::Key_Down, ui().txtSearch, nullptr, nullptr, Qt::WidgetShortcut);
+    on(*this, down, &QShortcut::activated, [this] { ui().lstFound->setFocus(); });
+    // What is typed over a page or a list goes into the search.
+    for (QWidget* control : std::initializer_list<QWidget*>{ui().Page, ui().TreeContents, ui().lstFound})
+        new TypedOver(*control, [this, window = standingWindow()](const QString& typed) {
+            asHandler(program(), window, [&] { startSearch(typed); });
+        });
 }
 
 // --- Reading ---------------------------------------------------------------------------------------------------------
@@ -177,18 +183,6 @@ void frmHelp::startSearch(const QString& typed) {
     ui().txtSearch->setFocus();
     ui().txtSearch->selectAll();
     if (!typed.isEmpty()) ui().txtSearch->insert(typed);
-}
-
-// What is typed over a page or a list goes into the search.
-void frmHelp::takeKeys(QWidget& from) {
-    new KeysOf(from, [this, window = standingWindow()](const QKeyEvent& key) {
-        const QString typed = key.text();
-        if (typed.isEmpty() || !typed.front().isLetterOrNumber() || key.modifiers().testFlag(Qt::ControlModifier) ||
-            key.modifiers().testFlag(Qt::AltModifier))
-            return false;
-        asHandler(program(), window, [&] { startSearch(typed); });
-        return true;
-    });
 }
 
 }  // namespace torvane

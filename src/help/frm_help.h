@@ -38,7 +38,6 @@ private:
     void search();
     void startSearch(const QString& typed = {});
     void markInContents(const QUrl& page);
-    void takeKeys(QWidget& from);
 
     std::unique_ptr<HelpBook> book_;
 };

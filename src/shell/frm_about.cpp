@@ -1,6 +1,7 @@
 #include "shell/frm_about.h"
 
 #include "host/host.h"
+#include "shell/title.h"
 #include "widgets/pictures.h"
 
 namespace torvane {
@@ -11,6 +12,7 @@ frmAbout::frmAbout(Program& program) : FormOf(program, "frmAbout") {
 
 void frmAbout::Form_Load() {
     on(*this, ui().cmdClose, &QAbstractButton::clicked, [this] { Unload(); });
+    ui().lblName->setText(QLatin1String(title));
     constexpr int pictureSize = 64;
     ui().Image1->setPixmap(
         picture(QStringLiteral("program")).pixmap(QSize(pictureSize, pictureSize), window().devicePixelRatioF()));

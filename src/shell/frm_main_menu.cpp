@@ -11,6 +11,7 @@
 
 #include "screens/assistant.h"
 #include "shell/menu_tree.h"
+#include "shell/title.h"
 #include "widgets/picture_button.h"
 #include "widgets/pictures.h"
 #include "widgets/texts.h"
@@ -100,14 +101,14 @@ void frmMainMenu::build(QWidget& window) {
     area->setMinimumSize(scaled(clientSize, scale).size());
     layout->addWidget(area);
 
-    auto* title = new QLabel(QStringLiteral("TORVANE Construction Estimator Ver. 2.0"), area);
-    title->setObjectName(QStringLiteral("Label1"));
-    title->setGeometry(scaled(titlePlace, scale));
-    title->setAlignment(Qt::AlignCenter);
-    QFont large = title->font();
+    auto* caption = new QLabel(QLatin1String(title), area);
+    caption->setObjectName(QStringLiteral("Label1"));
+    caption->setGeometry(scaled(titlePlace, scale));
+    caption->setAlignment(Qt::AlignCenter);
+    QFont large = caption->font();
     large.setPointSizeF(large.pointSizeF() * 1.9);
     large.setBold(true);
-    title->setFont(large);
+    caption->setFont(large);
     artwork(*area, "Image1", "A building site", image1Place, scale);
     artwork(*area, "Image2", "An estimate sheet", image2Place, scale);
 
