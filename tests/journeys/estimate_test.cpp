@@ -1,5 +1,7 @@
 // The estimate screen: a new estimate from menu to database, its customer, its lines, its prices, its totals.
 
+#include <QApplication>
+
 #include "journeys/journey.h"
 
 namespace torvane {
@@ -323,6 +325,10 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     }
     go(order, "txtLength=20; cmdMove");
     EXPECT_EQ(text(order, "TxtQty"), "7.5") << "the option stays";
+    go(order, "Command7");
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    EXPECT_EQ(QApplication::activePopupWidget()->actions().size(), 4) << "the groups of calculators";
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(EstimateTest, NotesAreImportedAndCopied) {
