@@ -45,8 +45,8 @@ class EstimateTest : public JourneyTest {};
 
 TEST_F(EstimateTest, FromMenuToDatabase) {
     QWidget& order = newEstimate();
-    EXPECT_EQ(utf8(order.windowTitle()), "Bid Estimate Screen");
-    EXPECT_EQ(texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "TxtAmount", "txtNotes"}), "6||||");
+    EXPECT_EQ(utf8(order.windowTitle()) + texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "TxtAmount", "txtNotes"}),
+              "Bid Estimate Screen6||||");
     EXPECT_EQ(texts(order, address), "||||Alabama|||||");
     EXPECT_EQ(texts(order, panel), "Attic|100|Bag|Brick|0.5|20|0|1.25|71.25");
     EXPECT_EQ(visible(order, modeButtons), "cmdAdd CmdEdit cmdDel CmdSelCust CmdNewCust CmdSave");
@@ -182,15 +182,13 @@ TEST_F(EstimateTest, FirstUseWithEmptyLists) {
 TEST_F(EstimateTest, OpenedToEdit) {
     data.execute("update OrderInfo set Notes = 'Old\u00a0' || char(13, 10) || 'note' where OrderNo = 3");
     QWidget& order = openEstimate("E", 3);
-    EXPECT_EQ(utf8(order.windowTitle()), "Edit Estimate");
-    EXPECT_EQ(texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "txtNotes"}), "3|8|10|Old\u00a0\r\nnote");
+    EXPECT_EQ(utf8(order.windowTitle()) + texts(order, {"TxtOrder", "txtTaxPer", "txtOHPer", "txtNotes"}),
+              "Edit Estimate3|8|10|Old\u00a0\r\nnote");
     EXPECT_EQ(enabled(order, {"TxtOrder", "CmdSave"}), "CmdSave");
     EXPECT_EQ(texts(order, address), "Ann Lee|9 Oak|||Oregon|||||");
     EXPECT_EQ(texts(order, totals) + "|" + text(order, "txtTotal"), "200|16|20|236|236") << "as saved, not as summed";
     EXPECT_EQ(rows(order),
               (Texts{"1|Deck|2|Each|Joist|25|4|5|0|34|2|1", "3|Roof|100|Bag|Brick|50|20|0|1.25|71.25|3|2"}));
-    EXPECT_EQ(list(order).SelectedRow(), 0);
-    EXPECT_EQ(texts(order, {"cmbRooms", "cmbUnits", "cmbItems"}), "Roof|Bag|Brick");
     go(order, "CmdSave", {saved});
     EXPECT_EQ(header(3), "3|7|2|2003-07-04|9 Oak|||38||||||4|105.25|8.0|124.195||Old\u00a0\r\nnote|10.0");
     EXPECT_EQ(lines(3), (Texts{"1|2.5|25.0|2|1|5.0|4.0|0.0", "3|100.0|50.0|3|2|0.0|20.0|1.25"}))
@@ -259,8 +257,7 @@ TEST_F(EstimateTest, WhatApplyingChecksAndKeeps) {
 
 TEST_F(EstimateTest, OpenedToDelete) {
     QWidget& order = openEstimate("D", 3);
-    EXPECT_EQ(utf8(order.windowTitle()), "Delete Estimate");
-    EXPECT_EQ(visible(order, modeButtons), "CmdDeleteOrder");
+    EXPECT_EQ(utf8(order.windowTitle()) + " " + visible(order, modeButtons), "Delete Estimate CmdDeleteOrder");
     const char* question = "Are you sure you want to Delete Estimate No.  3";
     go(order, "CmdDeleteOrder", {no(question, "Estimate deletion")});
     EXPECT_EQ(lines(3).size(), 2U);
