@@ -224,18 +224,6 @@ TEST_F(FindingTest, PagesOfFifteen) {
     EXPECT_EQ(keys(window), Texts{"101"}) << "what was found is sorted, and the page stays";
 }
 
-// Filling the list of categories overwrites what was searched for by the name of the last row's parent.
-TEST_F(FindingTest, FillingTheCategoryListForgetsWhatWasSearched) {
-    data.execute(
-        "with recursive n(i) as (select 11 union all select i + 1 from n where i < 26)"
-        "insert into Category select i, 'Deck ' || i, iif(i = 25, 1, 0) from n");
-    QWidget& window = opened("SubMnuEditCat");
-    go(window, "txtCatName=Deck; cmdSearch");
-    EXPECT_EQ(text(window, "LblRecords") + rows(window).back(), "Record 1 - 15 of 1625|Deck 25|0|Framing");
-    go(window, "CmdNext");
-    EXPECT_EQ(text(window, "LblRecords"), "Record 16 - 15 of 1");
-}
-
 // --- Estimates -------------------------------------------------------------------------------------------------------
 
 TEST_F(FindingTest, OpensAnEstimateForEditing) {
