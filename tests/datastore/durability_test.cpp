@@ -83,30 +83,19 @@ TEST_F(DurabilityTest, AGroupThatTheDatabaseHasUndoneGoesOnWithNothing) {
 TEST_F(DurabilityTest, AFilePutInItsPlaceIsReadAndWrittenByAllConnections) {
     Connection another{access};
     const std::string other = file + ".bak";
-    const auto prepareOther = [&] {
-        folder.execute("insert into Rooms values (7, 'Other')");
-        fs::copy_file(file, other, fs::copy_options::overwrite_existing);
-        connection.execute("delete from Rooms");
-    };
-    prepareOther();
+    folder.execute("insert into Rooms values (7, 'Other')");
+    fs::copy_file(file, other);
+    connection.execute("delete from Rooms");
     fs::rename(other, file);
     EXPECT_EQ(rows("select max(Id) from Rooms") + dump(another.query("select count(*) from Rooms")), "7;3;");
     another.execute("update Rooms set Id = 6 where Id = 7");
-    prepareOther();
-    std::string overwritten = bytes(other);
-    // The change counter, by which SQLite would know, is that of the live file.
-    for (const std::size_t at : {24U, 92U}) overwritten.replace(at, 4, bytes(file).substr(at, 4));
-    write(file, overwritten);
-    fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(1));
-    EXPECT_EQ(rows("select count(*) from Rooms"), "4;");
-
     EXPECT_EQ(endOfGroup([&] {
                   connection.execute("delete from Rooms");
-                  fs::copy_file(file, other, fs::copy_options::overwrite_existing);
+                  fs::copy_file(file, other);
                   fs::rename(other, file);
               }),
               SQLITE_READONLY);
-    EXPECT_EQ(rooms() + folder.cell("pragma integrity_check"), "4ok") << "a group does not reach another file";
+    EXPECT_EQ(rooms() + folder.cell("pragma integrity_check"), "3ok") << "a group does not reach another file";
 }
 
 TEST_F(DurabilityTest, AMissingOrDamagedFileFailsTheNextStatementOnly) {

@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <chrono>
 #include <map>
 #include <set>
 #include <vector>
@@ -171,18 +170,6 @@ TEST_F(StoreTest, LettersOfAllScriptsHaveNoCase) {
     };
     for (const auto& row : reads) EXPECT_EQ(rows(row.statement), row.result) << row.statement;
     EXPECT_EQ(folder.cell("pragma integrity_check"), "ok") << "the file is everybody's";
-}
-
-TEST_F(StoreTest, KeptStatementsAreBoundedAndStayRight) {
-    for (int i = 0; i < 200; ++i) {
-        const int number = i % 100;
-        EXPECT_EQ(rows("select " + std::to_string(number) + " + Id from Rooms where Id = 1"),
-                  std::to_string(number + 1) + ";");
-    }
-    folder.execute("alter table Rooms add column Floor integer default 7");
-    // Within one tick of the clock the write would bear the time of the one before.
-    std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
-    EXPECT_EQ(rows("select * from Rooms where Id = 1"), "1|Kitchen|7;");
 }
 
 }  // namespace

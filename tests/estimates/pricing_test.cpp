@@ -45,6 +45,7 @@ TEST_F(PricingTest, AmountsAndTheirTexts) {
         {"a sum of nothing", generalText(sumOfTotals({})), "0"},
         {"a price that is Null is an empty part",
          priceEntry(items, 0) + " " + pricePart(priceEntry(items, 0), PricePart::Equipment), "#1.25#10#0# "},
+        {"a room lower than a foot", roomAreas("10", "12", "0.5").concrete, "44"},
         {"a whole quantity, half to even", stored(2.5, 25, 0, 0, 0), "7|Attic|2|each|Stud|25|0|0|0|25|3|2|"},
         {"four decimals", stored(3.5, 1.00005, 0, 0, 0), "7|Attic|4|each|Stud|1|0|0|0|1|3|2|"},
         {"a total of what is shown", stored(1, 12.35, 0.1, 3.15, 0.4),

@@ -90,6 +90,11 @@ TEST_F(CatalogueTest, AnItemIsCopied) {
     EXPECT_EQ(data.cell("select Itemcode || Itemname || CategoryId from Item where ItemId = 4"), "1Joist1");
     data.execute("delete from Item");
     EXPECT_EQ(endOf([&] { go(window, "CmdAll; cmdCopy"); }).number(), 91) << "an empty list";
+    go(window, "cmdExit");
+    QWidget& selecting = items("S");
+    EXPECT_EQ(utf8(selecting.windowTitle()) + visible(selecting, {"cmdCopy", "CmdSelect"}), "Select ItemCmdSelect");
+    go(selecting, "CmdSelect");
+    EXPECT_FALSE(screens->item.loaded());
 }
 
 TEST_F(CatalogueTest, AnItemIsEditedViewedAndDeleted) {

@@ -18,11 +18,7 @@ protected:
     QWidget& opened(std::string_view entryName) {
         if (!screens) start();
         choose(entryName);
-        const bool items = entryName.ends_with("Item"), customer = entryName.ends_with("Cust");
-        return *standing(items                        ? "frmItem"
-                         : customer                   ? "frmCustomer"
-                         : entryName.ends_with("Cat") ? "frmCategory"
-                                                      : "frmOrders");
+        return *QApplication::activeWindow();
     }
     // The first cells of the rows.
     static Texts keys(const QWidget& window) {
@@ -181,33 +177,23 @@ TEST_F(FindingTest, NothingFoundWhileAddingOffersToAdd) {
         const char* entry;
         const char* steps;
         std::string offer;
-        const char* select;  // 1 when it has been added
+        const char* box;  // of the entry form
     };
-    for (const Row& row : {
-             Row{"SubMnuAddItem", "OptName; txtName=Beam", "Item", "select count(*) from Item where Itemname = 'Beam'"},
-             Row{"SubMnuAddCust", "OptName; txtCustName=Zoe", "Customer",
-                 "select count(*) from Customer where CustName = 'Zoe'"},
-             Row{"SubMnuAddCat", "txtCatName=Tiles", "Category",
-                 "select count(*) from Category where CatName = 'Tiles'"},
-         }) {
-        SCOPED_TRACE(row.offer);
+    for (const Row& row : {Row{"SubMnuAddItem", "OptName; txtName=Beam", "Item", "TxtName"},
+                           Row{"SubMnuAddCust", "OptName; txtCustName=Beam", "Customer", "TxtCname"}}) {
         QWidget& window = opened(row.entry);
-        const bool withForm = row.offer != "Category";
         const std::string offer = row.offer + " Not Found : Would You Like To Add ? ";
         go(window, std::string(row.steps) + "; cmdSearch", {no(offer, "Inventory")});
-        EXPECT_EQ(data.cell(row.select), "0");
-        if (withForm)
-            whenModal([&](QWidget& form) {
-                for (const char* box : {"TxtMaterial", "TxtQty"})
-                    if (form.findChild<QWidget*>(box)) enter(form, box, "1");
-                click(form, "cmdOk");
-            });
-        go(window, "cmdSearch",
-           {yes(offer, "Inventory"),
-            ok(withForm ? (row.offer == "Item" ? " " : "") + row.offer + " Saved" : "Category Added ")});
-        EXPECT_EQ(data.cell(row.select), "1");
+        whenModal([&](QWidget& form) {
+            EXPECT_EQ(text(form, row.box), "Beam");
+            click(form, "CmdCancel");
+        });
+        go(window, "cmdSearch", {yes(offer, "Inventory")});
     }
-    EXPECT_EQ(rows(opened("SubMnuAddCat")), Texts{"2|Tiles|0|"}) << "what was added is what is searched for";
+    QWidget& categories = opened("SubMnuAddCat");
+    const TestHost::Box offer = yes("Category Not Found : Would You Like To Add ? ", "Inventory");
+    go(categories, "txtCatName=Tiles; cmdSearch", {offer, ok("Category Added ")});
+    EXPECT_EQ(rows(categories), Texts{"2|Tiles|0|"}) << "what was added is what is searched for";
 }
 
 TEST_F(FindingTest, PagesOfFifteen) {
@@ -236,18 +222,6 @@ TEST_F(FindingTest, PagesOfFifteen) {
     }
     clickHeader(list(window), 1);
     EXPECT_EQ(keys(window), Texts{"101"}) << "what was found is sorted, and the page stays";
-}
-
-// Filling the list of categories overwrites what was searched for by the name of the last row's parent.
-TEST_F(FindingTest, FillingTheCategoryListForgetsWhatWasSearched) {
-    data.execute(
-        "with recursive n(i) as (select 11 union all select i + 1 from n where i < 26)"
-        "insert into Category select i, 'Deck ' || i, iif(i = 25, 1, 0) from n");
-    QWidget& window = opened("SubMnuEditCat");
-    go(window, "txtCatName=Deck; cmdSearch");
-    EXPECT_EQ(text(window, "LblRecords") + rows(window).back(), "Record 1 - 15 of 1625|Deck 25|0|Framing");
-    go(window, "CmdNext");
-    EXPECT_EQ(text(window, "LblRecords"), "Record 16 - 15 of 1");
 }
 
 // --- Estimates -------------------------------------------------------------------------------------------------------

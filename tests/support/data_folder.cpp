@@ -64,8 +64,8 @@ void DataFolder::execute(std::string_view statements) const {
     sqlite3_free(message);
 }
 
-std::vector<std::string> DataFolder::rows(std::string_view select) const {
-    const Handle handle(database());
+std::vector<std::string> DataFolder::rows(std::string_view select, const std::string& file) const {
+    const Handle handle(file);
     sqlite3_stmt* statement = nullptr;
     EXPECT_EQ(SQLITE_OK,
               sqlite3_prepare_v2(handle, select.data(), static_cast<int>(select.size()), &statement, nullptr))

@@ -27,8 +27,9 @@ public:
 
     // Carries out statements; a failure fails the test.
     void execute(std::string_view statements) const;
-    // The rows of a select, cells joined by '|', Null as "null".
-    std::vector<std::string> rows(std::string_view select) const;
+    // The rows of a select on the database, or on another file: cells joined by '|', Null as "null".
+    std::vector<std::string> rows(std::string_view select) const { return rows(select, database()); }
+    std::vector<std::string> rows(std::string_view select, const std::string& file) const;
     // The one cell of a select.
     std::string cell(std::string_view select) const;
 

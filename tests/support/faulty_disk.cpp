@@ -3,19 +3,18 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <map>
 
 namespace torvane {
 
-// SQLite's file; the real one stands behind it in the same memory.
-struct FaultyDisk::File : sqlite3_file {
-    FaultyDisk* disk;
+namespace {
 
-    sqlite3_file* real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
-    const sqlite3_io_methods* calls() { return real()->pMethods; }
-    static File& of(sqlite3_file* file) { return *static_cast<File*>(file); }
+FaultyDisk* disk = nullptr;  // the one that stands
+sqlite3_io_methods real;     // SQLite's own calls on an open file
+// Each kind of files, which lock in different ways, with ours in their place.
+std::map<const sqlite3_io_methods*, sqlite3_io_methods> faultyOf;
 
-    static const sqlite3_io_methods methods;
-};
+}  // namespace
 
 template <class Half>
 bool FaultyDisk::fails(Half half, bool writes) {
@@ -31,44 +30,9 @@ bool FaultyDisk::fails() {
     return fails([] {});
 }
 
-const sqlite3_io_methods FaultyDisk::File::methods = {
-    1,
-    [](sqlite3_file* file) { return of(file).calls()->xClose(of(file).real()); },
-    [](sqlite3_file* file, void* into, int count, sqlite3_int64 from) {
-        if (of(file).disk->fails()) return SQLITE_IOERR_READ;
-        return of(file).calls()->xRead(of(file).real(), into, count, from);
-    },
-    [](sqlite3_file* file, const void* bytes, int count, sqlite3_int64 to) {
-        const auto write = [&](int part) { return of(file).calls()->xWrite(of(file).real(), bytes, part, to); };
-        if (of(file).disk->fails([&] { write(count / 2); }, true)) return of(file).disk->failure(SQLITE_IOERR_WRITE);
-        return write(count);
-    },
-    [](sqlite3_file* file, sqlite3_int64 size) {
-        if (of(file).disk->fails()) return SQLITE_IOERR_TRUNCATE;
-        return of(file).calls()->xTruncate(of(file).real(), size);
-    },
-    [](sqlite3_file* file, int) { return of(file).disk->fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; },
-    [](sqlite3_file* file, sqlite3_int64* size) { return of(file).calls()->xFileSize(of(file).real(), size); },
-    [](sqlite3_file* file, int lock) { return of(file).calls()->xLock(of(file).real(), lock); },
-    [](sqlite3_file* file, int lock) { return of(file).calls()->xUnlock(of(file).real(), lock); },
-    [](sqlite3_file* file, int* held) { return of(file).calls()->xCheckReservedLock(of(file).real(), held); },
-    [](sqlite3_file* file, int what, void* about) {
-        return of(file).calls()->xFileControl(of(file).real(), what, about);
-    },
-    [](sqlite3_file* file) { return of(file).calls()->xSectorSize(of(file).real()); },
-    [](sqlite3_file* file) { return of(file).calls()->xDeviceCharacteristics(of(file).real()); },
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-    nullptr,
-};
-
 FaultyDisk::FaultyDisk() : real_(sqlite3_vfs_find(nullptr)), vfs_(*real_) {
+    disk = this;
     vfs_.zName = "faulty";
-    vfs_.szOsFile += static_cast<int>(sizeof(File));
-    vfs_.pAppData = this;
     vfs_.xOpen = openFile;
     vfs_.xDelete = deleteFile;
     sqlite3_vfs_register(&vfs_, 1);
@@ -85,19 +49,30 @@ void FaultyDisk::arm(Fault fault, int call) {
     armed_ = true;
 }
 
-int FaultyDisk::openFile(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int* outFlags) {
-    auto* disk = static_cast<FaultyDisk*>(vfs->pAppData);
-    File& made = File::of(file);
-    made.pMethods = nullptr;
-    made.disk = disk;
+int FaultyDisk::openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
+    file->pMethods = nullptr;
     if (disk->fails()) return SQLITE_CANTOPEN;
-    const int result = disk->real_->xOpen(disk->real_, name, made.real(), flags, outFlags);
-    if (result == SQLITE_OK) made.pMethods = &File::methods;
+    const int result = disk->real_->xOpen(disk->real_, name, file, flags, outFlags);
+    if (result != SQLITE_OK) return result;
+    sqlite3_io_methods& faulty = faultyOf[file->pMethods];
+    real = faulty = *file->pMethods;
+    faulty.iVersion = 1;
+    faulty.xRead = [](sqlite3_file* from, void* into, int count, sqlite3_int64 at) {
+        return disk->fails() ? SQLITE_IOERR_READ : real.xRead(from, into, count, at);
+    };
+    faulty.xWrite = [](sqlite3_file* to, const void* bytes, int count, sqlite3_int64 at) {
+        const auto half = [&] { real.xWrite(to, bytes, count / 2, at); };
+        return disk->fails(half, true) ? disk->failure(SQLITE_IOERR_WRITE) : real.xWrite(to, bytes, count, at);
+    };
+    faulty.xTruncate = [](sqlite3_file* of, sqlite3_int64 size) {
+        return disk->fails() ? SQLITE_IOERR_TRUNCATE : real.xTruncate(of, size);
+    };
+    faulty.xSync = [](sqlite3_file*, int) { return disk->fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; };
+    file->pMethods = &faulty;
     return result;
 }
 
-int FaultyDisk::deleteFile(sqlite3_vfs* vfs, const char* name, int) {
-    auto* disk = static_cast<FaultyDisk*>(vfs->pAppData);
+int FaultyDisk::deleteFile(sqlite3_vfs*, const char* name, int) {
     return disk->fails() ? SQLITE_IOERR_DELETE : disk->real_->xDelete(disk->real_, name, 0);
 }
 

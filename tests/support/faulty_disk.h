@@ -11,7 +11,7 @@ namespace torvane {
 enum class Fault { Once, Gone, Full, Killed };
 
 // A disk that fails at its n-th call, be it SQLite's or one of the program's own copies. SQLite opens its files here as
-// long as the object lives; the engine's other disks are reached by their names. Nothing is flushed: no power fails.
+// long as the object lives, one at a time; the engine's other disks are reached by their names. Nothing is flushed: no power fails.
 class FaultyDisk : public FileSystem {
 public:
     FaultyDisk();
@@ -36,7 +36,6 @@ public:
     bool remove(const std::string& name) override;
 
 private:
-    struct File;
     // Whether this call fails; `half` is what a failing call does all the same.
     template <class Half>
     bool fails(Half half, bool writes = false);
