@@ -12,7 +12,6 @@ namespace torvane {
 namespace {
 
 const std::string nines(400, '9');
-const std::string million(1'000'000, '9');
 constexpr double infinite = std::numeric_limits<double>::infinity();
 constexpr double undefined = std::numeric_limits<double>::quiet_NaN();
 
@@ -27,47 +26,41 @@ std::string outcome(Work work) {
 }
 
 TEST(Numbers, LenientReading) {
+    const std::string most(308, '9');
     const struct {
         std::string text;
         double value;
     } rows[] = {
-        {"", 0},
         {"12abc", 12},
-        {"1 2", 12},
-        {" \t\r\n 7", 7},
+        {" \t\r\n1 2", 12},
         {"- 5", -5},
-        {"+5", 5},
-        {"--5", 0},
-        {"+-5", 0},
+        {"+5.", 5},
         {"7,5", 7},
         {"1.2.3", 1.2},
         {"-.5", -0.5},
-        {"5.", 5},
-        {"-.", 0},
-        {"inf", 0},
         {"1 E + 3", 1000},
         {"2.5e-3x", 0.0025},
         {"1e+", 1},
-        {"0x10", 0},
         {"-1e400", -1e40},
         {"1e+99999999999999999999", 1e99},
         {"1e-99999999999999999999", 0},
-        {nines + "e5", std::stod(std::string(308, '9'))},
+        {nines + "e5", std::stod(most)},
         {nines + "e-300", std::stod(nines + "e-300")},
         {"0." + std::string(400, '0') + "1e402", 10},
-        {million, std::stod(std::string(308, '9'))},
-        {"1e" + million, 1e99},
+        {std::string(1'000'000, '9'), std::stod(most)},
         {"9007199254740993.00001", 9007199254740994.0},
         {std::string("1\0002", 3), 1},
     };
     for (const auto& row : rows) EXPECT_EQ(lenientNumber(row.text), row.value) << row.text.substr(0, 40);
-    EXPECT_FALSE(std::signbit(lenientNumber("-0")));
-    EXPECT_FALSE(std::signbit(lenientNumber("-1e-400")));
+    for (const char* zero : {"", "--5", "+-5", "-.", "e5", "inf", "x1", "0x10", "-0", "-1e-400"}) {
+        EXPECT_EQ(lenientNumber(zero), 0) << zero;
+        EXPECT_FALSE(std::signbit(lenientNumber(zero))) << zero;
+    }
 }
 
 TEST(Numbers, StrictReading) {
     const struct {
-        std::string text;
+        const char* text;
         const char* asDouble;
         const char* asInt16;
         const char* asInt32;
@@ -82,36 +75,32 @@ TEST(Numbers, StrictReading) {
         {"-32769", "-32769", "fails 6", "-32769"},
         {"2147483647.5", "2147483647.5", "fails 6", "fails 6"},
         {"-2147483648", "-2147483648", "fails 6", "-2147483648"},
-        {"1e-400", "0", "0", "0"},
         {"-1e999", "fails 6", "fails 6", "fails 6"},
-        {"  ", "fails 13", "fails 13", "fails 13"},
-        {"12abc", "fails 13", "fails 13", "fails 13"},
-        {"1 2", "fails 13", "fails 13", "fails 13"},
-        {"7,5", "fails 13", "fails 13", "fails 13"},
-        {"1e", "fails 13", "fails 13", "fails 13"},
-        {"nan", "fails 13", "fails 13", "fails 13"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(outcome([&] { return strictDouble(row.text); }), row.asDouble);
         EXPECT_EQ(outcome([&] { return strictInt16(row.text); }), row.asInt16);
         EXPECT_EQ(outcome([&] { return strictInt32(row.text); }), row.asInt32);
-        EXPECT_EQ(isNumeric(row.text), !std::string(row.asDouble).starts_with("fails"));
+        EXPECT_EQ(isNumeric(row.text), *row.asDouble != 'f');
+    }
+    for (const char* text : {"", "  ", "12abc", "1 2", "- 5", "7,5", "1e", ".", "nan", "0x10", "1e3 x"}) {
+        EXPECT_EQ(outcome([&] { return strictDouble(text); }), "fails 13") << text;
+        EXPECT_FALSE(isNumeric(text)) << text;
     }
 }
 
 TEST(Numbers, NarrowingRefusesWhatDoesNotFit) {
-    for (const double value : {infinite, -infinite, undefined, 1e39}) {
+    for (const double value : {infinite, -infinite, undefined}) {
         EXPECT_EQ(outcome([&] { return narrowToInt16(value); }), "fails 6");
-        EXPECT_EQ(outcome([&] { return narrowToInt32(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToSingle(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToCurrency(value); }), "fails 6");
-        EXPECT_EQ(outcome([&] { return generalText(finite(value)).size(); }), value == 1e39 ? "5" : "fails 6");
+        EXPECT_EQ(outcome([&] { return std::int64_t(fixedText(value, 2).size()); }), "fails 6");
     }
+    EXPECT_EQ(outcome([] { return narrowToSingle(3.4028236e38); }), "fails 6");
     EXPECT_EQ(narrowToSingle(3.4028235e38), std::numeric_limits<float>::max());
     EXPECT_FALSE(std::signbit(narrowToSingle(-1e-60)));
     EXPECT_EQ(narrowToCurrency(1.00005), 1.0001);  // above the half in binary
-    EXPECT_EQ(narrowToCurrency(0.03125), 0.0312);
     EXPECT_EQ(narrowToCurrency(-922337203685477.5), -922337203685477.5);
     EXPECT_EQ(outcome([] { return narrowToCurrency(922337203685478.0); }), "fails 6");
     EXPECT_EQ(decimalOf(250000.1F), 250000.1);
@@ -124,26 +113,20 @@ TEST(Numbers, GeneralText) {
         const char* ofFloat;
     } rows[] = {
         {-0.0, "0", "0"},
-        {-0.25, "-0.25", "-0.25"},
         {0.1 + 0.2, "0.3", "0.3"},
-        {2.0 / 3 * 100, "66.6666666666667", "66.66666"},
-        {123456.78, "123456.78", "123456.8"},
+        {-200.0 / 3, "-66.6666666666667", "-66.66666"},
         {9999999, "9999999", "9999999"},
         {1e7, "10000000", "1E+07"},
         {999999999999999, "999999999999999", "1E+15"},
         {999999999999999.9, "1E+15", "1E+15"},
         {-1.5e15, "-1.5E+15", "-1.5E+15"},
-        {0.0001, "0.0001", "0.0001"},
         {0.00009999999999999999, "0.0001", "0.0001"},
         {0.000025, "2.5E-05", "2.5E-05"},
-        {1.7976931348623157e308, "1.79769313486232E+308", nullptr},
-        {5e-324, "4.94065645841247E-324", nullptr},
+        {1.7976931348623157e38, "1.79769313486232E+38", "1.797693E+38"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(generalText(row.value), row.text);
-        if (row.ofFloat) {
-            EXPECT_EQ(generalText(static_cast<float>(row.value)), row.ofFloat);
-        }
+        EXPECT_EQ(generalText(static_cast<float>(row.value)), row.ofFloat);
     }
 }
 
@@ -155,11 +138,9 @@ TEST(Numbers, RoundingAndFixedText) {
         const char* text;
     } rows[] = {
         {2.675, 2, 2.67, "2.68"},
-        {0.015, 2, 0.01, "0.02"},
         {0.996, 2, 1, "1.00"},
         {0.0049, 2, 0, "0.00"},
         {0.125, 2, 0.12, "0.12"},
-        {0.375, 2, 0.38, "0.38"},
         {-2.5, 0, -2, "-2"},
         {3.5, 0, 4, "4"},
         {-0.001, 2, 0, "0.00"},
@@ -175,7 +156,6 @@ TEST(Numbers, RoundingAndFixedText) {
     }
     EXPECT_FALSE(std::signbit(roundHalfEven(-0.001, 2)));
     EXPECT_EQ(fixedText(1.7976931348623157e308, 2).size(), 312U);
-    EXPECT_THROW(fixedText(undefined, 2), RuntimeFailure);
 }
 
 }  // namespace
