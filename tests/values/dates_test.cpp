@@ -80,36 +80,31 @@ TEST(Values, Conversions) {
         Value value;
         const char* text;
         const char* number;
-        const char* single;
         const char* int16;
-        const char* int32;
     } rows[] = {
-        {Null{}, "", "fails 94", "fails 94", "fails 94", "fails 94"},
-        {std::string(" 2.5 "), " 2.5 ", "2.5", "2.5", "2", "2"},
-        {std::string(), "", "fails 13", "fails 13", "fails 13", "fails 13"},
-        {0.1 + 0.2, "0.3", "0.3", "0.300000011920929", "0", "0"},
-        {1e39, "1E+39", "1E+39", "fails 6", "fails 6", "fails 6"},
-        {12.5F, "12.5", "12.5", "12.5", "12", "12"},
-        {std::int64_t{-32769}, "-32769", "-32769", "-32769", "fails 6", "-32769"},
-        {std::int64_t{1} << 40, "1099511627776", "1099511627776", "1099511627776", "fails 6", "fails 6"},
-        {Date{2003, 7, 4}, "7/4/2003", "fails 13", "fails 13", "fails 13", "fails 13"},
+        {Null{}, "", "fails 94", "fails 94"},
+        {std::string(" 2.5 "), " 2.5 ", "2.5", "2"},
+        {std::string(), "", "fails 13", "fails 13"},
+        {0.1 + 0.2, "0.3", "0.3", "0"},
+        {12.5F, "12.5", "12.5", "12"},
+        {std::int64_t{-32769}, "-32769", "-32769", "fails 6"},
+        {Date{2003, 7, 4}, "7/4/2003", "fails 13", "fails 13"},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
         EXPECT_EQ(textOrEmpty(row.value), row.text);
-        EXPECT_EQ(outcome(toDouble, row.value), row.number);
-        EXPECT_EQ(outcome(toSingle, row.value), row.single);
-        EXPECT_EQ(outcome(toInt16, row.value), row.int16);
-        EXPECT_EQ(outcome(toInt32, row.value), row.int32);
+        EXPECT_EQ(outcome(toDouble, row.value), row.number) << row.text;
+        EXPECT_EQ(outcome(toInt16, row.value), row.int16) << row.text;
         const bool null = isNull(row.value);
-        EXPECT_EQ(outcome(singleOrZero, row.value), null ? "0" : row.single);
-        EXPECT_EQ(outcome(int16OrZero, row.value), null ? "0" : row.int16);
-        EXPECT_EQ(outcome(int32OrZero, row.value), null ? "0" : row.int32);
+        EXPECT_EQ(outcome(singleOrZero, row.value), null ? "0" : outcome(toSingle, row.value)) << row.text;
+        EXPECT_EQ(outcome(int16OrZero, row.value), null ? "0" : row.int16) << row.text;
+        EXPECT_EQ(outcome(int32OrZero, row.value), null ? "0" : outcome(toInt32, row.value)) << row.text;
     }
-    EXPECT_EQ(toDate(std::string("2003-07-04")), (Date{2003, 7, 4}));
-    EXPECT_EQ(toDate(Date{2003, 7, 4}), (Date{2003, 7, 4}));
-    for (const Value& value : {Value(Null{}), Value(37806.0), Value(std::string())})
-        EXPECT_THROW(toDate(value), RuntimeFailure);
+    EXPECT_EQ(outcome(toSingle, 0.1), "0.100000001490116");
+    EXPECT_EQ(outcome(toInt32, std::int64_t{1} << 31), "fails 6");
+    for (const Value& date : {Value(std::string("2003-07-04")), Value(Date{2003, 7, 4})})
+        EXPECT_EQ(toDate(date), (Date{2003, 7, 4}));
+    for (const Value& none : {Value(Null{}), Value(37806.0), Value(std::string())})
+        EXPECT_THROW(toDate(none), RuntimeFailure);
 }
 
 }  // namespace
