@@ -20,7 +20,6 @@ using Texts = std::vector<std::string>;
 struct Calculator {
     explicit Calculator(Store& store) : program(DataAccess{host, store}, [](int) {}) {
         program.setErrorBox([this](const RuntimeFailure& failure) { failed = failure.number(); });
-        program.setHelp([this](int context) { helpPage = context; });
         form.setBeep([this] { ++beeps; });
         program.guarded([this] { form.Load(); });
         window = form.standingWindow();
@@ -46,7 +45,6 @@ struct Calculator {
     }
     TestHost host;
     int failed = 0;
-    int helpPage = 0;
     int beeps = 0;
     Program program;
     scientific form{program};
@@ -235,8 +233,6 @@ TEST_F(ScientificTest, EditEntriesAnswerTheirShortcutsInTheDisplay) {
     EXPECT_EQ(calculator.beeps, 0);
     calculator.press("'9,push,AC");
     EXPECT_EQ(clipboard(), "");
-    key(text1, Qt::Key_F1);
-    EXPECT_EQ(calculator.helpPage, 30);
     trigger(find<QAction>(*calculator.window, "tscientific"));
     EXPECT_EQ(calculator.failed, 91);
 }

@@ -4,9 +4,6 @@
 
 #include <string>
 
-#include "values/failure.h"
-#include "values/value.h"
-
 namespace torvane {
 namespace {
 
@@ -64,47 +61,6 @@ TEST(Dates, ShortText) {
         style.pattern = pattern;
         EXPECT_EQ(shortDateText({2003, 7, 4}, style), text);
     }
-}
-
-template <typename Result>
-std::string outcome(Result (*convert)(const Value&), const Value& value) {
-    try {
-        return textOf(Value(static_cast<double>(convert(value))));
-    } catch (const RuntimeFailure& failure) {
-        return "fails " + std::to_string(failure.number());
-    }
-}
-
-TEST(Values, Conversions) {
-    const struct {
-        Value value;
-        const char* text;
-        const char* number;
-        const char* int16;
-    } rows[] = {
-        {Null{}, "", "fails 94", "fails 94"},
-        {std::string(" 2.5 "), " 2.5 ", "2.5", "2"},
-        {std::string(), "", "fails 13", "fails 13"},
-        {0.1 + 0.2, "0.3", "0.3", "0"},
-        {12.5F, "12.5", "12.5", "12"},
-        {std::int64_t{-32769}, "-32769", "-32769", "fails 6"},
-        {Date{2003, 7, 4}, "7/4/2003", "fails 13", "fails 13"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(textOrEmpty(row.value), row.text);
-        EXPECT_EQ(outcome(toDouble, row.value), row.number) << row.text;
-        EXPECT_EQ(outcome(toInt16, row.value), row.int16) << row.text;
-        const bool null = isNull(row.value);
-        EXPECT_EQ(outcome(singleOrZero, row.value), null ? "0" : outcome(toSingle, row.value)) << row.text;
-        EXPECT_EQ(outcome(int16OrZero, row.value), null ? "0" : row.int16) << row.text;
-        EXPECT_EQ(outcome(int32OrZero, row.value), null ? "0" : outcome(toInt32, row.value)) << row.text;
-    }
-    EXPECT_EQ(outcome(toSingle, 0.1), "0.100000001490116");
-    EXPECT_EQ(outcome(toInt32, std::int64_t{1} << 31), "fails 6");
-    for (const Value& date : {Value(std::string("2003-07-04")), Value(Date{2003, 7, 4})})
-        EXPECT_EQ(toDate(date), (Date{2003, 7, 4}));
-    for (const Value& none : {Value(Null{}), Value(37806.0), Value(std::string())})
-        EXPECT_THROW(toDate(none), RuntimeFailure);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "values/failure.h"
+#include "values/value.h"
 
 namespace torvane {
 namespace {
@@ -139,6 +140,42 @@ TEST(Numbers, RoundingAndFixedText) {
     }
     EXPECT_FALSE(std::signbit(roundHalfEven(-0.001, 2)));
     EXPECT_EQ(fixedText(1.7976931348623157e308, 2).size(), 312U);
+}
+
+TEST(Values, Conversions) {
+    const struct {
+        Value value;
+        const char* text;
+        const char* number;
+        const char* int16;
+    } rows[] = {
+        {Null{}, "", "fails 94", "fails 94"},
+        {std::string(" 2.5 "), " 2.5 ", "2.5", "2"},
+        {std::string(), "", "fails 13", "fails 13"},
+        {0.1 + 0.2, "0.3", "0.3", "0"},
+        {12.5F, "12.5", "12.5", "12"},
+        {std::int64_t{-32769}, "-32769", "-32769", "fails 6"},
+        {Date{2003, 7, 4}, "7/4/2003", "fails 13", "fails 13"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(textOrEmpty(row.value), row.text);
+        EXPECT_EQ(outcome([&] { return toDouble(row.value); }), row.number) << row.text;
+        EXPECT_EQ(outcome([&] { return toInt16(row.value); }), row.int16) << row.text;
+        const bool null = isNull(row.value);
+        EXPECT_EQ(outcome([&] { return singleOrZero(row.value); }),
+                  null ? "0" : outcome([&] { return toSingle(row.value); }))
+            << row.text;
+        EXPECT_EQ(outcome([&] { return int16OrZero(row.value); }), null ? "0" : row.int16) << row.text;
+        EXPECT_EQ(outcome([&] { return int32OrZero(row.value); }),
+                  null ? "0" : outcome([&] { return toInt32(row.value); }))
+            << row.text;
+    }
+    EXPECT_EQ(outcome([] { return double(toSingle(0.1)); }), "0.100000001490116");
+    EXPECT_EQ(outcome([] { return toInt32(std::int64_t{1} << 31); }), "fails 6");
+    for (const Value& date : {Value(std::string("2003-07-04")), Value(Date{2003, 7, 4})})
+        EXPECT_EQ(toDate(date), (Date{2003, 7, 4}));
+    for (const Value& none : {Value(Null{}), Value(37806.0), Value(std::string())})
+        EXPECT_THROW(toDate(none), RuntimeFailure);
 }
 
 }  // namespace
