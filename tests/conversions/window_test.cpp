@@ -13,82 +13,77 @@
 namespace torvane {
 namespace {
 
-struct Conversions : testing::Test {
-    Conversions() {
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    // Replaces the text of a box by typing.
-    void type(QLineEdit& box, const char* text) {
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, text);
-    }
-    void pick(QListWidget& units, const char* name) {
-        const auto found = units.findItems(name, Qt::MatchExactly);
-        ASSERT_EQ(found.size(), 1) << name;
-        QTest::mouseClick(units.viewport(), Qt::LeftButton, {}, units.visualItemRect(found.first()).center());
-    }
+// What a user does in the window, one step after the other, and what then stands in the two boxes.
+TEST(Conversions, TheOtherSideFollows) {
     ConversionWindow window;
-    QLineEdit& left = find<QLineEdit>(window, "txtLeft");
-    QLineEdit& right = find<QLineEdit>(window, "txtRight");
-    QListWidget& leftUnits = find<QListWidget>(window, "lstLeft");
-    QListWidget& rightUnits = find<QListWidget>(window, "lstRight");
-};
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& left = find<QLineEdit>(window, "txtLeft");
+    auto& right = find<QLineEdit>(window, "txtRight");
+    const struct {
+        const char* control;
+        const char* text;  // typed, or the entry that is picked
+        const char* left;
+        const char* right;
+    } steps[] = {
+        {"txtLeft", "10'", "10'", "3.048"},
+        {"lstRight", "Yards", "10'", "3.33333333333333"},
+        {"lstLeft", "Feet", "10'", ""},
+        {"txtRight", "4", "12", "4"},
+        {"lstLeft", "Inches", "144", "4"},
+        {"lstLeft", "Feet and inches", "12' 0\"", "4"},
+        {"lstRight", "Meters", "13' 1 1/2\"", "4"},
+        {"cmbFractions", "1/64 inch", "13' 1 31/64\"", "4"},
+        {"txtRight", "four", "", "four"},
+        {"cmbCategory", "Board feet", "2 x 6 x 14", "14"},
+        {"txtRight", "x", "", "x"},
+        {"txtRight", "20", "2 x 6 x 20", "20"},
+        {"cmbCategory", "Length", "12' 6 1/2\"", "3.8227"},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.text);
+        auto& control = find<QWidget>(window, step.control);
+        if (auto* box = qobject_cast<QLineEdit*>(&control)) {
+            box->setFocus();
+            box->selectAll();
+            QTest::keyClicks(box, step.text);
+        } else if (auto* units = qobject_cast<QListWidget*>(&control)) {
+            const QRect entry = units->visualItemRect(units->findItems(step.text, Qt::MatchExactly).constFirst());
+            QTest::mouseClick(units->viewport(), Qt::LeftButton, {}, entry.center());
+        } else {
+            static_cast<QComboBox&>(control).setCurrentText(step.text);
+        }
+        EXPECT_EQ(utf8(left.text()), step.left);
+        EXPECT_EQ(utf8(right.text()), step.right);
+    }
+}
 
-TEST_F(Conversions, EveryControlThatTakesTheFocusHasANameAndItsTurn) {
-    const FocusControls controls = focusControls(window);
-    EXPECT_EQ(controls.nameless, std::set<std::string>{});
-    EXPECT_GT(controls.named, 4);
+TEST(Conversions, KeysCopyAndClose) {
+    ConversionWindow window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_EQ(focusControls(window).nameless, std::set<std::string>{});
     QString order;
     for (int step = 0; step < 8; ++step) {
         order += window.focusWidget()->objectName() + ' ';
         QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(order, "txtLeft lstLeft txtRight lstRight cmdCopy cmdClose cmbCategory cmbFractions ");
-}
 
-TEST_F(Conversions, OtherSideFollows) {
-    EXPECT_TRUE(left.hasFocus());
-    EXPECT_EQ(right.text(), "3.8227");
-    type(left, "10'");
-    EXPECT_EQ(right.text(), "3.048");
-    pick(rightUnits, "Yards");
-    EXPECT_EQ(right.text(), "3.33333333333333");
-    pick(leftUnits, "Feet");
-    type(left, "9");
-    EXPECT_EQ(right.text(), "3");
-    type(right, "4");
-    EXPECT_EQ(left.text(), "12");
-    pick(leftUnits, "Inches");
-    EXPECT_EQ(left.text(), "144");
-    EXPECT_EQ(right.text(), "4");
-    type(right, "four");
-    EXPECT_EQ(left.text(), "");
-}
-
-TEST_F(Conversions, FractionsCategoriesAndTheSizeOfLumber) {
-    type(right, "2");
-    EXPECT_EQ(left.text(), "6' 6 3/4\"");
-    find<QComboBox>(window, "cmbFractions").setCurrentText("1/64 inch");
-    EXPECT_EQ(left.text(), "6' 6 47/64\"");
-    find<QComboBox>(window, "cmbCategory").setCurrentText("Board feet");
-    EXPECT_EQ(right.text(), "14");
-    type(right, "x");
-    type(right, "20");
-    EXPECT_EQ(left.text(), "2 x 6 x 20");
-}
-
-TEST_F(Conversions, CopyTakesTheSelectionOrElseTheResult) {
-    type(left, "20'");
-    QTest::keySequence(&left, QKeySequence::Copy);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "6.096");
+    auto& left = find<QLineEdit>(window, "txtLeft");
+    const auto copied = [](QWidget& from) {
+        QTest::keySequence(&from, QKeySequence::Copy);
+        return utf8(QGuiApplication::clipboard()->text());
+    };
+    left.deselect();
+    EXPECT_EQ(copied(left), "3.8227");
     left.selectAll();
-    QTest::keySequence(&left, QKeySequence::Copy);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "20'");
-    QTest::keySequence(&leftUnits, QKeySequence::Copy);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), "6.096");
+    EXPECT_EQ(copied(left), "12' 6 1/2\"");
+    EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
+    QTest::keyClicks(&left, "x");
+    EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
     QTest::keyClick(&left, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
 }
