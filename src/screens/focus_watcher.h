@@ -55,8 +55,8 @@ private:
     QHash<const QWidget*, QPointer<QWidget>> lastIn_;  // by window: the control that had the focus last
     QPointer<QWidget> active_;                         // the window that has the keys, or had them last
     std::vector<Left> left_;                           // what waits, in order
-    QTimer timer_;                                     // runs until what waits is looked at
-    QTimer settling_;                                  // runs while a desktop may still give the keys to and fro
+    QTimer timer_{this};                               // runs until what waits is looked at
+    QTimer settling_{this};                            // runs while a desktop may still give the keys to and fro
     int runningAt_ = -1;                               // the depth of event loops in which a handler of ours runs
 };
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "screens/form.h"
+#include "support/screen_test.h"
 #include "widgets/date_box.h"
 #include "widgets/drop_list.h"
 #include "widgets/report_list.h"
@@ -20,59 +21,44 @@ class Probe : public Form {
 public:
     using Form::Form;
 
-    std::function<void()> whenLoaded;
-    std::function<void()> whenUnloaded;
+    std::function<void()> whenLoaded = [] {};
     int loads = 0;
-    int unloads = 0;
 
-    // Null while the screen is not loaded.
-    TextBox* first = nullptr;
-    TextBox* second = nullptr;
-    DropList* choice = nullptr;
-    DateBox* date = nullptr;
-    ReportList* list = nullptr;
-    QPushButton* button = nullptr;
-    QMenuBar* menu = nullptr;
+    TextBox* first;
+    TextBox* second;
+    DropList* choice;
+    DateBox* date;
+    ReportList* list;
+    QPushButton* button;
 
 protected:
     void build(QWidget& window) override {
         auto* rows = new QVBoxLayout(&window);
-        menu = add(new QMenuBar(&window), "menu");
+        auto* menu = new QMenuBar(&window);
         menu->addMenu("&File")->addAction("Close");
         rows->setMenuBar(menu);
-        rows->addWidget(first = add(new TextBox(&window), "first"));
-        rows->addWidget(second = add(new TextBox(&window), "second"));
-        rows->addWidget(choice = add(new DropList(&window), "choice"));
-        rows->addWidget(date = add(new DateBox(&window), "date"));
-        rows->addWidget(list = add(new ReportList(&window), "list"));
-        rows->addWidget(button = add(new QPushButton("Go", &window), "button"));
+        rows->addWidget(first = new TextBox(&window));
+        rows->addWidget(second = new TextBox(&window));
+        rows->addWidget(choice = new DropList(&window));
+        rows->addWidget(date = new DateBox(&window));
+        rows->addWidget(list = new ReportList(&window));
+        rows->addWidget(button = new QPushButton("Go", &window));
         choice->fill({{"one", 1}, {"two", 2}, {"three", 3}});
         list->setColumns({{"ID", 0}, {"Name", 1800}, {"Price", 1200, true}});
         list->AddRows({{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}});
     }
-    void dropControls() override {
-        first = second = nullptr;
-        choice = nullptr;
-        date = nullptr;
-        list = nullptr;
-        button = nullptr;
-        menu = nullptr;
-    }
+    void dropControls() override {}
     void Form_Load() override {
         ++loads;
-        if (whenLoaded) whenLoaded();
+        whenLoaded();
     }
-    void Form_Unload() override {
-        ++unloads;
-        if (whenUnloaded) whenUnloaded();
-    }
+};
 
-private:
-    template <class Control>
-    Control* add(Control* control, const char* name) {
-        control->setObjectName(name);
-        return control;
-    }
+// What happened, in order.
+class ProbeTest : public ScreenTest {
+protected:
+    void note(const std::string& what) { log += (log.empty() ? "" : ", ") + what; }
+    std::string log;
 };
 
 }  // namespace torvane
