@@ -76,7 +76,7 @@ TEST_F(CalculatorsTest, EachEntryOpensItsPanelUncutAndMovesNoMark) {
                     std::set<std::string>{"cmbTab32", "cmbTab37", "cmbTab38_1", "cmbTab38_2"}.contains(control->name);
                 EXPECT_EQ(list.ListIndex(), opensOnFirst ? 0 : -1) << control->name;
                 pickInList(list, 1);
-                choose(entry.entry);
+                choose(entry.name);
                 EXPECT_EQ(list.ListIndex(), opensOnFirst ? 0 : 1) << control->name;
             }
         }
