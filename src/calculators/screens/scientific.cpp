@@ -8,13 +8,11 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionButton>
-#include <QTimer>
 #include <algorithm>
 
 #include "calculators/screens/key_preview.h"
+#include "calculators/screens/scientific_key.h"
 #include "host/host.h"
 #include "values/failure.h"
 #include "widgets/text_box.h"
@@ -30,47 +28,6 @@ constexpr double widthInTwips = 6540;
 constexpr double heightInTwips = 4735;
 
 // --- Keys ------------------------------------------------------------------------------------------------------------
-
-// One of the calculator's keys. All are as large as the widest caption asks, and each press shows for a moment, also
-// one that comes from the keyboard.
-class Key : public QPushButton {
-public:
-    Key(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
-        setAutoDefault(true);  // Enter presses it
-        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        connect(this, &QAbstractButton::clicked, this, &Key::light);
-    }
-    void light() {
-        constexpr int shownForMs = 120;
-        lit_ = true;
-        update();
-        QTimer::singleShot(shownForMs, this, [this] {
-            lit_ = false;
-            update();
-        });
-    }
-    QSize sizeHint() const override {
-        constexpr int sides = 6;
-        constexpr int edges = 8;
-        const QFontMetrics metrics = fontMetrics();
-        int width = metrics.horizontalAdvance(text());
-        for (const char* wide : {"xPOy", "Sq[x]", "View"})
-            width = std::max(width, metrics.horizontalAdvance(QLatin1String(wide)));
-        return {width + sides, metrics.height() + edges};
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
-
-protected:
-    void initStyleOption(QStyleOptionButton* option) const override {
-        QPushButton::initStyleOption(option);
-        if (!lit_) return;
-        option->state &= ~QStyle::State_Raised;
-        option->state |= QStyle::State_Sunken;
-    }
-
-private:
-    bool lit_ = false;
-};
 
 using Press = void (*)(ScientificMachine&, int);
 template <auto method>
@@ -282,7 +239,7 @@ QWidget* scientific::buildKeys() {
     keys_ = new QButtonGroup(frame);
     keys_->setExclusive(false);
     for (const KeyPlace& place : keys) {
-        auto* key = new Key(QString::fromUtf8(place.caption), frame);
+        auto* key = new ScientificKey(QString::fromUtf8(place.caption), frame);
         key->setObjectName(nameOf(place));
         key->setAccessibleName(*place.says ? QLatin1String(place.says) : QLatin1String(place.caption));
         key->setToolTip(QLatin1String(place.says));
@@ -368,7 +325,7 @@ void scientific::keyPressed(char character) {
     const Program::Doing doing(program(), pressing(std::string(1, character)));
     if (!machine_->KeyPress(character) || !keys_) return;
     for (QAbstractButton* key : keys_->buttons())
-        if (key->text() == QLatin1Char(character)) static_cast<Key*>(key)->light();
+        if (key->text() == QLatin1Char(character)) static_cast<ScientificKey*>(key)->light();
 }
 
 // --- The desk of the machine -----------------------------------------------------------------------------------------
