@@ -2,16 +2,11 @@
 
 #include <sqlite3.h>
 
-#include <algorithm>
+#include <initializer_list>
 
 namespace torvane {
 
 namespace {
-
-bool isOneOf(const char* name, std::initializer_list<const char*> names) {
-    return name != nullptr && std::any_of(names.begin(), names.end(),
-                                          [&](const char* known) { return sqlite3_stricmp(name, known) == 0; });
-}
 
 int authorize(void* data, int action, const char* first, const char* second, const char*, const char*) {
     if (static_cast<const Gate*>(data)->open) return SQLITE_OK;
@@ -24,7 +19,9 @@ int authorize(void* data, int action, const char* first, const char* second, con
         case SQLITE_DELETE:
             return first != nullptr && sqlite3_strnicmp(first, "sqlite_", 7) == 0 ? SQLITE_DENY : SQLITE_OK;
         case SQLITE_FUNCTION:
-            return isOneOf(second, {"val", "cdbl", "isnumeric", "like", "count", "max"}) ? SQLITE_OK : SQLITE_DENY;
+            for (const char* known : {"val", "cdbl", "isnumeric", "like", "count", "max"})
+                if (sqlite3_stricmp(second, known) == 0) return SQLITE_OK;
+            return SQLITE_DENY;
         default:
             return SQLITE_DENY;
     }

@@ -98,18 +98,6 @@ TEST_F(DurabilityTest, AFilePutInItsPlaceIsReadAndWrittenByAllConnections) {
     EXPECT_EQ(rooms() + folder.cell("pragma integrity_check"), "3ok") << "a group does not reach another file";
 }
 
-TEST_F(DurabilityTest, AMissingOrDamagedFileFailsTheNextStatementOnly) {
-    const std::string whole = bytes(file);
-    fs::remove(file);
-    EXPECT_EQ(numberOf([&] { rows("select * from Rooms"); }), SQLITE_CANTOPEN);
-    EXPECT_EQ(numberOf([&] { connection.execute("delete from Rooms"); }), SQLITE_CANTOPEN);
-    EXPECT_FALSE(fs::exists(file));
-    write(file, std::string(9000, 'x'));
-    EXPECT_EQ(numberOf([&] { rows("select * from Rooms"); }), SQLITE_NOTADB);
-    write(file, whole);
-    EXPECT_EQ(rows("select count(*) from Rooms"), "2;");
-}
-
 // --- Before a copy ---------------------------------------------------------------------------------------------------
 
 TEST_F(DurabilityTest, SettlingTakesAwayLogsThatHaveNoDatabase) {

@@ -11,7 +11,7 @@
 namespace torvane {
 namespace {
 
-TEST_F(StoreTest, OpeningRefusesWhatIsNoDatabase) {
+TEST_F(StoreTest, WhatIsNoDatabaseIsRefused) {
     const std::string whole = bytes(file);
     const struct {
         std::string content;
@@ -25,10 +25,13 @@ TEST_F(StoreTest, OpeningRefusesWhatIsNoDatabase) {
         write(file, each.content);
         if (each.number == SQLITE_CANTOPEN) std::filesystem::remove(file);
         const RuntimeFailure failure = failureOf([&] { Connection another(access); });
+        EXPECT_EQ(numberOf([&] { rows("select * from Rooms"); }), each.number) << "by the connection that stands";
         EXPECT_EQ(std::to_string(failure.number()) + failure.text() + failure.refused(),
                   std::to_string(each.number) + sqlite3_errstr(each.number) + file);
     }
     EXPECT_FALSE(std::filesystem::exists(file));
+    write(file, whole);
+    EXPECT_EQ(rows("select count(*) from Rooms"), "2;") << "only the next statement fails";
 }
 
 TEST_F(StoreTest, RefusedStatementsChangeNothing) {

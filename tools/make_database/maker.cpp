@@ -186,62 +186,46 @@ private:
         }
     }
 
-    // The header row of an estimate, put together line by line and written when its lines are all there.
+    // An estimate is put together line by line, and its header written when its lines are all there.
     struct Estimate {
-        explicit Estimate(DataRow row) : start(std::move(row)) {}
         DataRow start;
         int number = 0;
-        int customer = 0;
-        std::string date;
-        std::vector<Cell> site;
-        std::optional<double> tax;
-        double overhead = 0;
-        std::string tracking;
-        std::string notes;
+        std::map<std::string, DataRow> parts;  // by their kind
         int lines = 0;
         float amount = 0;
+
+        const DataRow& part(const std::string& kind) const {
+            const auto found = parts.find(kind);
+            if (found == parts.end()) start.fault("the estimate has no " + kind);
+            return found->second;
+        }
+        std::string textOr(const std::string& kind) const {
+            return parts.contains(kind) ? parts.at(kind).text(1) : std::string();
+        }
     };
 
     void addEstimates() {
+        const std::map<std::string, std::size_t> columnsOf{{"site", 10}, {"rates", 3}, {"tracking", 2}, {"notes", 2}};
         std::optional<Estimate> estimate;
         for (const DataRow& row : readRows(sample_ / "estimates.tsv")) {
             const std::string& kind = row.columns[0];
             if (kind == "estimate") {
                 if (estimate) finish(*estimate);
-                estimate = begin(row);
+                row.require(4, 4);
+                estimate = Estimate{row, row.key(1), {}};
+                estimates_.add(row, std::to_string(estimate->number), estimate->number);
             } else if (!estimate) {
                 row.fault("stands before the first estimate");
-            } else if (kind == "site") {
-                row.require(10, 10);
-                estimate->site.assign(row.columns.begin() + 1, row.columns.end());
-                estimate->site[3] = states_.find(row, row.text(4));
-            } else if (kind == "rates") {
-                row.require(3, 3);
-                estimate->tax = row.number(1);
-                estimate->overhead = row.number(2);
-            } else if (kind == "tracking") {
-                row.require(2, 2);
-                estimate->tracking = row.text(1);
-            } else if (kind == "notes") {
-                row.require(2, 2);
-                estimate->notes = row.text(1);
             } else if (kind == "line") {
                 addLine(row, *estimate);
+            } else if (const auto part = columnsOf.find(kind); part != columnsOf.end()) {
+                row.require(part->second, part->second);
+                estimate->parts[kind] = row;
             } else {
                 row.fault("\"" + kind + "\" is no kind of line");
             }
         }
         if (estimate) finish(*estimate);
-    }
-
-    Estimate begin(const DataRow& row) {
-        row.require(4, 4);
-        Estimate estimate(row);
-        estimate.number = row.key(1);
-        estimates_.add(row, std::to_string(estimate.number), estimate.number);
-        estimate.date = row.date(2);
-        estimate.customer = customers_.find(row, row.text(3));
-        return estimate;
     }
 
     void addLine(const DataRow& row, Estimate& estimate) {
@@ -265,15 +249,17 @@ private:
     }
 
     void finish(const Estimate& estimate) {
-        if (estimate.site.empty()) estimate.start.fault("the estimate has no site");
-        if (!estimate.tax) estimate.start.fault("the estimate has no rates");
-        if (estimate.lines == 0) estimate.start.fault("the estimate has no lines");
-        const double amount = decimalOf(estimate.amount);
-        const double total = amount + amount * *estimate.tax / 100 + amount * estimate.overhead / 100;
-        std::vector<Cell> cells{estimate.number, estimate.customer, 0, estimate.date};
-        cells.insert(cells.end(), estimate.site.begin(), estimate.site.end());
-        cells.insert(cells.end(), {0, amount, asStored(*estimate.tax), asStored(total), estimate.tracking,
-                                   estimate.notes, asStored(estimate.overhead)});
+        const DataRow& start = estimate.start;
+        std::vector<Cell> cells{estimate.number, customers_.find(start, start.text(3)), 0, start.date(2)};
+        const DataRow& site = estimate.part("site");
+        cells.insert(cells.end(), site.columns.begin() + 1, site.columns.end());
+        cells[7] = states_.find(site, site.text(4));
+        const DataRow& rates = estimate.part("rates");
+        const double tax = rates.number(1), overhead = rates.number(2), amount = decimalOf(estimate.amount);
+        if (estimate.lines == 0) start.fault("the estimate has no lines");
+        const double total = amount + amount * tax / 100 + amount * overhead / 100;
+        cells.insert(cells.end(), {0, amount, asStored(tax), asStored(total), estimate.textOr("tracking"),
+                                   estimate.textOr("notes"), asStored(overhead)});
         database_.add("OrderInfo", cells);
     }
 

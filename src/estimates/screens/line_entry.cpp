@@ -2,6 +2,7 @@
 
 #include "estimates/screens/frm_order.h"
 #include "masters/cls_category.h"
+#include "screens/fill_names.h"
 #include "screens/focus_watcher.h"
 #include "ui_frm_order.h"
 #include "values/numbers.h"
@@ -64,24 +65,15 @@ void LineEntry::InitListView() {
 // --- The line panel --------------------------------------------------------------------------------------------------
 
 void LineEntry::FillItems() {
-    ui().cmbItems->Clear();
-    ui().cmbPrices->Clear();
     pricedEntry_ = -1;
     const auto items = screen_.Order().GetComboItems();
-    if (!items) return;
-    std::vector<DropList::Entry> names;
+    // The prices come first: selecting an item reads them.
     std::vector<DropList::Entry> prices;
-    names.reserve(static_cast<std::size_t>(items->rows()));
-    prices.reserve(static_cast<std::size_t>(items->rows()));
-    for (int row = 0; row < items->rows(); ++row) {
-        const std::int32_t key = toInt32((*items)(0, row));
-        names.push_back({textOrEmpty((*items)(1, row)), key});
-        prices.push_back({priceEntry(*items, row), key});
-    }
-    ui().cmbItems->fill(std::move(names));
+    for (int row = 0; items && row < items->rows(); ++row)
+        prices.push_back({priceEntry(*items, row), toInt32((*items)(0, row))});
     ui().cmbPrices->fill(std::move(prices));
-    ui().cmbPrices->select(0);
-    ui().cmbItems->select(0);
+    if (items) ui().cmbPrices->select(0);
+    fillNames(*ui().cmbItems, items);
 }
 
 LinePanel LineEntry::panel() {

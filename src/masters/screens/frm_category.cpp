@@ -11,19 +11,15 @@ namespace torvane {
 
 namespace {
 
-std::string_view guidance(std::string_view which) {
-    if (which == "A")
-        return "Enter the category name, select parent category and press the 'Add' button to add a new category";
-    if (which == "D")
-        return "Select the category you wish to delete from the table by clicking that row and press the 'Delete' "
-               "button.";
-    if (which == "E")
-        return "Double click on the category row that you wish to edit and change the category name or parent category "
-               "in the window that appears.";
-    if (which == "S")
-        return "Select category by double clicking the desired category row and pressing the 'Select' button.";
-    return "";
-}
+// What the line of guidance says in a mode.
+constexpr std::pair<std::string_view, std::string_view> guidances[] = {
+    {"A", "Enter the category name, select parent category and press the 'Add' button to add a new category"},
+    {"D", "Select the category you wish to delete from the table by clicking that row and press the 'Delete' button."},
+    {"E",
+     "Double click on the category row that you wish to edit and change the category name or parent category in the "
+     "window that appears."},
+    {"S", "Select category by double clicking the desired category row and pressing the 'Select' button."},
+};
 
 }  // namespace
 
@@ -77,7 +73,8 @@ void frmCategory::Form_Load() {
     addRelatedMenu(*this, list_,
                    {{"mnuRelManf", "View Related Manufacturers", "Manufacturers associated with "},
                     {"mnuRelSup", "View Related Suppliers", "Suppliers associated with "}});
-    ui().lblExplain->setText(qstring(guidance(Which)));
+    for (const auto& [which, guidance] : guidances)
+        if (which == Which) ui().lblExplain->setText(qstring(guidance));
     program().StartUp(*this);
     list_.load("CatName");
     FillCatg(*ui().cmbParent, Cat());
