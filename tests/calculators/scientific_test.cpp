@@ -206,6 +206,9 @@ TEST_F(ScientificTest, EachKeyPressCountsOnceAndStillReachesTheFocus) {
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "Command2_6");
     key(equals, Qt::Key_Up);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "Command1_10");
+    text1.setFocus();
+    QTest::keyClick(calculator.window->windowHandle(), Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(std::string(QApplication::focusWidget()->metaObject()->className()), "QMenuBar");
     calculator.press("EXIT");
     EXPECT_FALSE(calculator.form.loaded());
 }
