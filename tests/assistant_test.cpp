@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "assistant/animated_assistant.h"
@@ -92,28 +93,27 @@ const char* const plainCharacter =
 class CharacterFile : public ::testing::Test {
 protected:
     std::string write(const QByteArray& text) {
-        const QString name = folder.filePath("Some.ACS");
-        QFile file(name);
+        QFile file(folder.filePath("Some.ACS"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
-        return name.toStdString();
+        return file.fileName().toStdString();
     }
-    static std::string failureOf(const std::string& file) {
+    // The number and the text of the failure; the file's name is %.
+    static std::string loading(const std::string& file) {
         try {
             Character::load(file);
-            return "loaded";
         } catch (const RuntimeFailure& failure) {
-            return std::to_string(failure.number()) + " " + failure.text();
+            std::string text = failure.text();
+            return std::to_string(failure.number()) + " " + text.replace(text.find(file), file.size(), "%");
         }
+        return "loaded";
     }
     QTemporaryDir folder;
 };
 
 TEST_F(CharacterFile, DamageIsFoundAndNamed) {
-    const struct {
-        const char* old;    // in the good file
-        const char* other;  // in its place
-        std::string fault;  // "" for none
-    } rows[] = {
+    const std::string damaged = "321 The assistant's character is damaged: %, ";
+    // What stands in the sound file, what stands in its place, and the fault, if it is one.
+    const std::tuple<const char*, const char*, std::string> rows[] = {
         {"animation Idle", "\r\nanimation Idle", ""},
         {"character 1", "character 2", "line 1: this is no character file"},
         {"end\n", "", "line 19: the end is missing"},
@@ -134,17 +134,13 @@ TEST_F(CharacterFile, DamageIsFoundAndNamed) {
         {"wave 300\n", "wave 10001\n", "line 18: \"10001\" is no number from 20 to 10000"},
         {"animation Leaving : gone 50\n", "", "line 19: the animation Leaving is missing"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
+    for (const auto& [before, after, fault] : rows) {
         QByteArray text(plainCharacter);
-        text.replace(text.indexOf(row.old), static_cast<qsizetype>(qstrlen(row.old)), row.other);
-        const std::string file = write(text);
-        EXPECT_EQ(failureOf(file), row.fault.empty()
-                                       ? "loaded"
-                                       : "321 The assistant's character is damaged: " + file + ", " + row.fault);
+        text.replace(text.indexOf(before), static_cast<qsizetype>(qstrlen(before)), after);
+        EXPECT_EQ(loading(write(text)), fault.empty() ? "loaded" : damaged + fault);
     }
-    EXPECT_EQ(failureOf("/nowhere/Merlin.ACS"), "53 The assistant's character can't be read: /nowhere/Merlin.ACS");
-    EXPECT_EQ(failureOf(write(QByteArray(2'000'000, '#'))).substr(0, 3), "321");
+    EXPECT_EQ(loading(write(QByteArray(2'000'000, '#'))), damaged + "line 0: the file is too large");
+    EXPECT_EQ(loading("/nowhere/Merlin.ACS"), "53 The assistant's character can't be read: %");
 }
 
 TEST_F(CharacterFile, TheDeliveredCharacterCanDoWhatTheProgramAsks) {
@@ -231,29 +227,27 @@ TEST_F(AssistantTest, ATextWaitsForTheReaderAndTheVoiceButNotForEver) {
     const milliseconds reading = AnimatedAssistant::readingTime("Hello");
     const milliseconds longest = AnimatedAssistant::longestVoice("Hello");
     const milliseconds frame{100};  // of the mouth: within it the end is noticed
-    const struct {
-        milliseconds ends, stays;
-        const char* calls;
-    } rows[] = {{milliseconds(500), reading, "say Hello; "},
-                {reading * 2, reading * 2, "say Hello; "},
-                {longest * 2, longest, "say Hello; give up; "}};
+    // When the voice ends, how long the text stays, and what is asked of the voice.
+    const std::tuple<milliseconds, milliseconds, const char*> rows[] = {{milliseconds(500), reading, "say Hello; "},
+                                                                        {reading * 2, reading * 2, "say Hello; "},
+                                                                        {longest * 2, longest, "say Hello; give up; "}};
     assistant.Show();
     pass(AnimatedAssistant::leadIn - milliseconds(1));
     EXPECT_FALSE(window.isVisible()) << "the caller's window is painted first";
     pass(milliseconds(5000));
     voice->mute = false;
-    for (const auto& row : rows) {
+    for (const auto& [ends, stays, calls] : rows) {
         voice->calls.clear();
         assistant.Speak("Hello");
         pass(milliseconds(0));
         milliseconds stood{};
         for (; shown() == "Hello"; ++stood) {
-            if (stood == row.ends) std::exchange(voice->end, nullptr)();
+            if (stood == ends) std::exchange(voice->end, nullptr)();
             ticker->pass(milliseconds(1), [] {});
         }
-        EXPECT_GE(stood, row.stays);
-        EXPECT_LE(stood, row.stays + frame);
-        EXPECT_EQ(voice->calls, row.calls);
+        EXPECT_GE(stood, stays);
+        EXPECT_LE(stood, stays + frame);
+        EXPECT_EQ(voice->calls, calls);
     }
     voice->calls.clear();
     for (const char* act : {"say one", "say one", "pass 1000", "click", "menu"}) carryOut(act);
@@ -382,34 +376,29 @@ TEST_F(AssistantTest, GoesOnOverModalWindowsAndCoversNoQuestion) {
 
 TEST_F(AssistantTest, CharacterAndBalloonStayOnTheScreen) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const struct {
-        const char* what;
-        QPoint asked;
-        int fontSize;
-        int words;
-    } places[] = {
+    const std::tuple<const char*, QPoint, int, int> places[] = {
         {"greeting", {100, 100}, 10, 1},       {"upper left", {-500, -500}, 10, 60},
         {"lower right", {9000, 9000}, 10, 60}, {"upper right, large type", {screen.right() - 50, 0}, 24, 60},
         {"huge type", {100, 100}, 48, 40},     {"more than a screen", {100, 100}, 24, 900},
     };
     const QFont usual = QApplication::font();
-    for (const auto& place : places) {
-        SCOPED_TRACE(place.what);
+    for (const auto& [what, asked, fontSize, words] : places) {
+        SCOPED_TRACE(what);
         QFont font = usual;
-        font.setPointSize(place.fontSize);
+        font.setPointSize(fontSize);
         QApplication::setFont(font);
-        assistant.MoveTo(place.asked.x(), place.asked.y());
-        assistant.Speak(QString("wording ").repeated(place.words).toStdString());
+        assistant.MoveTo(asked.x(), asked.y());
+        assistant.Speak(QString("wording ").repeated(words).toStdString());
         pass(milliseconds(2000));
         const QRect around = balloon()->window()->geometry();
         EXPECT_TRUE(screen.contains(window.geometry()));
         EXPECT_TRUE(screen.contains(around));
-        EXPECT_EQ(window.pos() == place.asked, screen.contains(QRect(place.asked, window.size())));
+        EXPECT_EQ(window.pos() == asked, screen.contains(QRect(asked, window.size())));
         const QRect needed = balloon()->fontMetrics().boundingRect(QRect(0, 0, balloon()->width(), 100000),
                                                                    Qt::TextWordWrap, balloon()->text());
         EXPECT_LE(needed.width(), balloon()->width());
         EXPECT_LE(needed.height(), balloon()->height());
-        EXPECT_FALSE(around.adjusted(20, 20, -20, -20).contains(window.geometry().center()) && place.words < 900);
+        EXPECT_FALSE(around.adjusted(20, 20, -20, -20).contains(window.geometry().center()) && words < 900);
         clickOn(*balloon()->window());
     }
     QApplication::setFont(usual);

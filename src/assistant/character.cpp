@@ -117,7 +117,6 @@ private:
         for (qsizetype i = 3; i < words.size(); i += 2)
             steps.push_back(
                 {find(frames_, words[i], "frame"), std::chrono::milliseconds(number(words[i + 1], 20, 10000))});
-        if (steps.size() > mostEntries) fault("there are too many entries");
         give(character_.animations_, words[1], std::move(steps));
     }
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 #include "calculators/calculator_groups.h"
 #include "calculators/trade_math.h"
@@ -170,30 +171,26 @@ TEST(Panels, Compute) {
 
 // The last result of a panel for each entry of its list, with the other boxes filled.
 TEST(Panels, WhatTheEntriesOfListsStandFor) {
-    const struct {
-        const char* panel;
-        const char* before;
-        const char* after;
-        const char* results;
-    } rows[] = {
-        {"11", "", ", 12", "0 2 3 4 6 8 12 16 "},
-        {"13", "6300, 1, , , , ", ", 1", "14 15.75 25.2 15 42 14 "},
-        {"32", "210, 1, ", "", "3696 2079 924 519.75 332.64 231 169.714285714285 129.9375 102.666666666667 57.75 "},
-        {"36", "1, 81, , , , , ", "", "81 144 324 "},
-        {"37", "10000, ", "", "106 108 112 116 120 125 130 136 142 "},
+    const std::tuple<std::string, std::string, const char*, const char*> rows[] = {
+        {"frmTab11", "", ", 12", "0 2 3 4 6 8 12 16 "},
+        {"frmTab13", "6300, 1, , , , ", ", 1", "14 15.75 25.2 15 42 14 "},
+        {"frmTab32", "210, 1, ", "",
+         "3696 2079 924 519.75 332.64 231 169.714285714285 129.9375 102.666666666667 57.75 "},
+        {"frmTab36", "1, 81, , , , , ", "", "81 144 324 "},
+        {"frmTab37", "10000, ", "", "106 108 112 116 120 125 130 136 142 "},
     };
-    for (const auto& row : rows) {
-        const MakePanel make = allPanels().at(std::string("frmTab") + row.panel);
+    for (const auto& [frame, before, after, expected] : rows) {
+        const MakePanel make = allPanels().at(frame);
         const auto panel = make();
         const auto list = std::ranges::find(panel->controls(), ControlKind::List, &Control::kind);
         std::string results;
         for (std::size_t entry = 0; entry < (*list)->entries.size(); ++entry) {
             Desk desk(make);
-            desk.enter(row.before + std::to_string(entry) + row.after);
+            desk.enter(before + std::to_string(entry) + after);
             desk.press();
             results += desk.results().substr(desk.results().rfind("| ") + 2) + " ";
         }
-        EXPECT_EQ(results, row.results) << row.panel;
+        EXPECT_EQ(results, expected) << frame;
     }
 }
 

@@ -21,12 +21,8 @@ TEST(Conversions, TheOtherSideFollows) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto& left = find<QLineEdit>(window, "txtLeft");
     auto& right = find<QLineEdit>(window, "txtRight");
-    const struct {
-        const char* control;
-        const char* text;  // typed, or the entry that is picked
-        const char* left;
-        const char* right;
-    } steps[] = {
+    // A control, the text that is typed or the entry that is picked, and then the texts of both boxes.
+    const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
         {"txtLeft", "10'", "10'", "3.048"},
         {"lstRight", "Yards", "10'", "3.33333333333333"},
         {"lstLeft", "Feet", "10'", ""},
@@ -41,21 +37,21 @@ TEST(Conversions, TheOtherSideFollows) {
         {"txtRight", "20", "2 x 6 x 20", "20"},
         {"cmbCategory", "Length", "12' 6 1/2\"", "3.8227"},
     };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.text);
-        auto& control = find<QWidget>(window, step.control);
+    for (const auto& [name, text, leftText, rightText] : steps) {
+        SCOPED_TRACE(text);
+        auto& control = find<QWidget>(window, name);
         if (auto* box = qobject_cast<QLineEdit*>(&control)) {
             box->setFocus();
             box->selectAll();
-            QTest::keyClicks(box, step.text);
+            QTest::keyClicks(box, text);
         } else if (auto* units = qobject_cast<QListWidget*>(&control)) {
-            const QRect entry = units->visualItemRect(units->findItems(step.text, Qt::MatchExactly).constFirst());
+            const QRect entry = units->visualItemRect(units->findItems(text, Qt::MatchExactly).constFirst());
             QTest::mouseClick(units->viewport(), Qt::LeftButton, {}, entry.center());
         } else {
-            static_cast<QComboBox&>(control).setCurrentText(step.text);
+            static_cast<QComboBox&>(control).setCurrentText(text);
         }
-        EXPECT_EQ(utf8(left.text()), step.left);
-        EXPECT_EQ(utf8(right.text()), step.right);
+        EXPECT_EQ(utf8(left.text()), leftText);
+        EXPECT_EQ(utf8(right.text()), rightText);
     }
 }
 

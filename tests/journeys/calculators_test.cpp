@@ -108,6 +108,7 @@ TEST_F(CalculatorsTest, TabsOfGroup1CloseGroups2And3AndTheScientificCalculator) 
     EXPECT_EQ(host.started.size(), 2U) << "once for each click";
     go(group1, "TabStrip1_3");
     EXPECT_EQ(text(group1, "txtTab3_4"), "9.48148") << "what stood on a panel stays";
+    EXPECT_FALSE(find<TextBox>(group1, "txtTab3_4").isReadOnly());
     choose("mnucalc2_4");
     choose("mnucalc3_5");
     go(*standing("frmCalculator2"), "Command2");
@@ -143,22 +144,6 @@ TEST_F(CalculatorsTest, AResultGoesIntoTheEstimateByCopyAndPaste) {
     click(quantity);
     key(quantity, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(text(order, "TxtQty"), "11");
-}
-
-TEST_F(CalculatorsTest, EnterInABoxPressesTheButtonOfItsStage) {
-    start();
-    choose("mnucalc1_8");
-    QWidget& window = *standing("frmCalculators");
-    go(window, "txtTab8_1=160; txtTab8_2=16; txtTab8_3=8; txtTab8_4=4; txtTab8_5=8");
-    key(find<QWidget>(window, "txtTab8_5"), Qt::Key_Return);
-    EXPECT_EQ(texts(window, {"txtTab8_6", "txtTab8_7", "txtTab8_9"}), "5.26749|15.80247|");
-    go(window, "txtTab8_8=110.50");
-    key(find<QWidget>(window, "txtTab8_8"), Qt::Key_Return);
-    EXPECT_EQ(texts(window, {"txtTab8_11", "txtTab8_14"}), "24|10608");
-    choose("mnucalc1_2");
-    go(window, "txtTab2_2=27; txtTab2_1=1; txtTab2_3=1; Tab2_Option2; cmdTab2");
-    EXPECT_EQ(text(window, "txtTab2_4"), "1");
-    EXPECT_FALSE(find<TextBox>(window, "txtTab3_4").isReadOnly());
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "values/failure.h"
 #include "values/value.h"
@@ -28,10 +30,7 @@ std::string outcome(Work work) {
 
 TEST(Numbers, LenientReading) {
     const std::string most(308, '9');
-    const struct {
-        std::string text;
-        double value;
-    } rows[] = {
+    const std::pair<std::string, double> rows[] = {
         {"12abc", 12},
         {" \t\r\n1 2", 12},
         {"- 5", -5},
@@ -46,7 +45,7 @@ TEST(Numbers, LenientReading) {
         {std::string(1'000'000, '9'), std::stod(most)},
         {std::string("1\0002", 3), 1},
     };
-    for (const auto& row : rows) EXPECT_EQ(lenientNumber(row.text), row.value) << row.text.substr(0, 40);
+    for (const auto& [text, value] : rows) EXPECT_EQ(lenientNumber(text), value) << text.substr(0, 40);
     for (const char* zero : {"", "--5", "+-5", "-.", "e5", "inf", "x1", "0x10", "-0", "-1e-400"}) {
         EXPECT_EQ(lenientNumber(zero), 0) << zero;
         EXPECT_FALSE(std::signbit(lenientNumber(zero))) << zero;
@@ -99,11 +98,7 @@ TEST(Numbers, NarrowingRefusesWhatDoesNotFit) {
 }
 
 TEST(Numbers, GeneralText) {
-    const struct {
-        double value;
-        const char* text;
-        const char* ofFloat;
-    } rows[] = {
+    const std::tuple<double, const char*, const char*> rows[] = {
         {-0.0, "0", "0"},
         {0.1 + 0.2, "0.3", "0.3"},
         {-200.0 / 3, "-66.6666666666667", "-66.66666"},
@@ -112,19 +107,14 @@ TEST(Numbers, GeneralText) {
         {-1.5e15, "-1.5E+15", "-1.5E+15"},
         {0.000025, "2.5E-05", "2.5E-05"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(generalText(row.value), row.text);
-        EXPECT_EQ(generalText(static_cast<float>(row.value)), row.ofFloat);
+    for (const auto& [value, text, textOfFloat] : rows) {
+        EXPECT_EQ(generalText(value), text);
+        EXPECT_EQ(generalText(static_cast<float>(value)), textOfFloat);
     }
 }
 
 TEST(Numbers, RoundingAndFixedText) {
-    const struct {
-        double value;
-        int places;
-        double rounded;
-        const char* text;
-    } rows[] = {
+    const std::tuple<double, int, double, const char*> rows[] = {
         {2.675, 2, 2.67, "2.68"},
         {0.0049, 2, 0, "0.00"},
         {-2.5, 0, -2, "-2"},
@@ -134,9 +124,9 @@ TEST(Numbers, RoundingAndFixedText) {
         {1234.5, 2, 1234.5, "1234.50"},
         {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(roundHalfEven(row.value, row.places), row.rounded) << row.value;
-        EXPECT_EQ(fixedText(row.value, row.places), row.text);
+    for (const auto& [value, places, rounded, text] : rows) {
+        EXPECT_EQ(roundHalfEven(value, places), rounded) << value;
+        EXPECT_EQ(fixedText(value, places), text);
     }
     EXPECT_FALSE(std::signbit(roundHalfEven(-0.001, 2)));
     EXPECT_EQ(fixedText(1.7976931348623157e308, 2).size(), 312U);

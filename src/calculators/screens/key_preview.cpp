@@ -1,9 +1,8 @@
 #include "calculators/screens/key_preview.h"
 
-#include <QAction>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenuBar>
-#include <algorithm>
 
 namespace torvane {
 
@@ -24,16 +23,14 @@ KeyPreview::KeyPreview(QWidget& window, std::function<void(char)> pressed)
 }
 
 bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
-    const QEvent::Type type = event->type();
-    if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (type == QEvent::ShortcutOverride && isShortcut(*key)) {
-        // A text box would keep it for itself.
+    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched)) {
+        // It would keep the keys of the menu for itself.
         event->ignore();
         return true;
     }
-    if (type == QEvent::KeyPress && watched == firstReceiver() && !isCommand(*key) && key->text().size() == 1)
-        pressed_(key->text().at(0).toLatin1());
+    if (event->type() != QEvent::KeyPress || watched != firstReceiver()) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (!isCommand(*key) && key->text().size() == 1) pressed_(key->text().at(0).toLatin1());
     return false;
 }
 
@@ -42,12 +39,6 @@ const QObject* KeyPreview::firstReceiver() const {
     QWidget* focus = window_.focusWidget();
     if (qobject_cast<QMenuBar*>(focus)) return nullptr;
     return focus ? focus : &window_;
-}
-
-bool KeyPreview::isShortcut(const QKeyEvent& key) const {
-    const QKeySequence pressed(key.keyCombination());
-    const auto entries = window_.findChildren<QAction*>();
-    return std::ranges::any_of(entries, [&](const QAction* entry) { return entry->shortcut() == pressed; });
 }
 
 }  // namespace torvane

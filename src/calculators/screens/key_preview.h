@@ -3,7 +3,6 @@
 #include <QObject>
 #include <functional>
 
-class QKeyEvent;
 class QWidget;
 
 namespace torvane {
@@ -17,7 +16,6 @@ public:
 
 private:
     const QObject* firstReceiver() const;
-    bool isShortcut(const QKeyEvent& key) const;
 
     QWidget& window_;
     std::function<void(char)> pressed_;
