@@ -29,6 +29,7 @@
 #include "screens/guarded_application.h"
 #include "shell/screens.h"
 #include "support/data_folder.h"
+#include "support/test_host.h"
 #include "widgets/drop_list.h"
 
 namespace torvane {
@@ -43,8 +44,7 @@ public:
     bool oneIn(int chances) { return below(chances) == 0; }
     template <class List>
     auto& one(List& list) {
-        return list[static_cast<typename std::decay_t<decltype(list)>::size_type>(
-            below(static_cast<int>(list.size())))];
+        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
     }
 
 private:
@@ -52,30 +52,23 @@ private:
 };
 
 // Answers every box and file dialog by the dice.
-class MonkeyHost : public Host {
+class MonkeyHost : public TestHost {
 public:
-    MonkeyHost(std::string folder, Dice& dice) : folder_(std::move(folder)), dice_(dice) {}
+    MonkeyHost(std::string programFolder, Dice& dice) : TestHost(std::move(programFolder)), dice_(dice) {}
     Answer box(std::string_view, std::string_view, Buttons buttons) override {
         if (buttons == Buttons::Ok) return Answer::Ok;
         return dice_.oneIn(2) ? Answer::Yes : Answer::No;
     }
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return name(); }
     std::optional<std::string> askOpenName(std::string_view) override { return name(); }
-    void startProgram(const std::string&) override {}
-    Date today() const override { return {2024, 3, 15}; }
-    const ShortDate& shortDate() const override { return shortDate_; }
-    const std::string& programDirectory() const override { return folder_; }
-    std::int16_t NoInList() const override { return 15; }
 
 private:
     std::optional<std::string> name() {
         if (dice_.oneIn(4)) return std::nullopt;
         const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", "/no ending"};
-        return folder_ + names[dice_.below(5)];
+        return folder + names[dice_.below(5)];
     }
-    std::string folder_;
     Dice& dice_;
-    ShortDate shortDate_;
 };
 
 class Monkey : public QObject {
@@ -119,28 +112,25 @@ private:
         if (QWidget* popup = QApplication::activePopupWidget()) return inPopup(*popup);
         QWidget* window = someWindow();
         if (!window) return;
-        switch (dice_.below(12)) {
-            case 0:
-            case 1:
-            case 2:
-            case 3:
-                return click<QAbstractButton>(*window);
-            case 4:
-            case 5:
-                return type(*window);
-            case 6:
-                return key(*window);
-            case 7:
-                return pick(*window);
-            case 8:
-                return row(*window);
-            case 9:
-                return entry(*window);
-            case 10:
-                return click<QHeaderView>(*window);
-            default:
-                if (dice_.oneIn(window->objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window->close();
-        }
+        using Act = void (Monkey::*)(QWidget&);
+        constexpr Act button = &Monkey::click<QAbstractButton>;
+        constexpr Act acts[] = {button,
+                                button,
+                                button,
+                                button,
+                                &Monkey::type,
+                                &Monkey::type,
+                                &Monkey::key,
+                                &Monkey::pick,
+                                &Monkey::row,
+                                &Monkey::entry,
+                                &Monkey::click<QHeaderView>,
+                                &Monkey::close};
+        (this->*dice_.one(acts))(*window);
+    }
+
+    void close(QWidget& window) {
+        if (dice_.oneIn(window.objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window.close();
     }
 
     QWidget* someWindow() {
