@@ -112,20 +112,19 @@ private:
         if (QWidget* popup = QApplication::activePopupWidget()) return inPopup(*popup);
         QWidget* window = someWindow();
         if (!window) return;
-        using Act = void (Monkey::*)(QWidget&);
-        constexpr Act button = &Monkey::click<QAbstractButton>;
-        constexpr Act acts[] = {button,
-                                button,
-                                button,
-                                button,
-                                &Monkey::type,
-                                &Monkey::type,
-                                &Monkey::key,
-                                &Monkey::pick,
-                                &Monkey::row,
-                                &Monkey::entry,
-                                &Monkey::click<QHeaderView>,
-                                &Monkey::close};
+        // Buttons and typing come more often.
+        static const std::vector<void (Monkey::*)(QWidget&)> acts{&Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QHeaderView>,
+                                                                  &Monkey::type,
+                                                                  &Monkey::type,
+                                                                  &Monkey::key,
+                                                                  &Monkey::pick,
+                                                                  &Monkey::row,
+                                                                  &Monkey::entry,
+                                                                  &Monkey::close};
         (this->*dice_.one(acts))(*window);
     }
 
