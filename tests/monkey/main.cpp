@@ -76,7 +76,6 @@ public:
     Monkey(Dice& dice, int steps) : dice_(dice), left_(steps) { next(); }
     // Says how far it came, and leaves.
     [[noreturn]] void leave(Ending ending) const {
-        std::printf("after: %s\n", qPrintable(acts_.join(QLatin1String(", "))));
         report();
         std::_Exit(ending);
     }
@@ -100,14 +99,9 @@ private:
 
     void act() {
         constexpr int signOfLife = 100;
-        if (left_-- <= 0) {
-            left_ = 0;
-            report();
-            // The way out through all destructors: what leaks is seen.
-            QCoreApplication::exit(allStepsDone);
-            return;
-        }
         if (left_ % signOfLife == 0) report();
+        // The way out through all destructors: what leaks is seen.
+        if (left_-- == 0) return QCoreApplication::exit(allStepsDone);
         next();
         if (QWidget* popup = QApplication::activePopupWidget()) return inPopup(*popup);
         QWidget* window = someWindow();
@@ -158,15 +152,8 @@ private:
         return controls.isEmpty() ? nullptr : dice_.one(controls);
     }
 
-    void note(const char* act, const QObject& on) {
-        constexpr qsizetype remembered = 6;
-        acts_.append(QLatin1String(act) + QLatin1Char(' ') + on.objectName());
-        if (acts_.size() > remembered) acts_.removeFirst();
-    }
-
     // Straight to the controls: no other event comes between press and release, but anything may be gone after each.
     void clickAt(QWidget& control, const QPoint& point, bool twice = false) {
-        note(twice ? "double click" : "click", control);
         const QPointer<QWidget> there = &control;
         const Qt::MouseButton button = dice_.oneIn(12) ? Qt::RightButton : Qt::LeftButton;
         if (control.focusPolicy() & Qt::ClickFocus) control.setFocus(Qt::MouseFocusReason);
@@ -208,7 +195,6 @@ private:
                                     Qt::Key_F1,     Qt::Key_Space,  Qt::Key_Down, Qt::Key_Up,      Qt::Key_PageDown,
                                     Qt::Key_C,      Qt::Key_V,      Qt::Key_X,    Qt::Key_A,       Qt::Key_Z};
         const Qt::Key pressed = keys[dice_.below(std::size(keys))];
-        note(qPrintable(QKeySequence(pressed).toString()), window);
         press(window, pressed, pressed >= Qt::Key_A && pressed <= Qt::Key_Z ? Qt::ControlModifier : Qt::NoModifier);
     }
 
@@ -236,10 +222,7 @@ private:
             if (!action->objectName().isEmpty() && !action->menu() && action->isVisible() && action->isEnabled() &&
                 !leaves(*action))
                 entries.append(action);
-        if (entries.isEmpty()) return;
-        QAction& chosen = *dice_.one(entries);
-        note("entry", chosen);
-        chosen.trigger();
+        if (!entries.isEmpty()) dice_.one(entries)->trigger();
     }
 
     void inPopup(QWidget& popup) {
@@ -249,7 +232,6 @@ private:
 
     Dice& dice_;
     int left_;
-    QStringList acts_;
     bool busy_ = false;
     QPointer<QWidget> modalOfStep_;
 };
@@ -303,14 +285,14 @@ bool watch(const QString& program, unsigned seed, int steps) {
         const int mark = static_cast<int>(output.lastIndexOf("left "));
         const int left = mark < 0 ? steps : output.mid(mark + 5).split('\n').value(0).toInt();
         const int ending = child.exitCode();
-        const std::string broken = data.cell("pragma integrity_check");
-        const bool good = !hangs && child.exitStatus() == QProcess::NormalExit && broken == "ok" &&
+        const std::string database = data.cell("pragma integrity_check");
+        const bool good = !hangs && child.exitStatus() == QProcess::NormalExit && database == "ok" &&
                           (ending == allStepsDone || ending == runTimeError || ending == lastWindowGone);
-        if (ending == runTimeError || !good)
+        if (!good) {
             std::printf("seed %u, %d steps, %d left, status %d%s, database %s\n%s\n", seed, steps, left, ending,
-                        hangs ? ", hangs" : "", broken.c_str(),
-                        good ? output.mid(output.lastIndexOf("ended by")).constData() : output.constData());
-        if (!good) return false;
+                        hangs ? ", hangs" : "", database.c_str(), output.constData());
+            return false;
+        }
         if (ending == allStepsDone) break;
         steps = left;
     }

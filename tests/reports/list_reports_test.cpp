@@ -21,10 +21,8 @@ TEST(ListReports, PagesBreakBetweenBands) {
     const std::vector<std::string> estimate{"orderno", "Orderdate", "CustName", "total"};
     const std::vector<std::string> customer{"CustName", "BStreet1", "BStreet2", "BCity",  "BState", "BZip",
                                             "BCountry", "BPhone",   "BFax",     "BEmail", "BUrl"};
-    for (const Row& row : {Row{estimatesLayout, 0, 1, 1 + 5 + 2}, Row{estimatesLayout, 38, 1, 1 + 5 + 38 * 4 + 2},
-                           Row{estimatesLayout, 39, 2, 5 + 2}, Row{estimatesLayout, 40, 2, 5 + 2},
-                           Row{estimatesLayout, 41, 2, 5 + 4 + 2}, Row{customersLayout, 6, 1, 1 + 6 + 6 * 11 + 1},
-                           Row{customersLayout, 7, 2, 6 + 11 + 1}}) {
+    for (const Row& row : {Row{estimatesLayout, 38, 1, 1 + 5 + 38 * 4 + 2}, Row{estimatesLayout, 39, 2, 5 + 2},
+                           Row{customersLayout, 6, 1, 1 + 6 + 6 * 11 + 1}, Row{customersLayout, 7, 2, 6 + 11 + 1}}) {
         SCOPED_TRACE(std::string(row.layout.name) + " " + std::to_string(row.rows));
         const ReportPages pages(row.layout, blank(&row.layout == &estimatesLayout ? estimate : customer, row.rows), {});
         EXPECT_EQ(row.pages, pages.pageCount());

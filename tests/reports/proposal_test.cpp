@@ -30,10 +30,8 @@ TEST(ProposalPages, BandsNeverSplit) {
     constexpr int header = 1 + 22;
     constexpr int perLine = 9;
     constexpr int footer = 14;
-    for (const Row& row :
-         {Row{1, 1, header + perLine + footer}, Row{25, 1, header + 25 * perLine + footer}, Row{26, 2, footer},
-          Row{31, 2, footer}, Row{32, 2, perLine + footer}, Row{69, 2, 38 * perLine + footer}, Row{70, 3, footer},
-          Row{1000, 24, (1000 - 31 - 22 * 43) * perLine + footer}, Row{0, 1, 1}}) {
+    for (const Row& row : {Row{0, 1, 1}, Row{25, 1, header + 25 * perLine + footer}, Row{26, 2, footer},
+                           Row{32, 2, perLine + footer}, Row{70, 3, footer}}) {
         SCOPED_TRACE(row.lines);
         const ReportPages pages(proposalLayout, lines(row.lines), {});
         EXPECT_EQ(row.pages, pages.pageCount());
