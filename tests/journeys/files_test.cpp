@@ -1,7 +1,5 @@
-// Backup and restore over open screens, and the printed proposal.
+// Backup and restore over open screens.
 
-#include <QProcess>
-#include <algorithm>
 #include <filesystem>
 
 #include "journeys/journey.h"
@@ -17,15 +15,15 @@ class FilesTest : public JourneyTest {
 protected:
     std::string file(std::string_view name) const { return data.path() + "/" + std::string(name); }
     Texts filesThere() const { return filesIn(data.path()); }
-    void backUp(std::optional<std::string> name, const std::vector<TestHost::Box>& boxes = {}) {
+    void backUp(std::optional<std::string> name, const std::vector<TestHost::Box>& boxes) {
         host.answerSaveName(std::move(name));
         for (const TestHost::Box& box : boxes) host.expect(box);
         choose("mnuExport");
         host.verify();
     }
-    void restore(std::optional<std::string> name, const std::vector<TestHost::Box>& boxes = {}) {
+    void restore(std::optional<std::string> name, const TestHost::Box& box) {
         host.answerOpenName(std::move(name));
-        for (const TestHost::Box& box : boxes) host.expect(box);
+        host.expect(box);
         choose("mnuImport");
         host.verify();
     }
@@ -76,7 +74,7 @@ TEST_F(FilesTest, RestoreUnderOpenScreens) {
     go(list, "CmdAll");
     const Texts now = rows(list);
 
-    restore(file("then.bak"), {imported});
+    restore(file("then.bak"), imported);
     EXPECT_TRUE(bytes(data.database()) == then);
     EXPECT_EQ(rows(list), now) << "what has been read stays";
     go(list, "CmdAll");
@@ -96,7 +94,7 @@ TEST_F(FilesTest, RestoreUnderOpenScreens) {
 struct Restored {
     std::string name;
     const char* statements;  // carried out on an empty database; "" for one that is not replaced, or for other bytes
-    std::vector<TestHost::Box> boxes;
+    TestHost::Box box;
     const char* ended = "";  // "": the list is read
 };
 
@@ -110,12 +108,11 @@ TEST_F(FilesTest, WhatIsRestoredIsWhatTheNextQueryMeets) {
     write(file("text.bak"), std::string(5000, 'j'));
     write(file("nothing.bak"), "");
     for (const Restored& row :
-         {Restored{"data.BAK", "", {noBackup}}, Restored{"none.bak", "", {notFound}},
-          Restored{"folder.bak", "", {notFound}}, Restored{"text.bak", "", {imported}, "26 "},
-          Restored{"nothing.bak", "", {imported}, "26 "},
-          Restored{"other.bak", "drop table Customer; pragma application_id = 7", {imported}, "1 Select"},
-          Restored{"unmarked.bak", "pragma application_id = 0; pragma user_version = 0", {imported}},
-          Restored{"log.bak", "pragma journal_mode = wal", {imported}}}) {
+         {Restored{"data.BAK", "", noBackup}, Restored{"none.bak", "", notFound}, Restored{"folder.bak", "", notFound},
+          Restored{"text.bak", "", imported, "26 "}, Restored{"nothing.bak", "", imported, "26 "},
+          Restored{"other.bak", "drop table Customer; pragma application_id = 7", imported, "1 Select"},
+          Restored{"unmarked.bak", "pragma application_id = 0; pragma user_version = 0", imported},
+          Restored{"log.bak", "pragma journal_mode = wal", imported}}) {
         SCOPED_TRACE(row.name);
         if (*row.statements) {
             DataFolder other;
@@ -125,8 +122,8 @@ TEST_F(FilesTest, WhatIsRestoredIsWhatTheNextQueryMeets) {
             fs::copy_file(other.database(), file(row.name));
         }
         write(data.database(), before);
-        restore(file(row.name), row.boxes);
-        const bool replaced = row.boxes.front().text == imported.text;
+        restore(file(row.name), row.box);
+        const bool replaced = row.box.text == imported.text;
         EXPECT_TRUE(bytes(data.database()) == (replaced ? bytes(file(row.name)) : before));
         if (*row.ended) {
             EXPECT_EQ(endedBy([&] { go(window, "CmdAll"); }).substr(0, std::string_view(row.ended).size()), row.ended);
@@ -136,63 +133,10 @@ TEST_F(FilesTest, WhatIsRestoredIsWhatTheNextQueryMeets) {
             EXPECT_EQ(rows(window).size(), replaced ? 1U : 2U);
         }
     }
-    restore(std::nullopt);
+    host.answerOpenName(std::nullopt);
+    choose("mnuImport");
     EXPECT_EQ(data.cell("pragma journal_mode"), "delete");
     EXPECT_EQ(host.fileDialogs[0], (TestHost::Asked{"", "Backup (*.bak)"}));
-}
-
-// --- The proposal ----------------------------------------------------------------------------------------------------
-
-class ProposalJourney : public FilesTest {
-protected:
-    QWidget& print(QWidget& order) {
-        go(order, "Command1",
-           {ok("In case you made any changes to the proposal, you will need to save your changes first so that the "
-               "changes "
-               "appear in the print out.",
-               std::string(defaultTitle))});
-        QWidget* report = standing("DataReport3");
-        if (!report) throw std::runtime_error("no DataReport3");
-        return *report;
-    }
-    // The words of the report, by way of its PDF.
-    std::string words(QWidget& report) {
-        const std::string name = file("out.pdf");
-        fs::remove(name);
-        host.answerSaveName(file("out"));
-        go(report, "cmdPdf", {ok("The report was written to " + name, "Estimate Proposal")});
-        QProcess reader;
-        reader.start("pdftotext", {"-layout", qstring(name), "-"});
-        EXPECT_TRUE(reader.waitForFinished());
-        EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
-        return reader.readAllStandardOutput().simplified().toStdString();
-    }
-};
-
-TEST_F(ProposalJourney, ShowsWhatIsSaved) {
-    QWidget& order = openEstimate("E", 3);
-    go(order, "cmbItems=Joist; cmbRooms=Attic; cmdAdd; txtTaxPer=9");
-    QWidget& report = print(order);
-    EXPECT_EQ(utf8(report.windowTitle()), "Estimate Proposal");
-    EXPECT_EQ(text(report, "lblPage"), "Page 1 of 1");
-    const std::string before = words(report);
-    for (const char* part : {"Estimates Proposal", "Ann Lee", "9 Oak", "7/4/2003", "Deck 2.5 Each Joist 25.00",
-                             "Roof 100 Bag Brick 50.00 20.00", "71.25", "200.00", "236.00"})
-        EXPECT_NE(before.find(part), std::string::npos) << part << " is not in " << before;
-    EXPECT_EQ(before.find("Attic"), std::string::npos) << before;
-
-    go(order, "CmdSave", {ok("Estimate Saved")});
-    EXPECT_EQ(&print(order), &report) << "the window that stands is used again";
-    const std::string after = words(report);
-    EXPECT_NE(after.find("Attic 2 Bag Joist 20.00"), std::string::npos) << after;
-    EXPECT_NE(after.find("140.25"), std::string::npos) << after;
-    go(report, "cmdClose");
-    EXPECT_FALSE(standing("DataReport3"));
-
-    closeBox(order);
-    QWidget& unsaved = newEstimate();
-    go(unsaved, "cmdAdd");
-    EXPECT_EQ(words(print(unsaved)), "Estimates Proposal");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The list reports in their windows.
+// The reports in their windows, on paper and in files.
 
 #include <QCheckBox>
 #include <QDialog>
@@ -52,6 +52,25 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     choose("mnucustrpt");
     EXPECT_EQ(page("DataReport2"), "Customers Report\nName\nAddress\nPhone\nFax\nEmail\n");
     EXPECT_TRUE(standing("DataReport1"));
+}
+
+TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
+    const std::vector<TestHost::Box> notice{
+        ok("In case you made any changes to the proposal, you will need to save your changes first so that the changes "
+           "appear in the print out.",
+           std::string(defaultTitle))};
+    QWidget& order = openEstimate("E", 3);
+    go(order, "cmbItems=Joist; cmbRooms=Attic; cmdAdd; txtTaxPer=9; Command1", notice);
+    const std::string before = page("DataReport3");
+    for (const char* part : {"Ann Lee\n", "9 Oak\n", "7/4/2003\n", "\nDeck\n2.5\nEach\nJoist\n25.00\n", "\n236.00\n"})
+        EXPECT_NE(before.find(part), std::string::npos) << part << " is not in " << before;
+    EXPECT_EQ(before.find("Attic"), std::string::npos) << before;
+    go(order, "CmdSave", {ok("Estimate Saved")});
+    go(order, "Command1", notice);
+    EXPECT_NE(page("DataReport3").find("Attic\n2\nBag\nJoist\n20.00\n"), std::string::npos) << page("DataReport3");
+    closeBox(order);
+    go(newEstimate(), "cmdAdd; Command1", notice);
+    EXPECT_EQ(page("DataReport3"), "Estimates Proposal\n") << "that one is not saved";
 }
 
 TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
