@@ -9,6 +9,8 @@
 #include "calculators/screens/tab_strip.h"
 #include "journeys/journey.h"
 #include "shell/menu_tree.h"
+#include "widgets/picture_button.h"
+#include "widgets/pictures.h"
 
 namespace torvane {
 namespace {
@@ -77,6 +79,8 @@ protected:
         std::ranges::sort(all);
         EXPECT_EQ(way, all);
         EXPECT_EQ(focusControls(window).nameless, std::set<std::string>{});
+        for (const auto* button : window.findChildren<PictureButton*>())
+            EXPECT_FALSE(picture(button->picture()).isNull()) << utf8(button->objectName());
     }
 
     // Escape presses nothing in a text box, and Enter just this button; "next" is buttonAfter().

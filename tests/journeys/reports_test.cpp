@@ -1,4 +1,4 @@
-// The list reports in their windows.
+// The reports in their windows, on paper and in files.
 
 #include <QCheckBox>
 #include <QDialog>
@@ -35,7 +35,6 @@ protected:
 
 TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     QWidget& dates = prompt();
-    EXPECT_EQ(utf8(dates.windowTitle()), "Estimates Report");
     EXPECT_EQ(find<DateBox>(dates, "FDate").Value(), (Date{2004, 2, 1}));
     EXPECT_EQ(find<DateBox>(dates, "TDate").Value(), (Date{2004, 2, 20}));
     const std::string head = "Estimates Report\nEstimate No.\nEstimate Date\nCustomer Name\nTotal\n";
@@ -46,13 +45,32 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     find<DateBox>(dates, "FDate").setValue({2004, 1, 31});
     go(dates, "Command1");
     EXPECT_EQ(page("DataReport1"), head + "5\n1/31/2004\nBob Ray\n10.00\n10.00\n");
-    // The customers report stands beside it, and the prompt may go.
-    choose("mnucustrpt");
-    EXPECT_TRUE(
-        page("DataReport2").starts_with("Customers Report\nName\nAddress\nPhone\nFax\nEmail\nAnn Lee\n1 Elm\n"));
     go(dates, "Command2");
     EXPECT_FALSE(screens->reportPrompt.loaded());
-    EXPECT_TRUE(standing("DataReport1") && standing("DataReport2"));
+    // A run that can't read shows an empty report beside it, and no box.
+    data.execute("drop table Customer");
+    choose("mnucustrpt");
+    EXPECT_EQ(page("DataReport2"), "Customers Report\nName\nAddress\nPhone\nFax\nEmail\n");
+    EXPECT_TRUE(standing("DataReport1"));
+}
+
+TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
+    const std::vector<TestHost::Box> notice{
+        ok("In case you made any changes to the proposal, you will need to save your changes first so that the changes "
+           "appear in the print out.",
+           std::string(defaultTitle))};
+    QWidget& order = openEstimate("E", 3);
+    go(order, "cmbItems=Joist; cmbRooms=Attic; cmdAdd; txtTaxPer=9; Command1", notice);
+    const std::string before = page("DataReport3");
+    for (const char* part : {"Ann Lee\n", "9 Oak\n", "7/4/2003\n", "\nDeck\n2.5\nEach\nJoist\n25.00\n", "\n236.00\n"})
+        EXPECT_NE(before.find(part), std::string::npos) << part << " is not in " << before;
+    EXPECT_EQ(before.find("Attic"), std::string::npos) << before;
+    go(order, "CmdSave", {ok("Estimate Saved")});
+    go(order, "Command1", notice);
+    EXPECT_NE(page("DataReport3").find("Attic\n2\nBag\nJoist\n20.00\n"), std::string::npos) << page("DataReport3");
+    closeBox(order);
+    go(newEstimate(), "cmdAdd; Command1", notice);
+    EXPECT_EQ(page("DataReport3"), "Estimates Proposal\n") << "that one is not saved";
 }
 
 TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
@@ -65,26 +83,25 @@ TEST_F(ReportsTest, ExportsWholeFilesOrNone) {
         const char* ended;  // as it is written
         const char* beginsWith;
     };
+    const auto exportTo = [&](const char* button, std::optional<std::string> name, std::vector<TestHost::Box> boxes) {
+        host.answerSaveName(std::move(name));
+        go(report, button, boxes);
+    };
     for (const Row& row :
          {Row{"cmdPdf", "customers", "customers.pdf", "%PDF"}, Row{"cmdPdf", "UPPER.PDF", "UPPER.PDF", "%PDF"},
           Row{"cmdHtml", "customers", "customers.html", "<!DOCTYPE html>"},
           Row{"cmdHtml", "short.htm", "short.htm", "<!DOCTYPE html>"}}) {
         SCOPED_TRACE(row.name);
         const std::string name = data.path() + "/" + row.ended;
-        host.answerSaveName(data.path() + "/" + row.name);
-        host.expectOk("The report was written to " + name, "Customers Report");
-        go(report, row.button);
-        EXPECT_TRUE(bytes(name).starts_with(row.beginsWith));
-        host.answerSaveName(name);
-        host.expectYesNo("File already Exists. Overwrite it?", "Customers Report", Answer::No);
-        go(report, row.button);
-        host.answerSaveName(std::nullopt);
-        go(report, row.button);
         const std::string nowhere = data.path() + "/no such folder/" + row.ended;
-        host.answerSaveName(nowhere);
-        host.expectOk("The report could not be written to " + nowhere + ". Nothing was changed there.",
-                      "Customers Report");
-        go(report, row.button);
+        exportTo(row.button, data.path() + "/" + row.name,
+                 {ok("The report was written to " + name, "Customers Report")});
+        EXPECT_TRUE(bytes(name).starts_with(row.beginsWith));
+        exportTo(row.button, name, {no("File already Exists. Overwrite it?", "Customers Report")});
+        exportTo(row.button, std::nullopt, {});
+        exportTo(
+            row.button, nowhere,
+            {ok("The report could not be written to " + nowhere + ". Nothing was changed there.", "Customers Report")});
     }
 }
 
@@ -137,11 +154,25 @@ TEST_F(ReportsTest, PrintsThePagesThatAreAskedFor) {
     }
 }
 
-TEST_F(ReportsTest, PrintsToAFile) {
+TEST_F(ReportsTest, TurnsAndPrintsPages) {
     for (int number = 100; number < 160; ++number)
         data.execute("insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (" + std::to_string(number) +
                      ", 7, '2010-01-01', 1)");
     go(prompt(), "Command3");
+    QWidget& report = *standing("DataReport1");
+    const Names turns{"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"};
+    for (const auto& [button, label, usable] : {std::tuple{"cmdLast", "Page 2 of 2", "cmdFirst cmdPrevious"},
+                                                {"cmdPrevious", "Page 1 of 2", "cmdNext cmdLast"},
+                                                {"cmdNext", "Page 2 of 2", "cmdFirst cmdPrevious"},
+                                                {"cmdFirst", "Page 1 of 2", "cmdNext cmdLast"}}) {
+        go(report, button);
+        EXPECT_EQ(text(report, "lblPage"), label);
+        EXPECT_EQ(enabled(report, turns), usable);
+    }
+    const int before = find<QWidget>(report, "page").width();
+    go(report, "cmbZoom=200 %");
+    EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);
+
     const QString name = qstring(data.path() + "/printed.pdf");
     whenModal([&](QWidget& top) {
         find<QLineEdit>(top, "filename").setText(name);
@@ -149,7 +180,7 @@ TEST_F(ReportsTest, PrintsToAFile) {
         find<QCheckBox>(top, "reverse").setChecked(true);
         dynamic_cast<QDialog&>(top).accept();
     });
-    go(*standing("DataReport1"), "cmdPrint");
+    go(report, "cmdPrint");
     QProcess reader;
     reader.start("pdftotext", {name, "-"});
     ASSERT_TRUE(reader.waitForFinished());
@@ -183,31 +214,6 @@ TEST_F(ReportsTest, AFieldThatTheDataLackIsSaidAndLeftEmpty) {
     choose("mnucustrpt");
     go(*standing("DataReport2"), "cmdNext");
     EXPECT_TRUE(page("DataReport2").find("More") != std::string::npos);
-}
-
-TEST_F(ReportsTest, TurnsPages) {
-    for (int number = 100; number < 160; ++number)
-        data.execute("insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (" + std::to_string(number) +
-                     ", 7, '2010-01-01', 1)");
-    QWidget& dates = prompt();
-    go(dates, "Command3");
-    QWidget& report = *standing("DataReport1");
-    EXPECT_EQ(texts(report, {"lblPage"}), "Page 1 of 2");
-    EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), "cmdNext cmdLast");
-    go(report, "cmdLast");
-    EXPECT_EQ(texts(report, {"lblPage"}), "Page 2 of 2");
-    EXPECT_TRUE(page("DataReport1").ends_with("\n159\n1/1/2010\nAnn Lee\n1.00\n306.00\n"));
-    EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), "cmdFirst cmdPrevious");
-    const int before = find<QWidget>(report, "page").width();
-    go(report, "cmbZoom=200 %");
-    EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);
-}
-
-TEST_F(ReportsTest, ARunWithoutADatabaseShowsAnEmptyReport) {
-    start();
-    data.execute("drop table Customer");
-    choose("mnucustrpt");
-    EXPECT_EQ(page("DataReport2"), "Customers Report\nName\nAddress\nPhone\nFax\nEmail\n");
 }
 
 }  // namespace

@@ -29,6 +29,7 @@
 #include "screens/guarded_application.h"
 #include "shell/screens.h"
 #include "support/data_folder.h"
+#include "support/test_host.h"
 #include "widgets/drop_list.h"
 
 namespace torvane {
@@ -43,8 +44,7 @@ public:
     bool oneIn(int chances) { return below(chances) == 0; }
     template <class List>
     auto& one(List& list) {
-        return list[static_cast<typename std::decay_t<decltype(list)>::size_type>(
-            below(static_cast<int>(list.size())))];
+        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
     }
 
 private:
@@ -52,30 +52,23 @@ private:
 };
 
 // Answers every box and file dialog by the dice.
-class MonkeyHost : public Host {
+class MonkeyHost : public TestHost {
 public:
-    MonkeyHost(std::string folder, Dice& dice) : folder_(std::move(folder)), dice_(dice) {}
+    MonkeyHost(std::string programFolder, Dice& dice) : TestHost(std::move(programFolder)), dice_(dice) {}
     Answer box(std::string_view, std::string_view, Buttons buttons) override {
         if (buttons == Buttons::Ok) return Answer::Ok;
         return dice_.oneIn(2) ? Answer::Yes : Answer::No;
     }
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return name(); }
     std::optional<std::string> askOpenName(std::string_view) override { return name(); }
-    void startProgram(const std::string&) override {}
-    Date today() const override { return {2024, 3, 15}; }
-    const ShortDate& shortDate() const override { return shortDate_; }
-    const std::string& programDirectory() const override { return folder_; }
-    std::int16_t NoInList() const override { return 15; }
 
 private:
     std::optional<std::string> name() {
         if (dice_.oneIn(4)) return std::nullopt;
         const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", "/no ending"};
-        return folder_ + names[dice_.below(5)];
+        return folder + names[dice_.below(5)];
     }
-    std::string folder_;
     Dice& dice_;
-    ShortDate shortDate_;
 };
 
 class Monkey : public QObject {
@@ -83,7 +76,6 @@ public:
     Monkey(Dice& dice, int steps) : dice_(dice), left_(steps) { next(); }
     // Says how far it came, and leaves.
     [[noreturn]] void leave(Ending ending) const {
-        std::printf("after: %s\n", qPrintable(acts_.join(QLatin1String(", "))));
         report();
         std::_Exit(ending);
     }
@@ -107,40 +99,31 @@ private:
 
     void act() {
         constexpr int signOfLife = 100;
-        if (left_-- <= 0) {
-            left_ = 0;
-            report();
-            // The way out through all destructors: what leaks is seen.
-            QCoreApplication::exit(allStepsDone);
-            return;
-        }
         if (left_ % signOfLife == 0) report();
+        // The way out through all destructors: what leaks is seen.
+        if (left_-- == 0) return QCoreApplication::exit(allStepsDone);
         next();
         if (QWidget* popup = QApplication::activePopupWidget()) return inPopup(*popup);
         QWidget* window = someWindow();
         if (!window) return;
-        switch (dice_.below(12)) {
-            case 0:
-            case 1:
-            case 2:
-            case 3:
-                return click<QAbstractButton>(*window);
-            case 4:
-            case 5:
-                return type(*window);
-            case 6:
-                return key(*window);
-            case 7:
-                return pick(*window);
-            case 8:
-                return row(*window);
-            case 9:
-                return entry(*window);
-            case 10:
-                return click<QHeaderView>(*window);
-            default:
-                if (dice_.oneIn(window->objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window->close();
-        }
+        // Buttons and typing come more often.
+        static const std::vector<void (Monkey::*)(QWidget&)> acts{&Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QAbstractButton>,
+                                                                  &Monkey::click<QHeaderView>,
+                                                                  &Monkey::type,
+                                                                  &Monkey::type,
+                                                                  &Monkey::key,
+                                                                  &Monkey::pick,
+                                                                  &Monkey::row,
+                                                                  &Monkey::entry,
+                                                                  &Monkey::close};
+        (this->*dice_.one(acts))(*window);
+    }
+
+    void close(QWidget& window) {
+        if (dice_.oneIn(window.objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window.close();
     }
 
     QWidget* someWindow() {
@@ -169,15 +152,8 @@ private:
         return controls.isEmpty() ? nullptr : dice_.one(controls);
     }
 
-    void note(const char* act, const QObject& on) {
-        constexpr qsizetype remembered = 6;
-        acts_.append(QLatin1String(act) + QLatin1Char(' ') + on.objectName());
-        if (acts_.size() > remembered) acts_.removeFirst();
-    }
-
     // Straight to the controls: no other event comes between press and release, but anything may be gone after each.
     void clickAt(QWidget& control, const QPoint& point, bool twice = false) {
-        note(twice ? "double click" : "click", control);
         const QPointer<QWidget> there = &control;
         const Qt::MouseButton button = dice_.oneIn(12) ? Qt::RightButton : Qt::LeftButton;
         if (control.focusPolicy() & Qt::ClickFocus) control.setFocus(Qt::MouseFocusReason);
@@ -219,7 +195,6 @@ private:
                                     Qt::Key_F1,     Qt::Key_Space,  Qt::Key_Down, Qt::Key_Up,      Qt::Key_PageDown,
                                     Qt::Key_C,      Qt::Key_V,      Qt::Key_X,    Qt::Key_A,       Qt::Key_Z};
         const Qt::Key pressed = keys[dice_.below(std::size(keys))];
-        note(qPrintable(QKeySequence(pressed).toString()), window);
         press(window, pressed, pressed >= Qt::Key_A && pressed <= Qt::Key_Z ? Qt::ControlModifier : Qt::NoModifier);
     }
 
@@ -247,10 +222,7 @@ private:
             if (!action->objectName().isEmpty() && !action->menu() && action->isVisible() && action->isEnabled() &&
                 !leaves(*action))
                 entries.append(action);
-        if (entries.isEmpty()) return;
-        QAction& chosen = *dice_.one(entries);
-        note("entry", chosen);
-        chosen.trigger();
+        if (!entries.isEmpty()) dice_.one(entries)->trigger();
     }
 
     void inPopup(QWidget& popup) {
@@ -260,7 +232,6 @@ private:
 
     Dice& dice_;
     int left_;
-    QStringList acts_;
     bool busy_ = false;
     QPointer<QWidget> modalOfStep_;
 };
@@ -314,14 +285,14 @@ bool watch(const QString& program, unsigned seed, int steps) {
         const int mark = static_cast<int>(output.lastIndexOf("left "));
         const int left = mark < 0 ? steps : output.mid(mark + 5).split('\n').value(0).toInt();
         const int ending = child.exitCode();
-        const std::string broken = data.cell("pragma integrity_check");
-        const bool good = !hangs && child.exitStatus() == QProcess::NormalExit && broken == "ok" &&
+        const std::string database = data.cell("pragma integrity_check");
+        const bool good = !hangs && child.exitStatus() == QProcess::NormalExit && database == "ok" &&
                           (ending == allStepsDone || ending == runTimeError || ending == lastWindowGone);
-        if (ending == runTimeError || !good)
+        if (!good) {
             std::printf("seed %u, %d steps, %d left, status %d%s, database %s\n%s\n", seed, steps, left, ending,
-                        hangs ? ", hangs" : "", broken.c_str(),
-                        good ? output.mid(output.lastIndexOf("ended by")).constData() : output.constData());
-        if (!good) return false;
+                        hangs ? ", hangs" : "", database.c_str(), output.constData());
+            return false;
+        }
         if (ending == allStepsDone) break;
         steps = left;
     }
