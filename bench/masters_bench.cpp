@@ -31,9 +31,7 @@ public:
 
 class Catalogue {
 public:
-    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
-        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
-    }
+    explicit Catalogue(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {}
     void act(const std::function<void()>& handler) { program_.guarded(handler); }
 
 private:

@@ -35,6 +35,8 @@ public:
     Answer box(std::string_view, std::string_view, Buttons buttons) override {
         return buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
     }
+    void runtimeErrorBox(const RuntimeFailure& failure) override { std::fputs(failure.what(), stderr); }
+    void beep() override {}
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return std::nullopt; }
     std::optional<std::string> askOpenName(std::string_view) override { return std::nullopt; }
     void startProgram(const std::string&) override {}

@@ -28,9 +28,7 @@ constexpr int columns = 12;
 // The estimate screen of a program of its own over one folder.
 class Screen {
 public:
-    Screen(Host& host, Store& store) : program_({host, store}, leaveProcess) {
-        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
-    }
+    Screen(Host& host, Store& store) : program_({host, store}, leaveProcess) {}
 
     // Puts lines into the record, as loading the estimate would; gone with the window.
     void setLines(int count) {

@@ -38,9 +38,7 @@ constexpr double proposalLimit = 200;
 
 class Screens {
 public:
-    explicit Screens(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {
-        program_.guard().setErrorBox([](const RuntimeFailure& failure) { std::fputs(failure.what(), stderr); });
-    }
+    explicit Screens(Sample& sample) : program_({sample.host, sample.store}, leaveProcess) {}
     void act(const std::function<void()>& handler) {
         program_.guarded(handler);
         QApplication::processEvents();

@@ -9,6 +9,8 @@
 
 namespace torvane {
 
+class RuntimeFailure;
+
 enum class Buttons { Ok, YesNo };
 enum class Answer { Ok, Yes, No };
 
@@ -23,6 +25,10 @@ public:
 
     // A message box without an icon; returns when it has been answered. Closing it counts as Ok, or as No.
     virtual Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) = 0;
+    // The box of a failure that ends the program; returns when it has been closed.
+    virtual void runtimeErrorBox(const RuntimeFailure& failure) = 0;
+    // The plain sound of the machine.
+    virtual void beep() = 0;
 
     // File dialogs; the full name that was chosen, or nothing after Cancel. The save dialog asks no question of its own
     // about a file that exists, and the open dialog takes a name that does not exist. `filter` is "Words (*.ext)".

@@ -1,6 +1,6 @@
 #include "screens/error_box.h"
 
-#include "screens/dialogs.h"
+#include "values/failure.h"
 #include "widgets/texts.h"
 
 namespace torvane {
@@ -23,13 +23,6 @@ QString errorBoxText(const RuntimeFailure& failure) {
     if (refused.isEmpty()) return text;
     if (refused.size() > longestRefused) refused = refused.left(longestRefused) + QChar(0x2026);
     return text + QStringLiteral("\n\nRefused: ") + refused;
-}
-
-void showErrorBox(const RuntimeFailure& failure) {
-    QMessageBox box;
-    prepareBox(box, errorBoxText(failure), qstring(defaultTitle), Buttons::Ok);
-    box.setObjectName("RuntimeErrorBox");
-    runOverFront(box);
 }
 
 }  // namespace torvane

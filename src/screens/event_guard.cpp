@@ -6,7 +6,6 @@
 #include <exception>
 
 #include "datastore/store.h"
-#include "screens/error_box.h"
 #include "screens/focus_watcher.h"
 #include "screens/form_window.h"
 #include "screens/last_window.h"
@@ -14,8 +13,9 @@
 
 namespace torvane {
 
-EventGuard::EventGuard(Store& store, FocusWatcher& watcher, LastWindow& lastWindow, std::function<void(int)> leave)
-    : store_(store), watcher_(watcher), lastWindow_(lastWindow), leave_(std::move(leave)), showFailure_(showErrorBox) {}
+EventGuard::EventGuard(const DataAccess& access, FocusWatcher& watcher, LastWindow& lastWindow,
+                       std::function<void(int)> leave)
+    : access_(access), watcher_(watcher), lastWindow_(lastWindow), leave_(std::move(leave)) {}
 
 void EventGuard::run(const std::function<void()>& handler) {
     if (ending_) return;
@@ -55,11 +55,11 @@ void EventGuard::end(RuntimeFailure failure) {
         failedWhile_ = "working in the window \"" + utf8(window->windowTitle()) + '"';
     failure.setDuring(failedWhile_);
     try {
-        showFailure_(failure);
+        access_.host.runtimeErrorBox(failure);
     } catch (const std::exception&) {
         // There is nothing left to say it with; the rest of the end must come.
     }
-    store_.commitOpenGroups();
+    access_.store.commitOpenGroups();
     leave_(1);
 }
 

@@ -4,18 +4,20 @@
 #include <string>
 #include <vector>
 
+#include "datastore/data_access.h"
+
 namespace torvane {
 
 class FocusWatcher;
 class LastWindow;
 class RuntimeFailure;
-class Store;
 
 // Runs the handlers of all windows, and ends the program when a failure leaves one of them.
 class EventGuard {
 public:
     // `leave` leaves the process with a status; it never returns.
-    EventGuard(Store& store, FocusWatcher& watcher, LastWindow& lastWindow, std::function<void(int status)> leave);
+    EventGuard(const DataAccess& access, FocusWatcher& watcher, LastWindow& lastWindow,
+               std::function<void(int status)> leave);
     EventGuard(const EventGuard&) = delete;
     EventGuard& operator=(const EventGuard&) = delete;
 
@@ -41,15 +43,12 @@ public:
     // Makes all handlers inert, shows the run-time error box, commits open write groups and leaves the process with
     // status 1. Returns only when the box stands already, for another failure.
     void end(RuntimeFailure failure);
-    // What shows the failure, in place of the run-time error box.
-    void setErrorBox(std::function<void(const RuntimeFailure&)> show) { showFailure_ = std::move(show); }
 
 private:
-    Store& store_;
+    const DataAccess access_;
     FocusWatcher& watcher_;
     LastWindow& lastWindow_;
     std::function<void(int)> leave_;
-    std::function<void(const RuntimeFailure&)> showFailure_;
     std::vector<int> running_;        // the depth of event loops in which each running handler was entered
     std::vector<std::string> doing_;  // what is going on, the innermost last
     std::string failedWhile_;         // the innermost that a failure has left

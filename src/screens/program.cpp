@@ -11,7 +11,7 @@
 namespace torvane {
 
 Program::Program(DataAccess access, std::function<void(int)> leave)
-    : access_(access), focusWatcher_(*this), guard_(access.store, focusWatcher_, lastWindow_, std::move(leave)) {}
+    : access_(access), focusWatcher_(*this), guard_(access_, focusWatcher_, lastWindow_, std::move(leave)) {}
 
 Program::~Program() {
     // Those that still wait for their deletion would look for the program.

@@ -1,5 +1,6 @@
 #include "screens/qt_host.h"
 
+#include <QApplication>
 #include <QDate>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QStandardPaths>
 
 #include "screens/dialogs.h"
+#include "screens/error_box.h"
 #include "values/failure.h"
 #include "widgets/texts.h"
 
@@ -94,6 +96,17 @@ Answer QtHost::box(std::string_view text, std::string_view title, Buttons button
     const int pressed = runOverFront(box);
     if (buttons == Buttons::Ok) return Answer::Ok;
     return pressed == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+void QtHost::runtimeErrorBox(const RuntimeFailure& failure) {
+    QMessageBox box;
+    prepareBox(box, errorBoxText(failure), qstring(defaultTitle), Buttons::Ok);
+    box.setObjectName("RuntimeErrorBox");
+    runOverFront(box);
+}
+
+void QtHost::beep() {
+    QApplication::beep();
 }
 
 std::optional<std::string> QtHost::askSaveName(std::string_view proposed, std::string_view filter) {

@@ -20,6 +20,8 @@ public:
     explicit QtHost(std::string programDirectory);
 
     Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    void runtimeErrorBox(const RuntimeFailure& failure) override;
+    void beep() override;
     std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
     std::optional<std::string> askOpenName(std::string_view filter) override;
     void startProgram(const std::string& path) override;

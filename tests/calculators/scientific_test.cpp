@@ -19,8 +19,7 @@ using Texts = std::vector<std::string>;
 // A calculator in a program of its own.
 struct Calculator {
     explicit Calculator(Store& store) : program(DataAccess{host, store}, [](int) {}) {
-        program.guard().setErrorBox([this](const RuntimeFailure& failure) { failed = failure.number(); });
-        form.setBeep([this] { ++beeps; });
+        host.onRuntimeError = [this](const RuntimeFailure& failure) { failed = failure.number(); };
         program.guarded([this] { form.Load(); });
         window = form.standingWindow();
     }
@@ -45,7 +44,6 @@ struct Calculator {
     }
     TestHost host;
     int failed = 0;
-    int beeps = 0;
     Program program;
     bool aboutShown = false;
     scientific form{program, [this] { aboutShown = true; }};
@@ -197,11 +195,11 @@ TEST_F(ScientificTest, EachKeyPressCountsOnceAndStillReachesTheFocus) {
     };
     for (const Step& step : steps) {
         SCOPED_TRACE(step.typed);
-        calculator.beeps = 0;
+        calculator.host.beeps = 0;
         type(step.focus, step.typed);
         EXPECT_EQ(text1.Text(), step.display);
         EXPECT_EQ(calculator.label("Label2"), step.display);
-        EXPECT_EQ(calculator.beeps, step.beeps);
+        EXPECT_EQ(calculator.host.beeps, step.beeps);
     }
     key(equals, Qt::Key_Left);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "Command2_6");
@@ -233,7 +231,7 @@ TEST_F(ScientificTest, EditEntriesAnswerTheirShortcutsInTheDisplay) {
     key(find<QWidget>(*calculator.window, "Command1_1"), Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(clipboard(), "2");
     EXPECT_EQ(calculator.label("Label2"), "3");
-    EXPECT_EQ(calculator.beeps, 0);
+    EXPECT_EQ(calculator.host.beeps, 0);
     calculator.press("'9,push,AC");
     EXPECT_EQ(clipboard(), "");
     trigger(find<QAction>(*calculator.window, "tscientific"));

@@ -244,9 +244,9 @@ int run(int argc, char** argv, unsigned seed, int steps, const std::string& fold
     FileSystem files;
     Monkey monkey(dice, steps);
     Program program({host, store}, [&monkey](int) { monkey.leave(runTimeError); });
-    program.guard().setErrorBox([](const RuntimeFailure& failure) {
+    host.onRuntimeError = [](const RuntimeFailure& failure) {
         std::printf("ended by %d %s: %s\n", failure.number(), failure.text().c_str(), failure.refused().c_str());
-    });
+    };
     application.setLastNet([&monkey](const RuntimeFailure& failure) {
         std::printf("past the guard: %d %s\n", failure.number(), failure.text().c_str());
         monkey.leave(pastTheGuard);
@@ -271,10 +271,10 @@ bool watch(const QString& program, unsigned seed, int steps) {
         QProcess child;
         child.setProcessChannelMode(QProcess::MergedChannels);
         child.setWorkingDirectory(folder);
-        QProcessEnvironment access = QProcessEnvironment::systemEnvironment();
-        access.insert("HOME", folder);
-        access.insert("QT_QPA_PLATFORM", "offscreen");
-        child.setProcessEnvironment(access);
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", folder);
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        child.setProcessEnvironment(environment);
         child.start(program, {QString::number(seed), QString::number(steps), folder});
         QByteArray output;
         while (child.state() != QProcess::NotRunning && child.waitForReadyRead(patienceMs)) output += child.readAll();

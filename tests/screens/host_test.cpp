@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QTest>
 
-#include "screens/error_box.h"
 #include "screens/probe.h"
 #include "screens/qt_host.h"
 
@@ -63,7 +62,7 @@ TEST_F(QtHostTest, RuntimeErrorBoxComesAlsoWithoutAnyWindow) {
         EXPECT_EQ(utf8(top.windowTitle()), defaultTitle);
         key(top, Qt::Key_Escape);
     });
-    showErrorBox(RuntimeFailure{9, "Subscript out of range"});
+    machine.runtimeErrorBox(RuntimeFailure{9, "Subscript out of range"});
 }
 
 TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {

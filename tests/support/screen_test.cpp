@@ -190,10 +190,10 @@ bool waitFor(const std::function<bool()>& condition, int milliseconds) {
 
 ScreenTest::ScreenTest()
     : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
-    program.guard().setErrorBox([this](const RuntimeFailure& failure) {
+    host.onRuntimeError = [this](const RuntimeFailure& failure) {
         failure_ = failure;
         whileFailureShows();
-    });
+    };
     application().setLastNet([this](const RuntimeFailure& failure) {
         stop("got past the event guard: " + std::to_string(failure.number()) + " " + failure.text());
     });

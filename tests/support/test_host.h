@@ -47,12 +47,18 @@ public:
     std::vector<std::string> started;
     bool missingPrograms = false;
 
+    // Runs in place of the run-time error box.
+    std::function<void(const RuntimeFailure&)> onRuntimeError = [](const RuntimeFailure&) {};
+    int beeps = 0;
+
     Date now{2024, 3, 15};
     ShortDate style;
     std::string folder;
     std::int16_t rowsPerPage = 15;
 
     Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    void runtimeErrorBox(const RuntimeFailure& failure) override { onRuntimeError(failure); }
+    void beep() override { ++beeps; }
     std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
     std::optional<std::string> askOpenName(std::string_view filter) override;
     void startProgram(const std::string& path) override;

@@ -13,7 +13,6 @@
 
 #include "calculators/screens/key_preview.h"
 #include "calculators/screens/scientific_key.h"
-#include "host/host.h"
 #include "values/failure.h"
 #include "widgets/text_box.h"
 #include "widgets/texts.h"
@@ -142,7 +141,7 @@ QLabel* greenLabel(const char* name, const char* says, Qt::Alignment alignment) 
 }  // namespace
 
 scientific::scientific(Program& program, std::function<void()> showAbout)
-    : Form(program, "scientific"), showAbout_(std::move(showAbout)), beep_(&QApplication::beep) {
+    : Form(program, "scientific"), showAbout_(std::move(showAbout)) {
     setHelpContext(helpPage);
 }
 

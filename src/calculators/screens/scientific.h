@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "calculators/scientific_machine.h"
+#include "host/host.h"
 #include "screens/form.h"
 
 class QButtonGroup;
@@ -24,9 +25,6 @@ public:
     // `showAbout`: what the entry "About" does.
     scientific(Program& program, std::function<void()> showAbout);
 
-    // What sounds in place of the system's plain beep.
-    void setBeep(std::function<void()> sound) { beep_ = std::move(sound); }
-
 protected:
     void build(QWidget& window) override;
     void dropControls() override;
@@ -34,7 +32,7 @@ protected:
 
 private:
     void say(std::string_view message) override;
-    void beep() override { beep_(); }
+    void beep() override { program().host().beep(); }
     float random() override { return static_cast<float>(random_()) / static_cast<float>(RandomNumbers::modulus); }
     void clearClipboard() override;
     void setClipboard(std::string_view text) override;
@@ -54,7 +52,6 @@ private:
     using RandomNumbers = std::linear_congruential_engine<std::uint32_t, 0x6A4C35, 0x3D0B71, 0x1000000>;
     RandomNumbers random_{0x2B7E5D};
     std::function<void()> showAbout_;
-    std::function<void()> beep_;
     TextBox* Text1_ = nullptr;
     QLabel* Label1_ = nullptr;
     QLabel* Label2_ = nullptr;
