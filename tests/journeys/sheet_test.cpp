@@ -33,15 +33,12 @@ protected:
 };
 
 TEST_F(SheetTest, TheTreeIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
-    data.execute(
-        "delete from Category; delete from Item;"
-        "insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'öl', "
-        "null),"
-        "(5, 'Orphan', 99);"
-        "insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values (1, '1', 'Plank', 1, "
-        "1, 1, 1),"
-        "(2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1), (4, '4', 'Hidden', 4, 1, 1, 1),"
-        "(5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1)");
+    data.execute(R"(delete from Category; delete from Item;
+        insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'öl', null),
+            (5, 'Orphan', 99);
+        insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values
+            (1, '1', 'Plank', 1, 1, 1, 1), (2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1),
+            (4, '4', 'Hidden', 4, 1, 1, 1), (5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1))");
     start();
     auto& tree = find<CategoryTree>(sheet(), "TreeCategory");
     ASSERT_EQ(tree.topLevelItemCount(), 1);
