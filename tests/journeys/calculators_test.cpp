@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <algorithm>
 #include <set>
 
 #include "calculators/screens/calculator_window.h"
@@ -33,14 +34,22 @@ protected:
             if (standing(name)) names += (names.empty() ? "" : " ") + std::string(name);
         return names;
     }
-    // Labels, buttons and boxes that are smaller than their text wants.
+    // Labels, buttons and boxes that are smaller than their text wants, or that lie on one another.
     static std::set<std::string> cut(const QWidget& window) {
+        std::vector<const QWidget*> withText;
+        for (const QWidget* control : window.findChildren<QWidget*>())
+            if (control->isVisible() &&
+                (qobject_cast<const QLabel*>(control) || qobject_cast<const TextBox*>(control) ||
+                 qobject_cast<const QAbstractButton*>(control)))
+                withText.push_back(control);
         std::set<std::string> names;
-        for (const QWidget* control : window.findChildren<QWidget*>()) {
-            const bool hasText = qobject_cast<const QLabel*>(control) ||
-                                 qobject_cast<const QAbstractButton*>(control) || qobject_cast<const TextBox*>(control);
-            const QSize wanted = control->minimumSizeHint();
-            if (control->isVisible() && hasText && control->size().expandedTo(wanted) != control->size())
+        for (const QWidget* control : withText) {
+            const auto covers = [control](const QWidget* other) {
+                return other != control && other->parent() == control->parent() &&
+                       other->geometry().intersects(control->geometry());
+            };
+            if (control->size().expandedTo(control->minimumSizeHint()) != control->size() ||
+                std::ranges::any_of(withText, covers))
                 names.insert(utf8(control->objectName()));
         }
         return names;
