@@ -96,6 +96,13 @@ TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
     }
 }
 
+TEST_F(QtHostTest, TellsOfTheMachine) {
+    const QDate today = QDate::currentDate();
+    EXPECT_LE((Date{today.year(), today.month(), today.day()}), machine.today());
+    EXPECT_EQ(machine.NoInList(), 15);
+    EXPECT_THROW(machine.startProgram(machine.programDirectory() + "/Convert.exe"), RuntimeFailure);
+}
+
 // In every locale that Qt knows. Where numbers leave a choice a statement's reader takes the month first; a typed date
 // is read in the locale's order.
 TEST(ShortDateOfLocales, GoesOutAndComesBack) {
