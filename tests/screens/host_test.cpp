@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QTest>
 
-#include "screens/error_box.h"
 #include "screens/probe.h"
 #include "screens/qt_host.h"
 
@@ -56,14 +55,6 @@ TEST_F(QtHostTest, BoxesAndTheirAnswers) {
         QTest::keyClick(form.window().windowHandle(), 'x');
     }
     EXPECT_EQ(form.first->Text(), std::string(std::size(rows), 'x')) << "the keys come back";
-}
-
-TEST_F(QtHostTest, RuntimeErrorBoxComesAlsoWithoutAnyWindow) {
-    whenModal([&](QWidget& top) {
-        EXPECT_EQ(utf8(top.windowTitle()), defaultTitle);
-        key(top, Qt::Key_Escape);
-    });
-    showErrorBox(RuntimeFailure{9, "Subscript out of range"});
 }
 
 TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
