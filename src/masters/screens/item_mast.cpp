@@ -71,7 +71,7 @@ void ItemMast::FillCatg() {
         const std::int16_t key = toInt16((*rows)(0, row));
         entries.push_back({textOrEmpty((*rows)(1, row)) + category_->GetParentName(key), key});
     }
-    list.fill(std::move(entries));
+    list.fill(entries);
     list.select(0);
     list.setVisible(true);
     for (QWidget* standIn : {static_cast<QWidget*>(ui().txtCatName), static_cast<QWidget*>(ui().CmdSelCat),
