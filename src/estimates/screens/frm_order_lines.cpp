@@ -59,8 +59,8 @@ void frmOrder::FillItems() {
         names.push_back({textOrEmpty((*items)(1, row)), key});
         prices.push_back({priceEntry(*items, row), key});
     }
-    ui().cmbItems->fill(std::move(names));
-    ui().cmbPrices->fill(std::move(prices));
+    ui().cmbItems->fill(names);
+    ui().cmbPrices->fill(prices);
     ui().cmbPrices->select(0);
     ui().cmbItems->select(0);
 }
