@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <set>
 
 #include "calculators/calculator_groups.h"
@@ -61,6 +62,7 @@ TEST_F(HelpTest, EachCalculatorHasAPageThatNamesIt) {
 TEST_F(HelpTest, SearchesKeywordsFirstAndThenThePages) {
     const QList<HelpTopic> keywords = book->search({});
     EXPECT_GT(keywords.size(), 100);
+    EXPECT_TRUE(std::ranges::is_sorted(keywords, {}, [](const HelpTopic& topic) { return topic.text.toLower(); }));
     for (const HelpTopic& keyword : keywords) EXPECT_FALSE(book->data(keyword.page).isEmpty()) << utf8(keyword.text);
     for (const auto& [text, page] : {std::pair{"BACKUP", "backup.html"},
                                      {"tax", "estimate-totals.html"},

@@ -33,11 +33,11 @@ TEST(ListReports, PagesBreakBetweenBands) {
 TEST(ListReports, HtmlSaysTextsAsTheyAre) {
     const ReportField field{"", ReportControl::Text, "", 144, 0, 576, 240, Align::Right};
     const Placed placed{field, "2 < 3 & \"so\""};
-    const Placed number{field, "1234567.10", true};
+    const Placed number{field, "-1,234.10", true};
     const std::string html = htmlPage({placed, number});
     EXPECT_NE(std::string::npos, html.find("<div class=\"plain right\" style=\"left:7.2pt;"));
     EXPECT_NE(std::string::npos, html.find(">2 &lt; 3 &amp; \"so\"</div>"));
-    EXPECT_NE(std::string::npos, html.find("><span style=\"margin-left:2pt;transform:scaleX(0.61")) << html;
+    EXPECT_NE(std::string::npos, html.find("><span style=\"margin-left:2pt;transform:scaleX(0.76")) << html;
 }
 
 class ListReportsTest : public RecordTest {

@@ -61,11 +61,12 @@ protected:
 TEST_F(ProposalTest, ShowsWhatTheDatabaseHolds) {
     EXPECT_EQ(kept("proposal.txt"), dump(proposal(3)));
     folder.execute(
-        "update OrderInfo set Amount = 333.33, Tax = 8.25, OrderDate = '2003-07-04' where OrderNo = 3;"
+        "update OrderInfo set Amount = 333.33, Tax = 8.25, OrderDate = '2003-07-04', SStreet1 = 'a' || "
+        "char(13) || char(10) || 'b' || char(9) || 'c' where OrderNo = 3;"
         "update OrderItem set Labor = 2.675, Qty = 2.5 where rowid = (select min(rowid) from OrderItem where OrderNo = 3)");
     host.style.pattern = "dd.MM.yyyy";
     const std::string text = dump(proposal(3));
-    for (const char* part : {"right 333.33\n", "right 27.49972", "left 04.07.2003\n", "left 2.5\n"})
+    for (const char* part : {"right 333.33\n", "right 27.49972", "left 04.07.2003\n", "left 2.5\n", "left a b c\n"})
         EXPECT_NE(std::string::npos, text.find(part)) << part;
     // A line goes with its item, the estimate with its customer.
     folder.execute("delete from Item where ItemId = (select min(ItemId) from OrderItem where OrderNo = 3)");

@@ -57,14 +57,6 @@ TEST_F(QtHostTest, BoxesAndTheirAnswers) {
     EXPECT_EQ(form.first->Text(), std::string(std::size(rows), 'x')) << "the keys come back";
 }
 
-TEST_F(QtHostTest, RuntimeErrorBoxComesAlsoWithoutAnyWindow) {
-    whenModal([&](QWidget& top) {
-        EXPECT_EQ(utf8(top.windowTitle()), defaultTitle);
-        key(top, Qt::Key_Escape);
-    });
-    machine.runtimeErrorBox(RuntimeFailure{9, "Subscript out of range"});
-}
-
 TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
     const std::string folder = utf8(directory.path());
     const std::string there = folder + "/old.bak";
@@ -93,6 +85,13 @@ TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
         });
         EXPECT_EQ(row.save ? machine.askSaveName("Larkfen.bak", filter) : machine.askOpenName(filter), row.expected);
     }
+}
+
+TEST_F(QtHostTest, TellsOfTheMachine) {
+    const QDate today = QDate::currentDate();
+    EXPECT_LE((Date{today.year(), today.month(), today.day()}), machine.today());
+    EXPECT_EQ(machine.NoInList(), 15);
+    EXPECT_THROW(machine.startProgram(machine.programDirectory() + "/Convert.exe"), RuntimeFailure);
 }
 
 // In every locale that Qt knows. Where numbers leave a choice a statement's reader takes the month first; a typed date

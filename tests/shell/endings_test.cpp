@@ -25,7 +25,6 @@ TEST(EndedProgram, ShowsTheBoxAndIsGoneWithStatus1) {
         std::string ends;
     } rows[] = {
         {"start", "Larkfen.mdb", "0 Run-time error 14||unable to open database file||", "||Refused: $/Larkfen.mdb\n"},
-        {"start", "Merlin.ACS", "0 Run-time error 53||The assistant's character can't be read: ", ""},
         {"customer", "Sample.bak", "1 Run-time error 1||near \"Hara\": syntax error||", ""},
     };
     for (const auto& row : rows) {

@@ -71,7 +71,7 @@ void LineEntry::FillItems() {
     std::vector<DropList::Entry> prices;
     for (int row = 0; items && row < items->rows(); ++row)
         prices.push_back({priceEntry(*items, row), toInt32((*items)(0, row))});
-    ui().cmbPrices->fill(std::move(prices));
+    ui().cmbPrices->fill(prices);
     if (items) ui().cmbPrices->select(0);
     fillNames(*ui().cmbItems, items);
 }
