@@ -4,6 +4,8 @@
 #include <QScreen>
 
 #include "screens/form_window.h"
+#include "values/failure.h"
+#include "widgets/texts.h"
 
 namespace torvane {
 
@@ -19,6 +21,21 @@ void prepareBox(QMessageBox& box, const QString& text, const QString& title, But
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(QMessageBox::Yes);
     }
+}
+
+QString errorBoxText(const RuntimeFailure& failure) {
+    QString text = QStringLiteral("Run-time error %1\n\n").arg(failure.number());
+    text += qstring(failure.text());
+    const QString during = failure.during().empty() ? QString() : QStringLiteral(" while ") + qstring(failure.during());
+    text += QStringLiteral(
+                "\n\nThe program met something that it cannot work with%1, and has to end now; what was saved before "
+                "stays.")
+                .arg(during);
+    constexpr qsizetype longestRefused = 400;
+    QString refused = qstring(failure.refused());
+    if (refused.isEmpty()) return text;
+    if (refused.size() > longestRefused) refused = refused.left(longestRefused) + QChar(0x2026);
+    return text + QStringLiteral("\n\nRefused: ") + refused;
 }
 
 int runOverFront(QDialog& dialog) {

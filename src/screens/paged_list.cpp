@@ -12,7 +12,7 @@ namespace torvane {
 PagedList::PagedList(Form& form, const std::string& which, Parts parts)
     : form_(form), which_(which), parts_(std::move(parts)) {}
 
-void PagedList::load(std::string_view sortField, int iconColumn) {
+void PagedList::load(std::string_view sortField, int markColumn) {
     Page = 1;
     PageCount = 0;
     FldName = sortField;
@@ -29,7 +29,7 @@ void PagedList::load(std::string_view sortField, int iconColumn) {
         mode.button->setVisible(mode.which == which_);
         if (mode.which == which_) form_.setCaption(mode.caption);
     }
-    controls.list->setColumnIcon(iconColumn, ReportList::Icon::Down);
+    controls.list->setOrderMark(markColumn, Qt::AscendingOrder);
 }
 
 void PagedList::enablePaging() {
@@ -42,7 +42,7 @@ void PagedList::showRows(const std::optional<RowArray>& rows) {
     ReportList& list = *parts_.controls().list;
     const int before = parts_.keepsSelection ? list.SelectedRow() : -1;
     const std::string key = before < 0 ? std::string() : list.Cell(before, 0);
-    list.ClearRows();
+    list.clear();
     if (!rows) return;
     std::vector<std::vector<std::string>> texts;
     texts.reserve(static_cast<std::size_t>(rows->rows()));
@@ -128,7 +128,7 @@ void PagedList::sortBy(int column) {
     AscOrDesc = list.ascending ? "D" : "A";
     refill();
     list.ascending = !list.ascending;
-    list.setColumnIcon(column, list.ascending ? ReportList::Icon::Up : ReportList::Icon::Down);
+    list.setOrderMark(column, list.ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 std::vector<std::string> rowTexts(const RowArray& rows, int row, std::initializer_list<int> columns,

@@ -63,9 +63,9 @@ public:
     // `which` is the mode of the screen.
     PagedList(Form& form, const std::string& which, Parts parts);
 
-    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The icon of the
-    // order stands on `iconColumn`, whatever the real order is.
-    void load(std::string_view sortField, int iconColumn = 1);
+    // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The mark of the
+    // order stands on `markColumn`, whatever the real order is.
+    void load(std::string_view sortField, int markColumn = 1);
     // Reads the current page of all rows and shows it.
     void RefreshGrid();
     // Reads the current page of what is searched for and shows it. When there is nothing, the rows stay as they are and

@@ -14,7 +14,6 @@
 #include <QStandardPaths>
 
 #include "screens/dialogs.h"
-#include "screens/error_box.h"
 #include "values/failure.h"
 #include "widgets/texts.h"
 

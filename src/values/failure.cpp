@@ -1,35 +1,24 @@
 #include "values/failure.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace torvane {
 
 namespace {
 
-const char* wordsFor(Failure failure) {
-    switch (failure) {
-        case Failure::InvalidCall:
-            return "Invalid call";
-        case Failure::Overflow:
-            return "Overflow";
-        case Failure::Subscript:
-            return "Subscript out of range";
-        case Failure::DivisionByZero:
-            return "Division by zero";
-        case Failure::TypeMismatch:
-            return "Type mismatch";
-        case Failure::FileNotFound:
-            return "File not found";
-        case Failure::ObjectNotSet:
-            return "Object not set";
-        case Failure::NullValue:
-            return "Null where a value is needed";
-    }
-    return "Failure";
-}
+constexpr std::pair<Failure, const char*> words[] = {
+    {Failure::InvalidCall, "Invalid call"},         {Failure::Overflow, "Overflow"},
+    {Failure::Subscript, "Subscript out of range"}, {Failure::DivisionByZero, "Division by zero"},
+    {Failure::TypeMismatch, "Type mismatch"},       {Failure::FileNotFound, "File not found"},
+    {Failure::ObjectNotSet, "Object not set"},      {Failure::NullValue, "Null where a value is needed"},
+};
 
 }  // namespace
 
 void fail(Failure failure, std::string_view refused) {
-    throw RuntimeFailure(static_cast<int>(failure), wordsFor(failure), std::string(refused));
+    const auto* const known = std::ranges::find(words, failure, &std::pair<Failure, const char*>::first);
+    throw RuntimeFailure(static_cast<int>(failure), known->second, std::string(refused));
 }
 
 }  // namespace torvane

@@ -94,10 +94,6 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
     }
 }
 
-void ReportList::ClearRows() {
-    clear();
-}
-
 void ReportList::AddRow(const std::vector<std::string>& texts) {
     AddRows({texts});
 }
@@ -152,14 +148,9 @@ void ReportList::setRow(int row, const std::vector<std::string>& texts) {
         changed.setText(column, qstring(texts[static_cast<std::size_t>(column)]));
 }
 
-void ReportList::setColumnIcon(int column, Icon icon) {
-    header()->setSortIndicator(column, icon == Icon::Down ? Qt::AscendingOrder : Qt::DescendingOrder);
-    header()->setSortIndicatorShown(icon != Icon::Blank);
-}
-
-ReportList::Icon ReportList::columnIcon(int column) const {
-    if (!header()->isSortIndicatorShown() || header()->sortIndicatorSection() != column) return Icon::Blank;
-    return header()->sortIndicatorOrder() == Qt::AscendingOrder ? Icon::Down : Icon::Up;
+void ReportList::setOrderMark(int column, Qt::SortOrder order) {
+    header()->setSortIndicator(column, order);
+    header()->setSortIndicatorShown(true);
 }
 
 int ReportList::firstVisibleColumn() const {

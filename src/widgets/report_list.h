@@ -13,7 +13,6 @@ namespace torvane {
 class ReportList : public QTreeWidget {
     Q_OBJECT
 public:
-    enum class Icon { Blank, Up, Down };
     struct Column {
         std::string_view header;
         int twips = 0;
@@ -21,7 +20,6 @@ public:
     };
     explicit ReportList(QWidget* parent = nullptr);
     void setColumns(const std::vector<Column>& columns);
-    void ClearRows();
     // Appends a row, column by column; selects it if it is the first row of the list.
     void AddRow(const std::vector<std::string>& texts);
     // The same for many rows at once.
@@ -36,8 +34,7 @@ public:
     std::string Cell(int row, int column) const;
     void setRow(int row, const std::vector<std::string>& texts);
     // The mark of the order in the header. One column has it at a time.
-    void setColumnIcon(int column, Icon icon);
-    Icon columnIcon(int column) const;
+    void setOrderMark(int column, Qt::SortOrder order);
     // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
     bool ascending = true;
 

@@ -157,15 +157,15 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
              mouse(QTest::mouseDClick, *header.viewport(), {header.sectionViewportPosition(2) + 20, 5});
          },
          "Column 2, Column 2", 0},
-        {"Enter in an empty list", [&] { list.ClearRows(), key(list, Qt::Key_Return); }, "", -1},
-        {"letter in an empty list", [&] { list.ClearRows(), type(list, "s"); }, "", -1},
+        {"Enter in an empty list", [&] { list.clear(), key(list, Qt::Key_Return); }, "", -1},
+        {"letter in an empty list", [&] { list.clear(), type(list, "s"); }, "", -1},
     };
     on(form, &list, &ReportList::DblClick, [&] { note("DblClick " + std::to_string(list.SelectedRow())); });
     on(form, &list, &ReportList::ColumnClick, [&](int column) { note("Column " + std::to_string(column)); });
     on(form, &list, &ReportList::RightClick, [&] { note("RightClick"); });
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
-        list.ClearRows();
+        list.clear();
         list.AddRows({{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}});
         log.clear();
         row.act();

@@ -3,7 +3,7 @@
 #include <QTimer>
 #include <filesystem>
 
-#include "screens/error_box.h"
+#include "screens/dialogs.h"
 #include "screens/probe.h"
 
 namespace torvane {

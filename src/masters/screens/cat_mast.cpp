@@ -34,7 +34,7 @@ EntryButtons::Parts CatMast::entryParts(frmCategory& list) {
         .validate = [this] { return Cat().Validate(); },
         .save = [this] { Cat().Save(); },
         .saved = "Category Saved",
-        .ClearClass = [this] { ClearClass(); },
+        .ClearClass = [this] { Cat.reset(); },
         .refreshList = [&list] { list.RefreshGrid(); },
     };
 }
@@ -49,12 +49,6 @@ void CatMast::Form_Load() {
 void CatMast::FillData() {
     ui().Txtname->setText(Cat().Catname);
     ui().cmbParent->selectItemData(Cat().ParentCategory);
-}
-
-void CatMast::ClearClass() {
-    Cat().Catid = 0;
-    Cat().Catname.clear();
-    Cat().ParentCategory = 0;
 }
 
 }  // namespace torvane

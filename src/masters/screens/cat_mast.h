@@ -31,7 +31,6 @@ protected:
 private:
     EntryButtons::Parts entryParts(frmCategory& list);
     void FillData();
-    void ClearClass();
 
     EntryButtons buttons_;
 };

@@ -41,7 +41,7 @@ EntryButtons::Parts CustMast::entryParts() {
         .validate = [this] { return Cust().Validate(); },
         .save = [this] { Cust().Save(); },
         .saved = "Customer Saved",
-        .ClearClass = [this] { ClearClass(); },
+        .ClearClass = [this] { Cust.reset(); },
         .refreshList = [this] { list_.RefreshGrid(); },
     };
 }
@@ -63,13 +63,6 @@ void CustMast::FillData() {
 void CustMast::copyToRecord() {
     for (const CustomerText& each : customerTexts) Cust().*each.text = (ui().*each.box)->Text();
     Cust().BState = narrowToInt16(ui().CmbBState->ItemData());
-}
-
-void CustMast::ClearClass() {
-    Cust().CustId = Cust().BState = 0;
-    Cust().ExpDate = program().host().today();
-    Cust().BCCNo.clear();
-    for (const CustomerText& each : customerTexts) (Cust().*each.text).clear();
 }
 
 }  // namespace torvane

@@ -28,7 +28,6 @@ private:
     EntryButtons::Parts entryParts();
     void FillData();
     void copyToRecord();
-    void ClearClass();
 
     frmCustomer& list_;
     EntryButtons buttons_;

@@ -43,7 +43,7 @@ EntryButtons::Parts ItemMast::entryParts() {
         .validate = [this] { return Item().Validate(); },
         .save = [this] { Item().Save(); },
         .saved = " Item Saved",
-        .ClearClass = [this] { ClearClass(); },
+        .ClearClass = [this] { Item.reset(); },
         .refreshList = [this] { list_.RefreshGrid(); },
     };
 }
@@ -128,12 +128,6 @@ void ItemMast::copyToRecord() {
     // While the list has no category to offer, the one that was picked instead stays, or none.
     if (hasCategories()) Item().CategoryId = narrowToInt16(ui().CmbCat->ItemData());
     Item().UnitId = narrowToInt16(ui().cmbUnit->ItemData());
-}
-
-void ItemMast::ClearClass() {
-    Item().itemid = Item().CategoryId = Item().UnitId = 0;
-    for (const ItemAmount& each : itemAmounts) Item().*each.amount = 0;
-    for (std::string* text : {&Item().Itemcode, &Item().Itemname, &Item().TU}) text->clear();
 }
 
 }  // namespace torvane

@@ -39,7 +39,6 @@ private:
     bool hasCategories();
     void openCategories(const char* which);
     void copyToRecord();
-    void ClearClass();
 
     frmItem& list_;
     frmCategory& categories_;
