@@ -61,6 +61,8 @@ TEST(Conversions, KeysCopyAndClose) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_EQ(focusControls(window).nameless, std::set<std::string>{});
+    auto& left = find<QLineEdit>(window, "txtLeft");
+    EXPECT_EQ(utf8(left.selectedText()), "12' 6 1/2\"") << "what is typed takes its place";
     QString order;
     for (int step = 0; step < 8; ++step) {
         order += window.focusWidget()->objectName() + ' ';
@@ -68,7 +70,6 @@ TEST(Conversions, KeysCopyAndClose) {
     }
     EXPECT_EQ(order, "txtLeft lstLeft txtRight lstRight cmdCopy cmdClose cmbCategory cmbFractions ");
 
-    auto& left = find<QLineEdit>(window, "txtLeft");
     const auto copied = [](QWidget& from) {
         QTest::keySequence(&from, QKeySequence::Copy);
         return utf8(QGuiApplication::clipboard()->text());

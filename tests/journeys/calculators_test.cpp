@@ -106,6 +106,11 @@ TEST_F(CalculatorsTest, TabsOfGroup1CloseGroups2And3AndTheScientificCalculator) 
     choose("mnucalc1_7");
     EXPECT_EQ(open(), "frmCalculators frmCalculator4 scientific");
     EXPECT_EQ(frames("frmCalculator4"), "frmTab38");
+    run([&] {
+        screens->calculators4.Which = 3;
+        screens->calculators4.Showframe();
+    });
+    EXPECT_EQ(frames("frmCalculator4"), "") << "there is no such tab";
     choose("mnucalc2_4");
     QWidget& group1 = *standing("frmCalculators");
     EXPECT_EQ(group1.pos(), QPoint(0, pixels(2500)));

@@ -43,9 +43,9 @@ TEST(Dates, Reading) {
         EXPECT_EQ(text(readDate(row.text, german())), row.iso) << row.text;
         EXPECT_EQ(text(readTypedDate(row.text, german())), row.typed ? row.typed : row.iso) << row.text;
     }
-    for (const char* none :
-         {"2/29/1900", "4 Juli 2003", "July 2003", "July 4 July 2003", "7/4", "7//4/2003", "/7/4/2003", "7/4/2003/1",
-          "13/13/2003", "0/4/2003", "7/4/20030", "7/004/2003", "004/7/2003", "2003-13-01", "1/1/0050", "today"}) {
+    for (const char* none : {"2/29/1900", "4 Jula 2003", "4 Julz 2003", "July 2003", "July 4 July 2003", "7/4",
+                             "7//4/2003", "/7/4/2003", "7/4/2003/1", "13/13/2003", "0/4/2003", "7/4/20030",
+                             "7/004/2003", "004/7/2003", "2003-13-01", "1/1/0050", "today"}) {
         EXPECT_EQ(text(readDate(none, german())), "none") << none;
         EXPECT_EQ(text(readTypedDate(none, german())), "none") << none;
     }
