@@ -1,4 +1,3 @@
-#include <QIcon>
 #include <QStandardPaths>
 
 #include "assistant/animated_assistant.h"

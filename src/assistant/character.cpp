@@ -5,7 +5,6 @@
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <array>
-#include <type_traits>
 #include <utility>
 
 #include "values/failure.h"

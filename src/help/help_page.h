@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QTextBrowser>
-#include <functional>
 
 namespace torvane {
 

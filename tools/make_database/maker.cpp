@@ -3,7 +3,6 @@
 #include <sqlite3.h>
 
 #include <cmath>
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
