@@ -111,6 +111,7 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     go(screens->customer.window(), "cmdExit");
     EXPECT_FALSE(screens->customer.loaded());
     closeBox(screens->mainMenu.window());
+    EXPECT_EQ(calls.back(), "Gone");
     EXPECT_TRUE(order.isVisible());
 
     run([&] { screens->customer.Show(); });
