@@ -141,6 +141,7 @@ TEST_F(HelpJourneyTest, TheAboutWindowSaysWhatTheProgramIs) {
         ASSERT_TRUE(about);
         EXPECT_EQ(text(*about, "lblName"), "TORVANE Construction Estimator Ver. 2.0");
         EXPECT_EQ(text(*about, "txtFolder"), data.path());
+        EXPECT_EQ(text(*about, "lblVersions"), "Qt " + std::string(qVersion()));
         go(*about, "cmdClose");
         EXPECT_FALSE(screens->about.loaded());
     }

@@ -32,6 +32,7 @@ update BlankNotes set Notes = 'Good for 30 days.' || char(10) || 'Half is due on
 class RecordingAssistant : public Assistant {
 public:
     explicit RecordingAssistant(Texts& calls) : calls_(calls) {}
+    ~RecordingAssistant() override { calls_.push_back("Gone"); }
     void Show() override { calls_.push_back("Show"); }
     void Hide() override { calls_.push_back("Hide"); }
     void MoveTo(int x, int y) override { calls_.push_back("MoveTo " + generalText(x) + " " + generalText(y)); }

@@ -30,8 +30,10 @@ TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
     EXPECT_EQ(visibleMenus(), "mnuFile mnuInventory mnuEstimates mnuCalc mnuReport mnuBlank mnuHelp mnuExit ");
     EXPECT_EQ(calls, (Texts{"Show", "MoveTo 100 100", "Play Wave", "Speak Hello", "Play Greet",
                             "Speak Welcome to Torvane Construction Estimator", "Hide"}));
-    EXPECT_EQ(screens->mainMenu.caption(), "Main Menu");
-    EXPECT_EQ(text(screens->mainMenu.window(), "Label1"), "TORVANE Construction Estimator Ver. 2.0");
+    QWidget& window = screens->mainMenu.window();
+    EXPECT_EQ(visible(window, {"Image1", "Image2", "Frame2"}), "Image1 Image2 Frame2");
+    EXPECT_EQ(utf8(window.windowTitle()), "Main Menu");
+    EXPECT_EQ(text(window, "Label1"), "TORVANE Construction Estimator Ver. 2.0");
 }
 
 struct BadStart {
@@ -109,6 +111,7 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     go(screens->customer.window(), "cmdExit");
     EXPECT_FALSE(screens->customer.loaded());
     closeBox(screens->mainMenu.window());
+    EXPECT_EQ(calls.back(), "Gone");
     EXPECT_TRUE(order.isVisible());
 
     run([&] { screens->customer.Show(); });

@@ -6,30 +6,6 @@
 namespace torvane {
 namespace {
 
-ReportRows blank(std::vector<std::string> names, int count) {
-    std::vector<Value> cells(names.size() * static_cast<std::size_t>(count), Value{std::int64_t{1}});
-    return ReportRows(RowArray(std::move(names), std::move(cells)));
-}
-
-TEST(ListReports, PagesBreakBetweenBands) {
-    struct Row {
-        const ReportLayout& layout;
-        int rows;
-        int pages;
-        int onLastPage;  // placed things
-    };
-    const std::vector<std::string> estimate{"orderno", "Orderdate", "CustName", "total"};
-    const std::vector<std::string> customer{"CustName", "BStreet1", "BStreet2", "BCity",  "BState", "BZip",
-                                            "BCountry", "BPhone",   "BFax",     "BEmail", "BUrl"};
-    for (const Row& row : {Row{estimatesLayout, 38, 1, 1 + 5 + 38 * 4 + 2}, Row{estimatesLayout, 39, 2, 5 + 2},
-                           Row{customersLayout, 6, 1, 1 + 6 + 6 * 11 + 1}, Row{customersLayout, 7, 2, 6 + 11 + 1}}) {
-        SCOPED_TRACE(std::string(row.layout.name) + " " + std::to_string(row.rows));
-        const ReportPages pages(row.layout, blank(&row.layout == &estimatesLayout ? estimate : customer, row.rows), {});
-        EXPECT_EQ(row.pages, pages.pageCount());
-        EXPECT_EQ(row.onLastPage, static_cast<int>(pages.page(pages.pageCount() - 1).size()));
-    }
-}
-
 TEST(ListReports, HtmlSaysTextsAsTheyAre) {
     const ReportField field{"", ReportControl::Text, "", 144, 0, 576, 240, Align::Right};
     const Placed placed{field, "2 < 3 & \"so\""};
