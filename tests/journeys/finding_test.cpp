@@ -49,6 +49,7 @@ TEST_F(FindingTest, AnEntryOpensTheListInItsMode) {
         QWidget& window = opened(row.entry);
         EXPECT_EQ(utf8(window.windowTitle()) + "|" + visible(window, {"cmdAdd", "CmdEdit", "cmdDel", "CmdSelect"}),
                   row.shown);
+        const std::string name = utf8(window.objectName());
         calls.clear();
         go(window, "cmdMainHelp");
         const auto* explain = window.findChild<QWidget*>("lblExplain");
@@ -56,7 +57,7 @@ TEST_F(FindingTest, AnEntryOpensTheListInItsMode) {
         EXPECT_TRUE((explain ? text(window, "lblExplain") : said).starts_with(row.guide)) << said;
         EXPECT_EQ(calls.size(), *row.guide ? 2U : 1U);
         go(window, "cmdExit");
-        EXPECT_FALSE(standing(utf8(window.objectName())));
+        EXPECT_FALSE(standing(name));
     }
 }
 
