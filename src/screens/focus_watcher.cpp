@@ -35,7 +35,7 @@ FocusWatcher::FocusWatcher(Program& program) : program_(program) {
     settling_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &FocusWatcher::flush);
     connect(&settling_, &QTimer::timeout, this,
-            [this] { settled(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
+            [this] { takeFocusAsItStands(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { focusIn(now); });
     connect(qApp, &QGuiApplication::focusWindowChanged, this,
             [this] { windowActive(qobject_cast<FormWindow*>(QApplication::activeWindow())); });
@@ -61,22 +61,22 @@ void FocusWatcher::focusIn(QWidget* now) {
 }
 
 void FocusWatcher::windowActive(FormWindow* now) {
-    if (!now || now->auxiliary() || now == active_ || runningAt_ >= 0 || settling_.isActive()) return;
+    if (!now || now->auxiliary() || now == active_ || handlerDepth_ >= 0 || settling_.isActive()) return;
     const auto* before = qobject_cast<FormWindow*>(std::exchange(active_, now));
     // A focus that is back before anything was told has never been away.
-    const auto isBack = [&](const Left& one) {
+    const auto isBack = [&](const FocusLoss& one) {
         return one.toAnotherWindow && one.control && one.control->window() == now;
     };
-    for (const Left& one : left_)
+    for (const FocusLoss& one : losses_)
         if (isBack(one)) lastIn_[now] = one.control;
-    std::erase_if(left_, isBack);
+    std::erase_if(losses_, isBack);
     if (!before || before->unloaded() || !before->isVisible()) return;
     const QPointer<QWidget> control = std::exchange(lastIn_[before], nullptr);
     if (control && find(control)) wait({control, true, now});
 }
 
 // Where a box has gone the desktop gives the keys to and fro; until then the focus says nothing of the user.
-void FocusWatcher::settle() {
+void FocusWatcher::waitForDesktop() {
     settling_.start(settlesWithinMs);
     qApp->installEventFilter(this);
 }
@@ -85,28 +85,28 @@ void FocusWatcher::settle() {
 bool FocusWatcher::eventFilter(QObject* receiver, QEvent* event) {
     if ((event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) && event->spontaneous()) {
         const auto* pressed = qobject_cast<QWidget*>(receiver);
-        if (auto* window = pressed ? qobject_cast<FormWindow*>(pressed->window()) : nullptr) settled(window);
+        if (auto* window = pressed ? qobject_cast<FormWindow*>(pressed->window()) : nullptr)
+            takeFocusAsItStands(window);
     }
     return false;
 }
 
-// Takes the focus as it stands.
-void FocusWatcher::settled(FormWindow* window) {
+void FocusWatcher::takeFocusAsItStands(FormWindow* window) {
     settling_.stop();
     qApp->removeEventFilter(this);
     active_ = window;
     if (window) lastIn_[window] = window->focusWidget();
 }
 
-void FocusWatcher::wait(const Left& one) {
-    left_.push_back(one);
+void FocusWatcher::wait(const FocusLoss& one) {
+    losses_.push_back(one);
     timer_.start(one.toAnotherWindow ? clickFollowsWithinMs : 0);
 }
 
 void FocusWatcher::flush() {
     const int loops = QThread::currentThread()->loopLevel();
-    while (!left_.empty() && runningAt_ != loops) {
-        const auto [control, toAnotherWindow, to] = left_.front();
+    while (!losses_.empty() && handlerDepth_ != loops) {
+        const auto [control, toAnotherWindow, to] = losses_.front();
         const Watched* watched = control ? find(control) : nullptr;
         const bool underWay = toAnotherWindow && !qobject_cast<FormWindow*>(QApplication::activeWindow());
         if (watched && (underWay || QGuiApplication::mouseButtons() != Qt::NoButton ||
@@ -114,23 +114,23 @@ void FocusWatcher::flush() {
             timer_.start(askAgainAfterMs);
             return;
         }
-        left_.erase(left_.begin());
+        losses_.erase(losses_.begin());
         if (!watched) continue;
         const auto handler = watched->lostFocus;  // a handler may watch more controls
         const QPointer<FormWindow> window = qobject_cast<FormWindow*>(watched->window);
         if (toAnotherWindow) window->keysAfterBox = to;
-        const int outer = std::exchange(runningAt_, loops);
+        const int outer = std::exchange(handlerDepth_, loops);
         asHandler(program_, window, handler);
-        runningAt_ = outer;
+        handlerDepth_ = outer;
         if (!toAnotherWindow) continue;
         if (window) window->keysAfterBox = nullptr;
-        if (to != QApplication::activeWindow()) settle();
+        if (to != QApplication::activeWindow()) waitForDesktop();
     }
 }
 
 void FocusWatcher::forget(QWidget* window) {
     lastIn_.remove(window);
-    std::erase_if(left_, [window](const Left& one) { return !one.control || one.control->window() == window; });
+    std::erase_if(losses_, [window](const FocusLoss& one) { return !one.control || one.control->window() == window; });
     std::erase_if(watched_, [window](const Watched& one) { return !one.control || one.window == window; });
 }
 

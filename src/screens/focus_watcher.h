@@ -36,7 +36,7 @@ private:
         std::function<void()> lostFocus;
     };
     // A control that has lost the focus, within its window or to another one.
-    struct Left {
+    struct FocusLoss {
         QPointer<QWidget> control;
         bool toAnotherWindow = false;
         QPointer<QWidget> to = {};  // that window, as long as it stands
@@ -45,19 +45,19 @@ private:
     void focusIn(QWidget* now);
     void windowActive(FormWindow* now);
     bool eventFilter(QObject* receiver, QEvent* event) override;
-    void settle();
-    void settled(FormWindow* window);
-    void wait(const Left& one);
+    void waitForDesktop();
+    void takeFocusAsItStands(FormWindow* window);
+    void wait(const FocusLoss& one);
     const Watched* find(const QWidget* control) const;
 
     Program& program_;
     std::vector<Watched> watched_;
     QHash<const QWidget*, QPointer<QWidget>> lastIn_;  // by window: the control that had the focus last
     QPointer<QWidget> active_;                         // the window that has the keys, or had them last
-    std::vector<Left> left_;                           // what waits, in order
+    std::vector<FocusLoss> losses_;                    // what waits, in order
     QTimer timer_{this};                               // runs until what waits is looked at
     QTimer settling_{this};                            // runs while a desktop may still give the keys to and fro
-    int runningAt_ = -1;                               // the depth of event loops in which a handler of ours runs
+    int handlerDepth_ = -1;                            // the depth of event loops in which a handler of ours runs
 };
 
 }  // namespace torvane

@@ -10,7 +10,7 @@ namespace torvane {
 class LastWindow {
 public:
     // What to do then.
-    void onGone(std::function<void()> leave) { leave_ = std::move(leave); }
+    void onGone(std::function<void()> act) { onGone_ = std::move(act); }
 
     void shown() { ++windows_; }
     void unloaded() {
@@ -19,11 +19,11 @@ public:
     }
     // Called when no handler runs.
     void tell() {
-        if (std::exchange(oneWent_, false) && windows_ == 0 && leave_) leave_();
+        if (std::exchange(oneWent_, false) && windows_ == 0 && onGone_) onGone_();
     }
 
 private:
-    std::function<void()> leave_;
+    std::function<void()> onGone_;
     int windows_ = 0;
     bool oneWent_ = false;
 };

@@ -24,13 +24,14 @@ std::function<void()> openNames(frmMaster& master, const char* table) {
     };
 }
 
-void openCalculator(CalculatorWindow& window, const MenuEntry& entry) {
-    const auto tab = calculatorGroups()[entry.group - 1].tabs[static_cast<std::size_t>(entry.Which) - 1];
+void openCalculator(Screens& screens, const MenuEntry& entry) {
+    CalculatorWindow& window = screens.calculators(entry.group);
+    const TabOpens opens = calculatorGroups()[entry.group - 1].tabs[static_cast<std::size_t>(entry.Which) - 1].opens;
     // The empty window comes first then, so that it stands behind the program that is started.
-    if (tab.opens == TabOpens::Conversions) window.Show();
+    if (opens == TabOpens::Conversions) window.Show();
     window.Which = entry.Which;
     window.Showframe();
-    if (tab.opens != TabOpens::Conversions) window.Show();
+    if (opens != TabOpens::Conversions) window.Show();
 }
 
 }  // namespace
@@ -72,13 +73,8 @@ std::vector<MenuAction> menuActions(Screens& screens, FileSystem& files) {
         {"mnuHelpSearch", [&screens] { screens.help.showSearch(); }},
         {"mnuHelpAbout", [&screens] { screens.about.Show(); }},
     };
-    CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
-                                        &screens.calculators4};
-    for (const MenuEntry& entry : menuTree()) {
-        if (entry.group == 0) continue;
-        CalculatorWindow& window = *groups[entry.group - 1];
-        actions.push_back({entry.name, [&window, &entry] { openCalculator(window, entry); }});
-    }
+    for (const MenuEntry& entry : menuTree())
+        if (entry.group != 0) actions.push_back({entry.name, [&screens, &entry] { openCalculator(screens, entry); }});
     return actions;
 }
 

@@ -19,12 +19,7 @@ frmOrder::Others aroundEstimate(Screens& screens) {
                 screens.customer.Show();
             },
         .showItemSheet = [&screens] { screens.itemSheet.Show(); },
-        .showCalculators =
-            [&screens](int group) {
-                CalculatorWindow* const groups[] = {&screens.calculators1, &screens.calculators2, &screens.calculators3,
-                                                    &screens.calculators4};
-                groups[group - 1]->Show();
-            },
+        .showCalculators = [&screens](int group) { screens.calculators(static_cast<std::size_t>(group)).Show(); },
     };
 }
 
@@ -52,5 +47,10 @@ Screens::Screens(Program& program, FileSystem& files, bool previousInstance,
       item(program, category),
       master(program),
       mainMenu(program, menuActions(*this, files), previousInstance, std::move(loadAssistant)) {}
+
+CalculatorWindow& Screens::calculators(std::size_t group) {
+    CalculatorWindow* const groups[] = {&calculators1, &calculators2, &calculators3, &calculators4};
+    return *groups[group - 1];
+}
 
 }  // namespace torvane

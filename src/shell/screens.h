@@ -29,6 +29,9 @@ struct Screens {
     Screens(Program& program, FileSystem& files, bool previousInstance,
             std::function<std::unique_ptr<Assistant>(const std::string& characterFile)> loadAssistant);
 
+    // One of the calculator windows, from 1 to 4.
+    CalculatorWindow& calculators(std::size_t group);
+
     frmHelp help;
     frmAbout about;
     DataReports reports;

@@ -156,6 +156,12 @@ class OfficeRoads(DeskTest):
         press("Return")
         self.reads("Ceiling SF", "120")
 
+    def test_the_scientific_calculator_comes_in_front_with_the_keys(self):
+        self.choose("Calculators", "Group 1", "Scientific Calculator")
+        self.comes("# Scientific Calc #")
+        write("12*3=")
+        self.reads("display", " 36")
+
     def test_backup_and_restore(self):
         copy = self.home + "/Monday.bak"
         for question in (False, True):

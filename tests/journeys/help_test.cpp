@@ -78,7 +78,7 @@ TEST_F(HelpJourneyTest, EachWindowHasItsPage) {
                                       {"mnusalesrpt", "report-prompt.html"},
                                       {"mnucustrpt", "customers-report.html"},
                                       {"mnuHelpAbout", "about.html"},
-                                      {"mnucalc1_7", "group1.html"},
+                                      {"mnucalc1_7", "scientific.html"},
                                       {"mnucalc2_8", "tab22.html"}}) {
         choose(entry);
         EXPECT_EQ(helpOn(*QApplication::activeWindow()), page) << entry;

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "calculators/screens/panel_view.h"
@@ -138,9 +139,16 @@ void frmCalculators::Unloadall() {
     CalculatorWindow::Unloadall();
 }
 
+// It waits for this window, which a menu shows afterwards: what is shown last stands in front and has the keys.
+void frmCalculators::openScientific() {
+    if (window().isVisible()) return scientific_.Show(*this);
+    QTimer::singleShot(0, &window(),
+                       [this] { asHandler(program(), standingWindow(), [this] { scientific_.Show(*this); }); });
+}
+
 void frmCalculators::openTab(const CalculatorTab& tab) {
     if (tab.opens == TabOpens::Panel) return CalculatorWindow::openTab(tab);
-    if (tab.opens == TabOpens::Scientific) return scientific_.Show(*this);
+    if (tab.opens == TabOpens::Scientific) return openScientific();
     const Program::Doing doing(program(), "starting the conversions program");
     program().host().startProgram(program().host().programDirectory() + "/Convert.exe");
 }

@@ -53,6 +53,7 @@ protected:
     void openTab(const CalculatorTab& tab) override;
 
 private:
+    void openScientific();
     Form& scientific_;
     CalculatorWindow& group2_;
     CalculatorWindow& group3_;

@@ -217,7 +217,7 @@ void PanelView::open(std::string_view tab) {
         return widgets_.at(control)->focusPolicy() & Qt::TabFocus;
     };
     if (const auto first = std::ranges::find_if(panel_->controls(), takesKeys); first != panel_->controls().end())
-        widgets_.at(*first)->setFocus();
+        widgets_.at(*first)->setFocus(Qt::TabFocusReason);  // what stands there is typed over
 }
 
 // --- What formulas ask -----------------------------------------------------------------------------------------------
