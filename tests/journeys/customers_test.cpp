@@ -16,7 +16,7 @@ protected:
     void inEntryForm(const std::function<void()>& open, const std::function<void(QWidget& form)>& act) {
         whenModal(act);
         open();
-        EXPECT_FALSE(screens->customer.entryForm().loaded());
+        EXPECT_FALSE(standing("CustMast"));
     }
     std::string which() { return screens->customer.Which; }
 };

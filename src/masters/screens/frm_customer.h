@@ -27,8 +27,6 @@ public:
     void ShowLabel() { list_.ShowLabel(); }
     void SearchCust() { list_.SearchItem(); }
 
-    CustMast& entryForm() { return custMast_; }
-
 protected:
     void Form_Load() override;
 
