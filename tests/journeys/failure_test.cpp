@@ -35,9 +35,8 @@ TEST_P(EndingTest, InTheRunTimeErrorBox) {
         for (const QString& entry : QString(row.opened).split("; "))
             entry == "edit" ? readEstimate("E", 3) : choose(utf8(entry));
         data.execute(row.broken);
-        // The form in which a record is entered, or the customer list to pick one.
+        // The form in which a record is entered.
         if (std::string_view(row.during) == "saving the record") whenModal([](QWidget& form) { click(form, "cmdOk"); });
-        if (std::string_view(row.steps) == "CmdSelCust") whenModal([](QWidget& list) { click(list, "CmdSelect"); });
         go(*QApplication::activeWindow(), row.steps, row.boxes);
     });
     const std::string ended = std::to_string(failure.number()) + " " + failure.refused();
@@ -48,7 +47,6 @@ TEST_P(EndingTest, InTheRunTimeErrorBox) {
     EXPECT_EQ(stored, row.stored);
 }
 
-const char* huge = "cmbItems=Joist; TxtMaterial=9999999999999999999999999999999999999999; TxtQty";
 const char* price = "select Material from Item where ItemId = 1";
 const char* noteAndLines =
     "select Notes, (select count(*) from OrderItem where OrderNo = 3) from OrderInfo where OrderNo = 3";
@@ -58,15 +56,12 @@ const Boxes update{yes("You have changed the Material Price. Do you want to upda
                        "Change master file price?")};
 const Boxes saved{ok("Estimate Saved")};
 const Boxes saveName{yes("Do you want to save the record?", "Save Data")};
-const Boxes deleteName{yes("Do you want to delete 'Bag'?", "Master Entry")};
 
 INSTANTIATE_TEST_SUITE_P(
     Estimates, EndingTest,
     ::testing::Values(
         Ending{"writing the price to the catalogue", "mnuNewEstimate", "", "cmbItems=Joist; TxtMaterial=; TxtQty",
                "1 update Item set Material= where Itemid=1", update, price, "10.0;"},
-        Ending{"writing the price to the catalogue", "mnuNewEstimate", "", huge, "19 update Item set Material=999",
-               update, price, "10.0;"},
         Ending{"adding the line", "mnuNewEstimate", "drop table Item", "TxtQty=1; cmdAdd", "1 "},
         Ending{"changing the line", "edit", "", "CmdSave; CmdEdit; cmdEditApply", "9 ", saved},
         Ending{"changing the line", "edit", "", "CmdEdit; TxtQty=1.2.3; cmdEditApply", "13 1.2.3"},
@@ -75,7 +70,6 @@ INSTANTIATE_TEST_SUITE_P(
         Ending{"saving the estimate", "edit; mnuNewEstimate", "", "CmdSave", "19 Insert into OrderInfo (Orderno,"},
         Ending{"computing the totals", "edit", "", "txtTaxPer=1e308; txtOHPer=1e308", "6 "},
         Ending{"reading the notes", "edit", "delete from BlankNotes", "cmdImport", "5 "},
-        Ending{"reading the notes", "edit", "update BlankNotes set Notes = null", "cmdImport", "94 "},
         Ending{"opening the estimate screen", "mnuNewEstimate", "drop table Rooms", "", "1 "},
         Ending{"opening the item sheet", "mnuNewEstimate", "drop table Category", "cmdItemList", "1 "},
         Ending{"opening the estimate", "mnuEditEstimate", "alter table OrderItem rename Qty to Lost", "CmdSelect", "5 ",
@@ -89,16 +83,11 @@ INSTANTIATE_TEST_SUITE_P(
                "1 Select * from Customer where CustName ='O'Hara' and ", none, customers, "Ann Lee;Bob Ray;"},
         Ending{"searching", "SubMnuEditCust", "", "txtCustName=O'; cmdSearch",
                "1 SELECT CustId,CustName,BCity,BPhone,BEmail,BCCNo from Customer  where CustName like 'O'%'"},
-        Ending{"taking the selected customer", "mnuNewEstimate", "delete from Customer", "CmdSelCust", "91 "},
         Ending{"working in the window \"Edit Customer\"", "SubMnuEditCust",
                "pragma ignore_check_constraints = on; update Customer set CustId = 40000 where CustId = 7",
                "CmdAll; CmdEdit", "6 "},
         Ending{"reading the list", "SubMnuEditItem", "drop table Item", "", "1 "},
-        Ending{"opening the item form", "SubMnuEditItem", "drop table Units", "CmdEdit", "1 "},
-        Ending{"saving the category", "SubMnuAddCat", "drop table Category", "txtCatName=Wood; cmdAdd", "1 "},
-        Ending{"showing a name", "mnuRooms", "drop table Rooms", "", "1 "},
         Ending{"saving the name", "mnuUnits", "drop table Units", "CmdSave", "1 ", saveName},
-        Ending{"deleting the name", "mnuUnits", "drop table Units", "cmdDelete", "1 ", deleteName},
         Ending{"reading the notes", "mnuBlank", "delete from BlankNotes", "", "5 "},
         Ending{"saving the notes", "mnuBlank", "drop table BlankNotes", "cmdOk", "1 "},
         Ending{"starting the conversions program", "mnucalc1_6", "", "", "53 "},

@@ -90,20 +90,5 @@ TEST_F(HelpJourneyTest, AMissingOrDamagedBookIsSaid) {
     }
 }
 
-TEST_F(HelpJourneyTest, TheAboutWindowSaysWhatTheProgramIs) {
-    start();
-    choose("mnucalc1_7");
-    for (QWidget* window : {&screens->mainMenu.window(), &screens->scientific.window()}) {
-        trigger(find<QAction>(*window, window == standing("scientific") ? "habout" : "mnuHelpAbout"));
-        QWidget* about = standing("frmAbout");
-        ASSERT_TRUE(about);
-        EXPECT_EQ(text(*about, "lblName"), "TORVANE Construction Estimator Ver. 2.0");
-        EXPECT_EQ(text(*about, "txtFolder"), data.path());
-        EXPECT_EQ(text(*about, "lblVersions"), "Qt " + std::string(qVersion()));
-        go(*about, "cmdClose");
-        EXPECT_FALSE(screens->about.loaded());
-    }
-}
-
 }  // namespace
 }  // namespace torvane

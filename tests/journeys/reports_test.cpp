@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
-#include <QImage>
 #include <QLineEdit>
 #include <QPrinter>
 #include <QProcess>
@@ -11,7 +10,6 @@
 #include <filesystem>
 
 #include "journeys/journey.h"
-#include "reports/screens/page_painter.h"
 #include "reports/screens/report_export.h"
 #include "support/files.h"
 #include "support/full_disk.h"
@@ -203,20 +201,6 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     for (const QString& page : QString::fromUtf8(reader.readAllStandardOutput()).split(QLatin1Char('\f')))
         titles += page.isEmpty() ? "" : page.contains("Estimates Report") ? "1" : "2";
     EXPECT_EQ(titles, "2121");
-}
-
-// A number that is cut reads as another one.
-TEST_F(ReportsTest, SqueezesNumbersAndCutsTexts) {
-    const auto painted = [](const char* text, bool whole) {
-        QImage paper(800, 400, QImage::Format_RGB32);
-        paper.fill(Qt::white);
-        QPainter painter(&paper);
-        const ReportField field{"", ReportControl::Text, "", 50, 50, 300, 240, Align::Right};
-        paintPage(painter, {{field, text, whole}});
-        return paper;
-    };
-    EXPECT_NE(painted("1234567.10", true), painted("1234567.19", true));
-    EXPECT_EQ(painted("Street and 0", false), painted("Street and 9", false));
 }
 
 TEST_F(ReportsTest, AFieldThatTheDataLackIsSaidAndLeftEmpty) {

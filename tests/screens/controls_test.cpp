@@ -107,8 +107,6 @@ TEST_F(ControlsTest, DropListClicksOnEachActOfSelecting) {
 TEST_F(ControlsTest, ReportListByKeyAndMouse) {
     ReportList& list = *form.list;
     QWidget& area = *list.viewport();
-    QHeaderView& header = *list.header();
-    const auto copied = [] { return utf8(QApplication::clipboard()->text()); };
     const struct {
         const char* name;
         std::function<void()> act;
@@ -118,26 +116,24 @@ TEST_F(ControlsTest, ReportListByKeyAndMouse) {
         {"Down, Down, Up", [&] { key(list, Qt::Key_Down), key(list, Qt::Key_Down), key(list, Qt::Key_Up); }, "", 1},
         {"letter finds by the first column shown", [&] { type(list, "s"); }, "", 2},
         {"the key's digit finds nothing", [&] { type(list, "9"); }, "", 0},
-        {"Enter", [&] { key(list, Qt::Key_Down), key(list, Qt::Key_Return); }, "DblClick 1", 1},
         {"Enter on the keypad", [&] { key(list, Qt::Key_Enter); }, "DblClick 0", 0},
-        {"copied without the key", [&] { key(list, Qt::Key_C, Qt::ControlModifier), note(copied()); }, "Brick\t0.50",
-         0},
-        {"double click", [&] { doubleClickRow(list, 2); }, "DblClick 2", 2},
+        {"copied without the key",
+         [&] { key(list, Qt::Key_C, Qt::ControlModifier), note(utf8(QApplication::clipboard()->text())); },
+         "Brick\t0.50", 0},
         {"double click below the rows",
          [&] { mouse(QTest::mouseDClick, area, area.rect().bottomLeft() + QPoint(20, -3)); }, "DblClick 0", 0},
         {"click with Control on the selected row",
          [&] {
-             mouse(QTest::mouseClick, area, list.visualItemRect(list.topLevelItem(0)).center(), Qt::ControlModifier);
+             mouse(QTest::mouseClick, area, {30, 5}, Qt::ControlModifier);
          },
          "", 0},
         {"right button", [&] { clickRow(list, 1, Qt::RightButton); }, "RightClick", 1},
         {"menu key", [&] { QApplication::sendEvent(&area, &menu); }, "RightClick", 0},
-        {"headers", [&] { clickHeader(list, 2), clickHeader(list, 1); }, "Column 2, Column 1", 0},
         {"quick second click on a header",
          [&] {
-             mouse(QTest::mouseDClick, *header.viewport(), {header.sectionViewportPosition(2) + 20, 5});
+             mouse(QTest::mouseDClick, *list.header()->viewport(), {30, 5});
          },
-         "Column 2, Column 2", 0},
+         "Column 1, Column 1", 0},
         {"keys in an empty list",
          [&] { list.clear(), key(list, Qt::Key_Return), type(list, "s"), key(list, Qt::Key_C, Qt::ControlModifier); },
          "", -1},

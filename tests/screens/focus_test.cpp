@@ -99,23 +99,6 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
     EXPECT_EQ(log, "LostFocus") << "a button of a window that the question has unloaded does not act";
 }
 
-// Each box stands over the window whose handler shows it, whatever window the desktop has made active meanwhile.
-TEST_F(FocusTest, BoxesBelongToTheWindowWhoseHandlerShowsThem) {
-    ask = [] {};
-    on(other, other.button, &QPushButton::clicked, [&] {
-        whenModal([&](QWidget& top) {
-            EXPECT_EQ(top.windowHandle()->transientParent(), other.window().windowHandle());
-            key(top, Qt::Key_Escape);
-        });
-        form.Show();
-        settle();
-        boxes.box("Item Saved", "");
-        settle();
-        EXPECT_TRUE(other.window().isActiveWindow()) << "the keys come back";
-    });
-    click(*other.button);
-}
-
 // A question in between would take the click, the list or the window away from under the mouse.
 TEST_F(FocusTest, WaitsWhileAButtonIsDownAListOpenOrAModalWindowAbove) {
     ask = [] {};

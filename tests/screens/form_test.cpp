@@ -14,16 +14,6 @@ protected:
     Probe entry{program, "frmEntry"};
 };
 
-TEST_F(FormTest, ALoadThatFailsOrUnloadsLeavesNoWindow) {
-    list.whenLoaded = [] { fail(Failure::NullValue); };
-    EXPECT_THROW(list.Load(), RuntimeFailure);
-    EXPECT_FALSE(list.loaded());
-    list.whenLoaded = [&] { list.Unload(); };
-    list.Show();
-    list.ShowModal();
-    EXPECT_THROW(list.window(), RuntimeFailure);
-}
-
 // What the handler of a window holds stays until the handler is done, and goes then.
 TEST_F(FormTest, AWindowIsUnloadedInItsOwnHandlers) {
     QPointer<QWidget> window;
@@ -112,7 +102,6 @@ TEST_F(FormTest, PlacesWindowsOverTheMainWindowWhollyOnTheScreen) {
             main.window().setGeometry(row.main);
             program.placing().setMainWindow(&main.window());
             if (gone) main.Unload();
-            list.window().setMinimumSize(1, 1);
             list.window().resize(row.window);
             program.StartUp(list);
             EXPECT_EQ(list.window().geometry(), QRect(row.expected, row.window));

@@ -5,12 +5,10 @@
 namespace torvane {
 namespace {
 
-class GuardTest : public ProbeTest {
-protected:
-    Probe form{program, "frmForm"};
-};
+using GuardTest = ProbeTest;
 
 TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
+    Probe form{program, "frmForm"};
     QTimer ticks;
     form.whenLoaded = [&] {
         on(form, &ticks, &QTimer::timeout, [&] { note("tick"); });
@@ -31,19 +29,6 @@ TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
         EXPECT_EQ(log, "");
     };
     EXPECT_EQ(endOf([&] { form.button->click(); }).refused(), "12a");
-}
-
-TEST_F(GuardTest, TheBoxTellsOfThisFailureAndOfNoneThatWasCaughtBefore) {
-    run([&] {
-        try {
-            const Program::Doing doing(program, "opening the help");
-            fail(Failure::FileNotFound);
-        } catch (const RuntimeFailure&) {
-            // Said in a box, and over.
-        }
-    });
-    const RuntimeFailure failure = endOf([&] { run([] { throw std::runtime_error("out of paper"); }); });
-    EXPECT_EQ(failure.text() + failure.during(), "out of paper");
 }
 
 }  // namespace
