@@ -85,37 +85,19 @@ private:
         if (windows.isEmpty()) return;
         QWidget* modal = QApplication::activeModalWidget();
         QWidget& window = modal ? *modal : *dice_.one(windows);
-        // Buttons and typing come more often.
-        switch (dice_.below(12)) {
-            case 0:
-                if (dice_.oneIn(window.objectName() == QLatin1String("frmMainMenu") ? 60 : 8)) window.close();
-                break;
-            case 1:
-                if (auto* entry = some<QAction>(window)) entry->trigger();
-                break;
-            case 2:
-                press(window, dice_.one(keys));
-                break;
-            case 3:
-                press(window, dice_.one(letters), Qt::ControlModifier);
-                break;
-            case 4:
-            case 5:
-                if (auto* box = some<QLineEdit>(window)) type(*box);
-                break;
-            case 6:
-            case 7:
-            case 8:
-                if (auto* control = some<QWidget>(window)) click(*control);
-                break;
-            default:
-                if (auto* button = some<QAbstractButton>(window)) click(*button);
-        }
+        const int act = dice_.below(12);
+        if (act == 0 && dice_.oneIn(window.objectName() == "frmMainMenu" ? 60 : 8)) window.close();
+        if (act == 1) some<QAction>(window, [](QAction& entry) { entry.trigger(); });
+        if (act == 2) press(window, dice_.one(keys));
+        if (act == 3) press(window, dice_.one(letters), Qt::ControlModifier);
+        if (act == 4 || act == 5) some<QLineEdit>(window, [this](QWidget& box) { type(box); });
+        if (act == 6 || act == 7) some<QWidget>(window, [this](QWidget& control) { click(control); });
+        if (act >= 8) some<QAbstractButton>(window, [this](QWidget& button) { click(button); });
     }
 
     // One that can be used. What ends the program is chosen seldom, and a file dialog would leave its new folders.
-    template <class Control>
-    Control* some(const QWidget& window) {
+    template <class Control, class Act>
+    void some(const QWidget& window, Act act) {
         static const QStringList ends{"cmd_Exit",   "mnuExit",    "mnuClose",    "mnuRelSup",
                                       "mnuRelManf", "mnuRelCatg", "tscientific", "tstandard"};
         QList<Control*> controls;
@@ -123,7 +105,7 @@ private:
             if (control->isVisible() && control->isEnabled() && control->objectName() != "newFolderButton" &&
                 (!ends.contains(control->objectName()) || dice_.oneIn(40)))
                 controls.append(control);
-        return controls.isEmpty() ? nullptr : dice_.one(controls);
+        if (!controls.isEmpty()) act(*dice_.one(controls));
     }
 
     // Straight to the controls: no other event comes between press and release, but anything may be gone after each.

@@ -80,32 +80,22 @@ TEST_F(FormTest, ModalWindowsOverEachOther) {
     EXPECT_EQ(log, "list closed");
 }
 
+// Also when the main window has gone.
 TEST_F(FormTest, PlacesWindowsOverTheMainWindowWhollyOnTheScreen) {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    const struct {
-        const char* name;
-        QRect main;
-        QSize window;
-        QPoint expected;
-    } rows[] = {
-        {"centred and lifted by 17 pixels", {100, 150, 600, 400}, {300, 350}, {250, 158}},
-        {"larger than the main window", {100, 150, 200, 360}, {400, 370}, {0, 128}},
-        {"off the upper edge", {200, 0, 400, 350}, {300, 350}, {250, 0}},
-        {"off the right lower edge",
-         {screen.bottomRight() - QPoint(99, 99), QSize(600, 600)},
-         {300, 350},
-         screen.bottomRight() - QPoint(299, 349)},
-    };
-    for (const auto& row : rows) {
-        for (const bool gone : {false, true}) {
-            SCOPED_TRACE(std::string(row.name) + (gone ? ", main window gone" : ""));
-            main.window().setGeometry(row.main);
-            program.placing().setMainWindow(&main.window());
-            if (gone) main.Unload();
-            list.window().resize(row.window);
+    const QPoint corner = QGuiApplication::primaryScreen()->availableGeometry().bottomRight();
+    const QSize size(300, 350);
+    for (const auto& [place, expected] : {std::pair{QRect(100, 150, 600, 400), QPoint(250, 158)},  // 17 pixels higher
+                                          {QRect(200, 0, 400, 350), QPoint(250, 0)},
+                                          {QRect(0, 100, 200, 600), QPoint(0, 208)},
+                                          {QRect(corner, size), corner - QPoint(299, 349)}}) {
+        main.window().setGeometry(place);
+        program.placing().setMainWindow(&main.window());
+        for (int times = 0; times < 2; ++times) {
+            list.window().resize(size);
             program.StartUp(list);
-            EXPECT_EQ(list.window().geometry(), QRect(row.expected, row.window));
+            EXPECT_EQ(list.window().geometry(), QRect(expected, size));
             list.Unload();
+            main.Unload();
         }
     }
 }
