@@ -17,6 +17,8 @@
 namespace torvane {
 namespace {
 
+using Boxes = std::vector<TestHost::Box>;
+
 class ReportsTest : public JourneyTest {
 protected:
     // What stands on the page that a report window shows.
@@ -30,16 +32,16 @@ protected:
         choose("mnusalesrpt");
         return screens->reportPrompt.window();
     }
-    // Prints to a file, which the dialog asks to replace if it is there.
-    void print(
-        QWidget& report, const std::string& file, std::function<void(QWidget& dialog)> set = [](QWidget&) {}) {
-        whenModal([=, this](QWidget& top) {
-            find<QLineEdit>(top, "filename").setText(qstring(file));
-            set(top);
+    // Prints two copies, the last page first, to a file, which the dialog asks to replace if it is there.
+    void print(QWidget& report, const std::string& file, const Boxes& said = {}) {
+        whenModal([=, this](QWidget& dialog) {
+            find<QLineEdit>(dialog, "filename").setText(qstring(file));
+            find<QSpinBox>(dialog, "copies").setValue(2);
+            find<QCheckBox>(dialog, "reverse").setChecked(true);
             if (!bytes(file).empty()) whenModal([](QWidget& question) { key(question, Qt::Key_Y, Qt::AltModifier); });
-            click(*top.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok));
+            click(*dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok));
         });
-        go(report, "cmdPrint");
+        go(report, "cmdPrint", said);
     }
     QWidget& customersReport() {
         start();
@@ -72,7 +74,7 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
 }
 
 TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
-    const std::vector<TestHost::Box> notice{
+    const Boxes notice{
         ok("In case you made any changes to the proposal, you will need to save your changes first so that the changes "
            "appear in the print out.",
            std::string(defaultTitle))};
@@ -90,49 +92,36 @@ TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
     EXPECT_EQ(page("DataReport3"), "Estimates Proposal\n") << "that one is not saved";
 }
 
-TEST_F(ReportsTest, ExportsAskBeforeTheyReplace) {
-    QWidget& report = customersReport();
-    const auto exportTo = [&](const char* button, std::optional<std::string> name,
-                              const std::vector<TestHost::Box>& boxes) {
-        host.answerSaveName(std::move(name));
-        go(report, button, boxes);
-    };
-    for (const auto& [button, name, ended, beginsWith] : {std::tuple{"cmdPdf", "customers", "customers.pdf", "%PDF"},
-                                                          {"cmdPdf", "UPPER.PDF", "UPPER.PDF", "%PDF"},
-                                                          {"cmdHtml", "customers", "customers.html", "<!DOCTYPE html>"},
-                                                          {"cmdHtml", "short.htm", "short.htm", "<!DOCTYPE html>"}}) {
-        SCOPED_TRACE(name);
-        const std::string file = data.path() + "/" + ended;
-        exportTo(button, std::nullopt, {});
-        exportTo(button, data.path() + "/" + name, {ok("The report was written to " + file, title)});
-        EXPECT_TRUE(bytes(file).starts_with(beginsWith));
-        write(file, "older");
-        exportTo(button, file, {no(overwrite.text, title)});
-        EXPECT_EQ(bytes(file), "older");
-    }
-}
-
 // Each way out of the preview into a file: what a full disk has cut short would be taken for the whole report.
-TEST_F(ReportsTest, AFileThatCannotBeWrittenWhollyLeavesTheOlder) {
+TEST_F(ReportsTest, AFileIsWrittenWhollyOrTheOlderStays) {
     QWidget& report = customersReport();
-    for (const std::string button : {"cmdPdf", "cmdHtml", "cmdPrint"}) {
-        SCOPED_TRACE(button);
-        const std::string file = data.path() + (button == "cmdHtml" ? "/older.html" : "/older.pdf");
-        const auto writeIt = [&](const std::vector<TestHost::Box>& said) {
-            for (const TestHost::Box& box : said) host.expect(box);
-            if (button == "cmdPrint") return print(report, file);
-            host.answerSaveName(file);
-            go(report, button);
+    for (const auto& [button, name, ending, beginsWith] : {std::tuple{"cmdPdf", "customers", ".pdf", "%PDF"},
+                                                           {"cmdPdf", "UPPER.PDF", "", "%PDF"},
+                                                           {"cmdHtml", "customers", ".html", "<!DOCTYPE html>"},
+                                                           {"cmdHtml", "short.htm", "", "<!DOCTYPE html>"},
+                                                           {"cmdPrint", "printed.pdf", "", "%PDF"}}) {
+        SCOPED_TRACE(name);
+        const std::string typed = data.path() + "/" + name;
+        const std::string file = typed + ending;
+        const bool exports = std::string_view(button) != "cmdPrint";
+        const auto exportTo = [&, pressed = button](std::optional<std::string> to, const Boxes& boxes) {
+            host.answerSaveName(std::move(to));
+            go(report, pressed, boxes);
         };
-        const TestHost::Box done = ok("The report was written to " + file, title);
-        const TestHost::Box lost =
-            ok("The report could not be written to " + file + ". Nothing was changed there.", title);
-        button == "cmdPrint" ? writeIt({}) : writeIt({done});
+        if (exports) {
+            exportTo(std::nullopt, {});
+            exportTo(typed, {ok("The report was written to " + file, title)});
+        } else {
+            print(report, file);
+        }
+        EXPECT_TRUE(bytes(file).starts_with(beginsWith));
         const auto size = bytes(file).size();
         write(file, "older");
+        if (exports) exportTo(file, {no(overwrite.text, title)});
         for (const auto room : {std::size_t{100}, size - 1}) {
             const FullDisk disk(room);
-            button == "cmdPrint" ? writeIt({lost}) : writeIt({overwrite, lost});
+            const auto lost = ok("The report could not be written to " + file + ". Nothing was changed there.", title);
+            exports ? exportTo(file, {overwrite, lost}) : print(report, file, {lost});
         }
         EXPECT_EQ(bytes(file), "older");
         std::filesystem::remove(file);
@@ -151,22 +140,22 @@ TEST_F(ReportsTest, ACancelledExportLeavesTheOlder) {
 TEST_F(ReportsTest, PrintsThePagesThatAreAskedFor) {
     struct Row {
         QPrinter::PrintRange range;
-        std::pair<int, int> fromTo;
-        bool reverse;
+        QPrinter::PageOrder order;
         bool collate;
-        std::vector<int> pages;  // of four, three copies
+        std::vector<int> pages;  // of four, from page 2 to 3, three copies; the third is in the preview
     };
-    for (const Row& row : {Row{QPrinter::PageRange, {2, 3}, false, true, {1, 2, 1, 2, 1, 2}},
-                           Row{QPrinter::PageRange, {2, 9}, true, false, {3, 3, 3, 2, 2, 2, 1, 1, 1}},
-                           Row{QPrinter::CurrentPage, {}, true, true, {2, 2, 2}},
-                           Row{QPrinter::AllPages, {}, true, true, {3, 2, 1, 0, 3, 2, 1, 0, 3, 2, 1, 0}}}) {
+    for (const Row& row :
+         {Row{QPrinter::PageRange, QPrinter::FirstPageFirst, true, {1, 2, 1, 2, 1, 2}},
+          Row{QPrinter::PageRange, QPrinter::LastPageFirst, false, {2, 2, 2, 1, 1, 1}},
+          Row{QPrinter::CurrentPage, QPrinter::LastPageFirst, true, {2, 2, 2}},
+          Row{QPrinter::AllPages, QPrinter::LastPageFirst, true, {3, 2, 1, 0, 3, 2, 1, 0, 3, 2, 1, 0}}}) {
         QPrinter printer;
         printer.setOutputFileName(QStringLiteral("x.pdf"));
         printer.setCopyCount(3);
         printer.setCollateCopies(row.collate);
-        printer.setPageOrder(row.reverse ? QPrinter::LastPageFirst : QPrinter::FirstPageFirst);
+        printer.setPageOrder(row.order);
+        printer.setFromTo(2, 3);
         printer.setPrintRange(row.range);
-        printer.setFromTo(row.fromTo.first, row.fromTo.second);
         EXPECT_EQ(pagesToPrint(printer, 4, 2), row.pages);
     }
 }
@@ -190,10 +179,7 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);
 
     const std::string file = data.path() + "/printed.pdf";
-    print(report, file, [](QWidget& dialog) {
-        find<QSpinBox>(dialog, "copies").setValue(2);
-        find<QCheckBox>(dialog, "reverse").setChecked(true);
-    });
+    print(report, file);
     QProcess reader;
     reader.start("pdftotext", {qstring(file), "-"});
     ASSERT_TRUE(reader.waitForFinished());
