@@ -57,26 +57,6 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(filesIn(data.path()), before);
 }
 
-// The help is usable over the form that stands modally, also when it stood open before, and both go on afterwards.
-TEST_F(HelpJourneyTest, StandsOverAModalForm) {
-    data.useHelpBook();
-    QWidget& list = customers("E");
-    choose("mnuHelpContents");
-    whenModal([&](QWidget& form) {
-        key(form, Qt::Key_F1);
-        EXPECT_EQ(page(), "customer-form.html");
-        go(*standing("frmHelp"), "cmdContents");
-        EXPECT_EQ(page(), "index.html");
-        go(form, "CmdCancel");
-    });
-    go(list, "CmdEdit");
-    go(*standing("frmHelp"), "cmdBack");
-    EXPECT_EQ(page(), "customer-form.html");
-    standing("frmHelp")->activateWindow();
-    key(*standing("frmHelp"), Qt::Key_F1);
-    EXPECT_EQ(page(), "help.html");
-}
-
 TEST_F(HelpJourneyTest, AMissingOrDamagedBookIsSaid) {
     start();
     for (const std::string why : {"File not found: ", "The help book is damaged: "}) {

@@ -39,11 +39,6 @@ protected:
         key(box, Qt::Key_V, Qt::ControlModifier);
     }
     static std::string copied() { return utf8(QApplication::clipboard()->text()); }
-    using Mouse = void (*)(QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int);
-    // As the window system gives it.
-    static void mouse(Mouse act, QWidget& in, QPoint place, Qt::KeyboardModifiers held = {}) {
-        act(in.window()->windowHandle(), Qt::LeftButton, held, in.mapTo(in.window(), place), -1);
-    }
     Probe form{program, "frmForm"};
     QContextMenuEvent menu{QContextMenuEvent::Keyboard, {}, {}};
 };
