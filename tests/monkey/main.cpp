@@ -11,11 +11,11 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
-#include <random>
 
 #include "assistant/animated_assistant.h"
 #include "screens/guarded_application.h"
@@ -28,19 +28,12 @@ namespace {
 
 enum Ending { allStepsDone = 0, runTimeError = 1, pastTheGuard = 70, lastWindowGone = 71 };
 
-class Dice {
-public:
-    explicit Dice(unsigned seed) : numbers_(seed) {}
-    int below(int limit) { return static_cast<int>(numbers_() % static_cast<unsigned>(limit)); }
-    bool oneIn(int chances) { return below(chances) == 0; }
-    template <class List>
-    auto& one(List& list) {
-        return *std::next(std::begin(list), below(static_cast<int>(std::size(list))));
-    }
+using Dice = QRandomGenerator;
 
-private:
-    std::mt19937 numbers_;
-};
+template <class List>
+auto& one(Dice& dice, List& list) {
+    return *std::next(std::begin(list), dice.bounded(static_cast<int>(std::size(list))));
+}
 
 // Answers every box and file dialog by the dice.
 class MonkeyHost : public TestHost {
@@ -48,16 +41,16 @@ public:
     MonkeyHost(std::string programFolder, Dice& dice) : TestHost(std::move(programFolder)), dice_(dice) {}
     Answer box(std::string_view, std::string_view, Buttons buttons) override {
         if (buttons == Buttons::Ok) return Answer::Ok;
-        return dice_.oneIn(2) ? Answer::Yes : Answer::No;
+        return dice_.bounded(2) == 0 ? Answer::Yes : Answer::No;
     }
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return name(); }
     std::optional<std::string> askOpenName(std::string_view) override { return name(); }
 
 private:
     std::optional<std::string> name() {
-        if (dice_.oneIn(4)) return std::nullopt;
+        if (dice_.bounded(4) == 0) return std::nullopt;
         const std::string names[] = {"/Sample.bak", "/other.bak", "/none/there.bak", "/wrong.txt", "/no ending"};
-        return folder + dice_.one(names);
+        return folder + one(dice_, names);
     }
     Dice& dice_;
 };
@@ -78,18 +71,18 @@ private:
         if (left_-- == 0) return QCoreApplication::exit(allStepsDone);
         // The next one now: a step that opens a modal window does not return before that has gone.
         QTimer::singleShot(0, this, &Monkey::step);
-        if (QWidget* popup = QApplication::activePopupWidget()) return press(*popup, dice_.one(popupKeys));
+        if (QWidget* popup = QApplication::activePopupWidget()) return press(*popup, one(dice_, popupKeys));
         QList<QWidget*> windows;
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->isVisible()) windows.append(window);
         if (windows.isEmpty()) return;
         QWidget* modal = QApplication::activeModalWidget();
-        QWidget& window = modal ? *modal : *dice_.one(windows);
-        const int act = dice_.below(12);
-        if (act == 0 && dice_.oneIn(window.objectName() == "frmMainMenu" ? 60 : 8)) window.close();
+        QWidget& window = modal ? *modal : *one(dice_, windows);
+        const int act = dice_.bounded(12);
+        if (act == 0 && dice_.bounded(window.objectName() == "frmMainMenu" ? 60 : 8) == 0) window.close();
         if (act == 1) some<QAction>(window, [](QAction& entry) { entry.trigger(); });
-        if (act == 2) press(window, dice_.one(keys));
-        if (act == 3) press(window, dice_.one(letters), Qt::ControlModifier);
+        if (act == 2) press(window, one(dice_, keys));
+        if (act == 3) press(window, one(dice_, letters), Qt::ControlModifier);
         if (act == 4 || act == 5) some<QLineEdit>(window, [this](QWidget& box) { type(box); });
         if (act == 6 || act == 7) some<QWidget>(window, [this](QWidget& control) { click(control); });
         if (act >= 8) some<QAbstractButton>(window, [this](QWidget& button) { click(button); });
@@ -103,20 +96,20 @@ private:
         QList<Control*> controls;
         for (Control* control : window.findChildren<Control*>())
             if (control->isVisible() && control->isEnabled() && control->objectName() != "newFolderButton" &&
-                (!ends.contains(control->objectName()) || dice_.oneIn(40)))
+                (!ends.contains(control->objectName()) || dice_.bounded(40) == 0))
                 controls.append(control);
-        if (!controls.isEmpty()) act(*dice_.one(controls));
+        if (!controls.isEmpty()) act(*one(dice_, controls));
     }
 
     // Straight to the controls: no other event comes between press and release, but anything may be gone after each.
     void click(QWidget& control) {
         const QPointer<QWidget> there = &control;
-        const QPoint point(dice_.below(control.width() + 1), dice_.below(control.height() + 1));
-        const Qt::MouseButton button = dice_.oneIn(12) ? Qt::RightButton : Qt::LeftButton;
+        const QPoint point(dice_.bounded(control.width() + 1), dice_.bounded(control.height() + 1));
+        const Qt::MouseButton button = dice_.bounded(12) == 0 ? Qt::RightButton : Qt::LeftButton;
         if (control.focusPolicy() & Qt::ClickFocus) control.setFocus(Qt::MouseFocusReason);
         if (there) QTest::mousePress(there, button, {}, point);
         if (there) QTest::mouseRelease(there, button, {}, point);
-        if (there && dice_.oneIn(4)) QTest::mouseDClick(there, button, {}, point);
+        if (there && dice_.bounded(4) == 0) QTest::mouseDClick(there, button, {}, point);
     }
 
     void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
@@ -128,8 +121,8 @@ private:
     void type(QWidget& box) {
         const QPointer<QWidget> there = &box;
         box.setFocus(Qt::MouseFocusReason);
-        if (there && dice_.oneIn(2)) press(box, Qt::Key_A, Qt::ControlModifier);
-        for (const QChar sign : dice_.one(texts))
+        if (there && dice_.bounded(2) == 0) press(box, Qt::Key_A, Qt::ControlModifier);
+        for (const QChar sign : one(dice_, texts))
             if (there) press(box, Qt::Key_unknown, Qt::NoModifier, QString(sign));
     }
 
