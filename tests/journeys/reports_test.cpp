@@ -28,6 +28,7 @@ protected:
     }
     QWidget& prompt() {
         host.now = {2004, 2, 20};
+        host.style.pattern = "d MMM yyyy";
         start();
         choose("mnusalesrpt");
         return screens->reportPrompt.window();
@@ -60,10 +61,10 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     go(dates, "Command1");
     EXPECT_EQ(page("DataReport1"), head + "0.00\n");
     go(dates, "Command3");
-    EXPECT_EQ(page("DataReport1"), head + "3\n7/4/2003\nAnn Lee\n236.00\n5\n1/31/2004\nBob Ray\n10.00\n246.00\n");
+    EXPECT_EQ(page("DataReport1"), head + "3\n4 Jul 2003\nAnn Lee\n236.00\n5\n31 Jan 2004\nBob Ray\n10.00\n246.00\n");
     find<DateBox>(dates, "FDate").setValue({2004, 1, 31});
     go(dates, "Command1");
-    EXPECT_EQ(page("DataReport1"), head + "5\n1/31/2004\nBob Ray\n10.00\n10.00\n");
+    EXPECT_EQ(page("DataReport1"), head + "5\n31 Jan 2004\nBob Ray\n10.00\n10.00\n");
     go(dates, "Command2");
     EXPECT_FALSE(screens->reportPrompt.loaded());
     // A run that can't read shows an empty report beside it, and no box.
