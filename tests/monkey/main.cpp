@@ -7,15 +7,18 @@
 // The program runs in a child process. One that ends with a run-time error or with its last window is started again on
 // the same data with the next seed, until all steps are done. A failure names the seed with which it comes again.
 
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QAction>
-#include <QFileInfo>
 #include <QLineEdit>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 #include "assistant/animated_assistant.h"
 #include "screens/guarded_application.h"
@@ -26,7 +29,8 @@
 namespace torvane {
 namespace {
 
-enum Ending { allStepsDone = 0, runTimeError = 1, pastTheGuard = 70, lastWindowGone = 71 };
+// Sanitizers leave with numbers of their own.
+enum Ending { allStepsDone = 0, runTimeError = 70, lastWindowGone = 71, pastTheGuard = 72 };
 
 using Dice = QRandomGenerator;
 
@@ -57,13 +61,7 @@ private:
 
 class Monkey : public QObject {
 public:
-    Monkey(Dice& dice, int steps) : dice_(dice), left_(steps) { QTimer::singleShot(0, this, &Monkey::step); }
-    // Says how far it came, and leaves.
-    [[noreturn]] void leave(Ending ending) const {
-        std::printf("left %d\n", left_);
-        std::fflush(stdout);
-        std::_Exit(ending);
-    }
+    Monkey(Dice& dice, int& left) : dice_(dice), left_(left) { QTimer::singleShot(0, this, &Monkey::step); }
 
 private:
     void step() {
@@ -133,68 +131,62 @@ private:
     static constexpr Qt::Key letters[] = {Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_A, Qt::Key_Z};
     static constexpr Qt::Key popupKeys[] = {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Escape};
     Dice& dice_;
-    int left_;
+    int& left_;
 };
 
-int run(int argc, char** argv, unsigned seed, int steps, const std::string& folder) {
+int run(int argc, char** argv, unsigned seed, int& left, const std::string& folder) {
     GuardedApplication application(argc, argv);
     Dice dice(seed);
     MonkeyHost host(folder, dice);
     Store store(host.shortDate());
     FileSystem files;
-    Monkey monkey(dice, steps);
-    Program program({host, store}, [&monkey](int) { monkey.leave(runTimeError); });
-    host.onRuntimeError = [](const RuntimeFailure& failure) {
-        std::printf("ended by %d %s: %s\n", failure.number(), failure.text().c_str(), failure.refused().c_str());
-    };
-    application.setLastNet([&monkey](const RuntimeFailure& failure) {
-        std::printf("past the guard: %d %s\n", failure.number(), failure.text().c_str());
-        monkey.leave(pastTheGuard);
+    const Monkey monkey(dice, left);
+    Program program({host, store}, [](int) { std::_Exit(runTimeError); });
+    application.setLastNet([](const RuntimeFailure& failure) {
+        std::fprintf(stderr, "past the guard: %d %s\n", failure.number(), failure.text().c_str());
+        std::_Exit(pastTheGuard);
     });
-    program.lastWindow().onGone([&monkey] { monkey.leave(lastWindowGone); });
+    program.lastWindow().onGone([] { std::_Exit(lastWindowGone); });
     Screens screens(program, files, false,
                     [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });
     return QApplication::exec();
 }
 
-// Runs children until all steps are done. False when one did what must never happen.
-bool watch(const QString& program, unsigned seed, int steps) {
-    constexpr int patienceMs = 600'000;
-    DataFolder data;
-    data.useSample();
-    const QString folder = QString::fromStdString(data.path());
-    for (const char* name : {"/Sample.bak", "/Merlin.ACS"})
-        QFile::copy(TORVANE_DELIVERED + QString(name), folder + name);
-    qputenv("HOME", folder.toUtf8());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    for (int ending = runTimeError; ending != allStepsDone; ++seed) {
-        QProcess child;
-        child.setProcessChannelMode(QProcess::MergedChannels);
-        child.setWorkingDirectory(folder);
-        child.start(program, {QString::number(seed), QString::number(steps), folder});
-        const bool ended = child.waitForFinished(patienceMs) && child.exitStatus() == QProcess::NormalExit;
-        ending = child.exitCode();
-        const QByteArray output = child.readAll();
-        const std::string database = data.cell("pragma integrity_check");
-        if (!ended || database != "ok" ||
-            (ending != allStepsDone && ending != runTimeError && ending != lastWindowGone)) {
-            std::printf("seed %u, %d steps, %s status %d, database %s\n%s\n", seed, steps,
-                        ended ? "" : "crashed or hangs,", ending, database.c_str(), output.constData());
-            return false;
-        }
-        steps = output.mid(output.lastIndexOf("left ") + 5).split('\n').value(0).toInt();
-    }
-    return true;
-}
-
 }  // namespace
 }  // namespace torvane
 
 int main(int argc, char** argv) {
-    if (argc < 3) return std::puts("monkey <seed> <steps>"), 2;
-    const auto seed = static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10));
-    const int steps = std::atoi(argv[2]);
-    if (argc == 4) return torvane::run(argc, argv, seed, steps, argv[3]);
-    return torvane::watch(QFileInfo(QString::fromLocal8Bit(argv[0])).absoluteFilePath(), seed, steps) ? 0 : 1;
+    if (argc != 3) return std::puts("monkey <seed> <steps>"), 2;
+    constexpr unsigned patience = 600;  // seconds
+    torvane::DataFolder data;
+    data.useSample();
+    for (const std::string name : {"/Sample.bak", "/Merlin.ACS"})
+        std::filesystem::copy_file(TORVANE_DELIVERED + name, data.path() + name);
+    std::filesystem::current_path(data.path());
+    qputenv("HOME", data.path().c_str());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The child counts here, so that its parent knows how far it came.
+    int& left =
+        *static_cast<int*>(::mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    left = std::atoi(argv[2]);
+    for (auto seed = static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10)); left > 0; ++seed) {
+        const int steps = left;
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::alarm(patience);
+            std::exit(torvane::run(argc, argv, seed, left, data.path()));
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        const int ending = WIFEXITED(status) ? WEXITSTATUS(status) : torvane::pastTheGuard;
+        const std::string database = data.cell("pragma integrity_check");
+        const bool allowed =
+            ending == torvane::allStepsDone || ending == torvane::runTimeError || ending == torvane::lastWindowGone;
+        if (allowed && database == "ok") continue;
+        std::printf("seed %u, %d steps: %d left, status %d, database %s\n", seed, steps, left, status,
+                    database.c_str());
+        return 1;
+    }
+    return 0;
 }
