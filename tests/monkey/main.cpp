@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <QAction>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QTest>
@@ -76,6 +77,8 @@ private:
         if (windows.isEmpty()) return;
         QWidget* modal = QApplication::activeModalWidget();
         QWidget& window = modal ? *modal : *one(dice_, windows);
+        // The toolkit's own file dialog deletes and makes folders, anywhere on the machine.
+        if (qobject_cast<QFileDialog*>(&window)) return window.close(), void();
         const int act = dice_.bounded(12);
         if (act == 0 && dice_.bounded(window.objectName() == "frmMainMenu" ? 60 : 8) == 0) window.close();
         if (act == 1) some<QAction>(window, [](QAction& entry) { entry.trigger(); });
@@ -86,14 +89,14 @@ private:
         if (act >= 8) some<QAbstractButton>(window, [this](QWidget& button) { click(button); });
     }
 
-    // One that can be used. What ends the program is chosen seldom, and a file dialog would leave its new folders.
+    // One that can be used. What ends the program is chosen seldom.
     template <class Control, class Act>
     void some(const QWidget& window, Act act) {
         static const QStringList ends{"cmd_Exit",   "mnuExit",    "mnuClose",    "mnuRelSup",
                                       "mnuRelManf", "mnuRelCatg", "tscientific", "tstandard"};
         QList<Control*> controls;
         for (Control* control : window.findChildren<Control*>())
-            if (control->isVisible() && control->isEnabled() && control->objectName() != "newFolderButton" &&
+            if (control->isVisible() && control->isEnabled() &&
                 (!ends.contains(control->objectName()) || dice_.bounded(40) == 0))
                 controls.append(control);
         if (!controls.isEmpty()) act(*one(dice_, controls));
