@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <set>
 
-#include "calculators/calculator_groups.h"
 #include "help/help_book.h"
 #include "support/data_folder.h"
 #include "widgets/texts.h"
@@ -39,17 +38,6 @@ TEST_F(HelpTest, EveryPageStandsInTheContentsAndWhatItLeadsToIsThere) {
         for (const QRegularExpressionMatch& each : link.globalMatch(QString::fromUtf8(book.data(page)))) {
             const QUrl there = page.resolved(QUrl(each.captured(1)));
             EXPECT_FALSE(book.data(there).isEmpty()) << qPrintable(page.fileName() + " leads to " + there.fileName());
-        }
-    }
-}
-
-TEST_F(HelpTest, EachCalculatorHasAPageThatNamesIt) {
-    for (const CalculatorGroup& group : calculatorGroups()) {
-        for (const CalculatorTab& tab : group.tabs) {
-            const QUrl page = book.pageOf(tab.panel ? tab.panel()->helpContext : group.helpContext);
-            EXPECT_NE(page, book.contentsPage()) << tab.caption;
-            EXPECT_TRUE(QString::fromUtf8(book.data(page)).contains(qstring(tab.caption), Qt::CaseInsensitive))
-                << tab.caption;
         }
     }
 }

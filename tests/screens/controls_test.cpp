@@ -52,8 +52,6 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
         const char* expected;
     } rows[] = {
         {"all but digits and points is dropped", [&] { type(box, "-1a. 2,e3"); }, "1.23"},
-        {"backspace", [&] { type(box, "12"), key(box, Qt::Key_Backspace); }, "1"},
-        {"arrow and Delete", [&] { type(box, "12"), key(box, Qt::Key_Left), key(box, Qt::Key_Delete); }, "1"},
         {"pasted, a line break as a blank", [&] { paste(box, "1,a\r\n2\t3\n"), type(box, "4"); }, "1,a 2 3 4"},
         {"a soft hyphen, a face, a next line", [&] { press(box, "\u00ad"), press(box, "😀"), press(box, "\u0085"); },
          ""},
@@ -136,10 +134,7 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         const char* typed;
         const char* expected;  // as the box shows it then
     } rows[] = {{"en_US", {}, "3/5/2026", "3/5/2026"},
-                {"en_US", {}, "03.05.26", "3/5/2026"},
-                {"en_US", {}, "12-31-30", "12/31/1930"},
                 {"en_US", {}, "2/30/2026", "11/23/2026"},
-                {"en_US", {}, "3/5", "11/23/2026"},
                 {"en_US", {Qt::Key_Home}, "3/5/2026", "3/5/2026"},
                 {"en_US", {Qt::Key_End, Qt::Key_Left}, "3/5/2026", "3/5/2026"},
                 {"en_US", {Qt::Key_End, Qt::Key_Backspace}, "5", "11/23/2025"},
@@ -147,7 +142,6 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
                 {"en_US", {Qt::Key_End, Qt::Key_Down, Qt::Key_Down}, "30", "11/23/1930"},
                 {"en_GB", {}, "31/12/2025", "31/12/2025"},
                 {"en_GB", {Qt::Key_Up, Qt::Key_Up, Qt::Key_PageUp}, "", "05/12/2026"},
-                {"ko_KR", {}, "2026. 3. 5.", "2026. 3. 5."},
                 {"ko_KR", {Qt::Key_Home, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up}, "", "2027. 11. 23."},
                 {"ko_KR", {Qt::Key_End, Qt::Key_Left, Qt::Key_Up}, "", "2026. 11. 24."},
                 {"ar_EG", {}, "\u0665/\u0663/\u0662\u0660\u0662\u0666", "5/3/2026"}};
