@@ -107,10 +107,6 @@ class DeskTest(unittest.TestCase):
                 application.clear_cache()
                 yield from (application.get_child_at_index(k) for k in range(application.get_child_count()))
 
-    def in_front(self):
-        top = self.window(active())
-        return [f"{one.get_role_name()} {one.get_name()!r}" for one in below(top) if one.get_name()] if top else []
-
     def window(self, title):
         """The one with this title; a box before the window that it stands over."""
         here = [one for one in self.windows() if one and showing(one) and one.get_name() == title]
@@ -123,17 +119,17 @@ class DeskTest(unittest.TestCase):
     def goes(self, title):
         self.until(lambda: not self.window(title), f"{title!r} does not go")
 
+    def shown(self, title):
+        top = self.window(title)
+        return list(below(top)) if top else []
+
     def control(self, name, window=None, role=None):
         title = window or active()
+        return self.until(lambda: next((one for one in self.shown(title) if one.get_name() == name and
+                                        role in (None, one.get_role_name())), None), f"no {name!r} in {title!r}")
 
-        def found():
-            top = self.window(title)
-            for one in below(top) if top else ():
-                if one.get_name() == name and (not role or one.get_role_name() == role):
-                    return one
-            return None
-
-        return self.until(found, f"no {name!r} in {title!r}")
+    def in_front(self):
+        return [f"{one.get_role_name()} {one.get_name()!r}" for one in self.shown(active()) if one.get_name()]
 
     def reads(self, name, text):
         """A box shows this text."""
@@ -142,8 +138,7 @@ class DeskTest(unittest.TestCase):
 
     def focused(self):
         """The name of what has the keys."""
-        top = self.window(active())
-        return next((one.get_name() for one in below(top) if showing(one, Atspi.StateType.FOCUSED)), None) if top else None
+        return next((one.get_name() for one in self.shown(active()) if showing(one, Atspi.StateType.FOCUSED)), None)
 
     def click(self, name, window=None, role=None, times=1):
         place = self.control(name, window, role).get_extents(Atspi.CoordType.SCREEN)
