@@ -57,6 +57,7 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
          ""},
         {"unseen, with Control and Shift", [&] { press(box, "\u200c", Qt::ControlModifier | Qt::ShiftModifier); }, ""},
         {"composed", [&] { compose(box, "5"), compose(box, "-"), compose(box, "\u200b"); }, "5"},
+        {"in front of what code has written", [&] { box.setText("2"), type(box, "1"); }, "12"},
         {"by code", [&] { box.setText("n\na"); }, "n\na"},
     };
     for (const auto& row : rows) {
