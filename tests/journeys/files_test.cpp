@@ -69,8 +69,10 @@ TEST_F(FilesTest, RestoreUnderOpenScreens) {
 
     restore(file("then.bak"), imported);
     EXPECT_EQ(rows(list), now) << "what has been read stays";
+    clickRow(torvane::list(list), 1);
     go(list, "CmdAll");
     EXPECT_NE(rows(list), now);
+    EXPECT_EQ(torvane::list(list).SelectedRow(), 1) << "and the customer that was selected";
     go(order, "txtNotes=in the restored file; CmdSave", {ok("Estimate Saved")});
     find<TextArea>(screens->blank, "rtfNotes").setText("there, too");
     go(screens->blank.window(), "cmdOk");
