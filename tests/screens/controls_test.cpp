@@ -168,6 +168,9 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         EXPECT_EQ(utf8(box.text()), row.expected);
         EXPECT_EQ(shortDateText(read, host.style), row.expected);
     }
+    mouse(QTest::mouseClick, *form.date, form.date->rect().bottomRight() - QPoint(8, 8));
+    ASSERT_TRUE(QApplication::activePopupWidget()) << "the calendar";
+    QApplication::activePopupWidget()->close();
 }
 
 }  // namespace
