@@ -6,56 +6,32 @@
 
 namespace torvane {
 
-namespace {
-
-std::string described(std::string_view text, std::string_view title, Buttons buttons) {
-    return "\"" + std::string(text) + "\", title \"" + std::string(title) + "\", " +
-           (buttons == Buttons::Ok ? "Ok" : "Yes/No");
-}
-
-}  // namespace
-
-TestHost::TestHost(std::string programDirectory) : folder(std::move(programDirectory)) {}
-
-TestHost::~TestHost() {
-    verify();
-}
-
 void TestHost::verify() {
-    for (const Box& box : boxes_)
-        ADD_FAILURE() << "box that did not come: " << described(box.text, box.title, box.buttons);
-    if (!saveNames_.empty()) ADD_FAILURE() << "save dialog that did not come";
-    if (!openNames_.empty()) ADD_FAILURE() << "open dialog that did not come";
+    for (const Box& box : boxes_) ADD_FAILURE() << "box that did not come: " << box.text;
+    EXPECT_TRUE(names_.empty()) << "a file dialog did not come";
     boxes_.clear();
-    saveNames_.clear();
-    openNames_.clear();
+    names_.clear();
 }
 
 Answer TestHost::box(std::string_view text, std::string_view title, Buttons buttons) {
-    if (boxes_.empty()) {
-        ADD_FAILURE() << "unexpected box: " << described(text, title, buttons);
-        return buttons == Buttons::Ok ? Answer::Ok : Answer::No;
-    }
-    const Box expected = std::move(boxes_.front());
-    boxes_.pop_front();
-    EXPECT_EQ(described(text, title, buttons), described(expected.text, expected.title, expected.buttons));
+    const Answer safe = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+    const Box expected = boxes_.empty() ? Box{"(no box)", "", buttons, safe} : std::move(boxes_.front());
+    if (!boxes_.empty()) boxes_.pop_front();
+    EXPECT_EQ(text, expected.text);
+    EXPECT_EQ(title, expected.title);
+    EXPECT_EQ(buttons, expected.buttons);
     if (expected.meanwhile) expected.meanwhile();
     return expected.answer;
 }
 
-std::optional<std::string> TestHost::next(std::deque<std::optional<std::string>>& names, const char* dialog) {
-    if (names.empty()) {
-        ADD_FAILURE() << "unexpected " << dialog << " dialog";
-        return std::nullopt;
-    }
-    const std::optional<std::string> name = names.front();
-    names.pop_front();
-    return name;
-}
-
-std::optional<std::string> TestHost::askSaveName(std::string_view proposed, std::string_view filter) {
+TestHost::FileName TestHost::askSaveName(std::string_view proposed, std::string_view filter) {
     fileDialogs.push_back({std::string(proposed), std::string(filter)});
-    return next(saveNames_, "save");
+    FileName name;
+    EXPECT_FALSE(names_.empty()) << "a file dialog that nobody expected";
+    if (names_.empty()) return name;
+    name.swap(names_.front());
+    names_.pop_front();
+    return name;
 }
 
 void TestHost::startProgram(const std::string& path) {
@@ -63,9 +39,16 @@ void TestHost::startProgram(const std::string& path) {
     started.push_back(path);
 }
 
-std::optional<std::string> TestHost::askOpenName(std::string_view filter) {
-    fileDialogs.push_back({"", std::string(filter)});
-    return next(openNames_, "open");
+TestHost::Box ok(std::string text, std::string title) {
+    return {std::move(text), std::move(title)};
+}
+
+TestHost::Box yes(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::Yes};
+}
+
+TestHost::Box no(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::No};
 }
 
 }  // namespace torvane

@@ -14,8 +14,8 @@ namespace torvane {
 // expected, in that order. A box that nobody expected, and an expected one that did not come, fail the test.
 class TestHost : public Host {
 public:
-    explicit TestHost(std::string programDirectory = {});
-    ~TestHost() override;
+    explicit TestHost(std::string programDirectory = {}) : folder(std::move(programDirectory)) {}
+    ~TestHost() override { verify(); }
 
     struct Box {
         std::string text;
@@ -26,15 +26,13 @@ public:
     };
     void expect(Box box) { boxes_.push_back(std::move(box)); }
     void expectOk(std::string text, std::string title) { expect({std::move(text), std::move(title)}); }
-    void expectYesNo(std::string text, std::string title, Answer answer) {
-        expect({std::move(text), std::move(title), Buttons::YesNo, answer});
-    }
     // Fails the test if an expected box or file dialog has not come; the queues are empty afterwards.
     void verify();
 
     // The answers of the next file dialogs, in order; nothing is Cancel.
-    void answerSaveName(std::optional<std::string> name) { saveNames_.push_back(std::move(name)); }
-    void answerOpenName(std::optional<std::string> name) { openNames_.push_back(std::move(name)); }
+    using FileName = std::optional<std::string>;
+    void answerSaveName(FileName name) { names_.push_back(std::move(name)); }
+    void answerOpenName(FileName name) { names_.push_back(std::move(name)); }
     // What the file dialogs were given: the proposed name ("" for the open dialog) and the filter.
     struct Asked {
         std::string proposed;
@@ -43,14 +41,11 @@ public:
     };
     std::vector<Asked> fileDialogs;
 
-    // The programs that were started.
-    std::vector<std::string> started;
+    std::vector<std::string> started;  // programs
     bool missingPrograms = false;
-
     // Runs in place of the run-time error box.
     std::function<void(const RuntimeFailure&)> onRuntimeError = [](const RuntimeFailure&) {};
     int beeps = 0;
-
     Date now{2024, 3, 15};
     ShortDate style;
     std::string folder;
@@ -59,8 +54,8 @@ public:
     Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
     void runtimeErrorBox(const RuntimeFailure& failure) override { onRuntimeError(failure); }
     void beep() override { ++beeps; }
-    std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
-    std::optional<std::string> askOpenName(std::string_view filter) override;
+    FileName askSaveName(std::string_view proposed, std::string_view filter) override;
+    FileName askOpenName(std::string_view filter) override { return askSaveName("", filter); }
     void startProgram(const std::string& path) override;
     Date today() const override { return now; }
     const ShortDate& shortDate() const override { return style; }
@@ -68,10 +63,13 @@ public:
     std::int16_t NoInList() const override { return rowsPerPage; }
 
 private:
-    std::optional<std::string> next(std::deque<std::optional<std::string>>& names, const char* dialog);
     std::deque<Box> boxes_;
-    std::deque<std::optional<std::string>> saveNames_;
-    std::deque<std::optional<std::string>> openNames_;
+    std::deque<FileName> names_;
 };
+
+// Boxes that a test expects, with their answers.
+TestHost::Box ok(std::string text, std::string title = "Inventory");
+TestHost::Box yes(std::string text, std::string title);
+TestHost::Box no(std::string text, std::string title);
 
 }  // namespace torvane
