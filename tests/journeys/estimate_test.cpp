@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <array>
 
+#include "estimates/screens/category_tree.h"
 #include "journeys/journey.h"
 
 namespace torvane {
@@ -26,11 +27,32 @@ TestHost::Box keepPrice(const std::string& kind) {
               "Change master file price?");
 }
 
+// The tree as text: a line per node, indented by its level.
+std::string outline(const QTreeWidgetItem& node, std::size_t level = 0) {
+    std::string text =
+        std::string(level, ' ') + utf8(node.data(0, Qt::UserRole).toString() + " " + node.text(0)) + "\n";
+    for (int i = 0; i < node.childCount(); ++i) text += outline(*node.child(i), level + 1);
+    return text;
+}
+
 class EstimateTest : public JourneyTest {
 protected:
     std::string shown(const Names& boxes) { return texts(screens->order.window(), boxes); }
     std::function<std::string()> watch(Names boxes) {
         return [this, boxes] { return shown(boxes); };
+    }
+    // The item sheet.
+    QWidget& sheet() {
+        go(newEstimate(), "cmdItemList");
+        return screens->itemSheet.window();
+    }
+    // Takes items of the tree, one after the other.
+    void take(const QWidget& in, const Names& items) {
+        auto& tree = find<CategoryTree>(in, "TreeCategory");
+        for (const std::string_view name : items) {
+            tree.setCurrentItem(tree.findItems(qstring(name), Qt::MatchExactly | Qt::MatchRecursive).value(0));
+            key(tree, Qt::Key_Return);
+        }
     }
     std::string firstRow() { return rows(screens->order.window())[0]; }
 };
@@ -45,23 +67,19 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     EXPECT_EQ(visible(order, modeButtons), "cmdAdd CmdEdit cmdDel CmdSelCust CmdNewCust CmdSave");
     const std::string ann = "Ann Lee|1 Elm|Apt 2|Salem|Oregon|97301|USA|555-1|555-3|ann@example.com";
     tell(order, watch(address),
-         {
-             {"CmdSave", "||||Alabama|||||", {ok("Select Customer ", "Estimate"), invalid}},
-             {"CmdSelCust > close", "||||Alabama|||||"},
-             {"CmdSelCust > row 0 twice", ann},
-             // Where the new customer's state is none, that of the one before stays.
-             {"CmdSelCust > row 1; CmdSelect", "Bob Ray|||Troy|Oregon|||777-1||"},
-             {"CmdSelCust > row 0 twice", ann},
-             {"CmdSave", ann, {ok("No Items Selected", "Estimate"), invalid}},
-         });
+         {{"CmdSave", "||||Alabama|||||", {ok("Select Customer ", "Estimate"), invalid}},
+          {"CmdSelCust > close", "||||Alabama|||||"},
+          {"CmdSelCust > row 0 twice", ann},
+          // Where the new customer's state is none, that of the one before stays.
+          {"CmdSelCust > row 1; CmdSelect", "Bob Ray|||Troy|Oregon|||777-1||"},
+          {"CmdSelCust > row 0 twice", ann},
+          {"CmdSave", ann, {ok("No Items Selected", "Estimate"), invalid}}});
     tell(order, watch(panel),
-         {
-             {"cmbRooms=Deck; cmbItems=Joist; cmbUnits=Each", "Deck|2|Each|Joist|10|4|5|6|35"},
-             {"TxtQty=3", "Deck|3|Each|Joist|10|4|5|6|35"},  // a quantity alone computes nothing
-             {"cmdAdd; cmbItems=Brick; cmdAdd", "Deck|100|Each|Brick|0.5|20|0|1.25|71.25"},
-             // The selected row's quantity, not the item's; a row that is added is not selected.
-             {"CmdEdit", "Deck|3|Each|Joist|10|4|5|6|45"},
-         });
+         {{"cmbRooms=Deck; cmbItems=Joist; cmbUnits=Each", "Deck|2|Each|Joist|10|4|5|6|35"},
+          {"TxtQty=3", "Deck|3|Each|Joist|10|4|5|6|35"},  // a quantity alone computes nothing
+          {"cmdAdd; cmbItems=Brick; cmdAdd", "Deck|100|Each|Brick|0.5|20|0|1.25|71.25"},
+          // The selected row's quantity, not the item's; a row that is added is not selected.
+          {"CmdEdit", "Deck|3|Each|Joist|10|4|5|6|45"}});
     EXPECT_EQ(rows(order),
               (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
     go(order, "cmdEditCanc; txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake");
@@ -88,17 +106,15 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
 TEST_F(EstimateTest, LinesAreRefusedOrTaken) {
     QWidget& order = newEstimate();
     tell(order, [&] { return std::to_string(rows(order).size()); },
-         {
-             {"cmbItems=Joist; TxtQty=; cmdAdd", "0", {noQuantity}},
-             {"TxtQty=0; cmdAdd", "0", {noQuantity}},
-             {"TxtQty=.; cmdAdd", "0", {noQuantity}},
-             {"TxtQty=-1x.; cmdAdd", "1"},
-             {"TxtQty=9; cmdAdd", "1", {added}},
-             {"cmbRooms=Deck; cmdAdd", "2"},
-             {"cmbUnits=Each; cmdAdd", "3"},
-             {"cmbItems=Nails; cmdAdd", "3", {noQuantity}},
-             {"TxtQty=1.2.3; cmdAdd", "4"},
-         });
+         {{"cmbItems=Joist; TxtQty=; cmdAdd", "0", {noQuantity}},
+          {"TxtQty=0; cmdAdd", "0", {noQuantity}},
+          {"TxtQty=.; cmdAdd", "0", {noQuantity}},
+          {"TxtQty=-1x.; cmdAdd", "1"},
+          {"TxtQty=9; cmdAdd", "1", {added}},
+          {"cmbRooms=Deck; cmdAdd", "2"},
+          {"cmbUnits=Each; cmdAdd", "3"},
+          {"cmbItems=Nails; cmdAdd", "3", {noQuantity}},
+          {"TxtQty=1.2.3; cmdAdd", "4"}});
     EXPECT_EQ(firstRow(), "1|Attic|1|Bag|Joist|10|4|5|6|25|1|2");
     EXPECT_EQ(rows(order)[3], "2|Deck|1.2|Each|Nails|3|0|0|0|3|2|1");
 }
@@ -170,21 +186,16 @@ TEST_F(EstimateTest, AnEditedLineIsAppliedOrDropped) {
     const auto look = [&] { return shown(panel) + "\n" + visible(order, modeButtons) + "\n" + firstRow(); };
     const std::string asSaved = "\n1|Deck|2|Each|Joist|25|4|5|0|34|2|1";
     tell(order, look,
-         {
-             {"row 0 twice", "Deck|2|Each|Joist|12.5|4|5|0|34\n" + editing + asSaved},
-             // The unit price that was computed back is compared with the master price of the item.
-             {"TxtMaterial; TxtQty; txtLabor=9; cmdEditCanc",
-              "Deck|2|Each|Joist|12.5|9|5|0|39\n" + adding + asSaved,
-              {keepPrice("Material"), keepPrice("Labor")}},
-             {"CmdEdit; TxtQty=0; cmdEditApply", "Deck|0|Each|Joist|12.5|4|5|0|34\n" + editing + asSaved, {noQuantity}},
-             {"TxtQty=2; cmbRooms=Attic; cmdEditApply",
-              "Attic|2|Each|Joist|12.5|4|5|0|34\n" + adding + "\n1|Attic|2|Each|Joist|25|4|5|0|34|1|1"},
-         });
+         {{"row 0 twice", "Deck|2|Each|Joist|12.5|4|5|0|34\n" + editing + asSaved},
+          // The unit price that was computed back is compared with the master price of the item.
+          {"TxtMaterial; TxtQty; txtLabor=9; cmdEditCanc",
+           "Deck|2|Each|Joist|12.5|9|5|0|39\n" + adding + asSaved,
+           {keepPrice("Material"), keepPrice("Labor")}},
+          {"CmdEdit; TxtQty=0; cmdEditApply", "Deck|0|Each|Joist|12.5|4|5|0|34\n" + editing + asSaved, {noQuantity}},
+          {"TxtQty=2; cmbRooms=Attic; cmdEditApply",
+           "Attic|2|Each|Joist|12.5|4|5|0|34\n" + adding + "\n1|Attic|2|Each|Joist|25|4|5|0|34|1|1"}});
     tell(order, watch(totals),
-         {
-             {"cmdDel", "105.25|8.42|10.525|124.195", {keepLine}},
-             {"row 1; cmdDel", "34|2.72|3.4|40.12", {deleteLine}},
-         });
+         {{"cmdDel", "105.25|8.42|10.525|124.195", {keepLine}}, {"row 1; cmdDel", "34|2.72|3.4|40.12", {deleteLine}}});
     go(order, "CmdSave", {saved});
     EXPECT_EQ(lines(3), Texts{"1|2.0|25.0|1|1|5.0|4.0|0.0"});
 }
@@ -245,11 +256,9 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     const Names results{"txtPerimeter", "txtWalls",   "txtCeiling",     "txtConcrete",  "txtFloorCeil",
                         "txtTotArea",   "txtPlywood", "txtDrywall4x12", "txtDrywall4x8"};
     tell(order, watch(results),
-         {
-             {"txtLength=10; txtWidth=12 feet", "44|0|120|0|120|120|3.75|2.5|3.75"},
-             {"txtHeight=0.5", "44|22|142|44|120|142|3.75|2.5|3.75"},
-             {"txtHeight=8; cmdMove", "44|352|472|2.75|120|472|3.75|2.5|3.75"},
-         });
+         {{"txtLength=10; txtWidth=12 feet", "44|0|120|0|120|120|3.75|2.5|3.75"},
+          {"txtHeight=0.5", "44|22|142|44|120|142|3.75|2.5|3.75"},
+          {"txtHeight=8; cmdMove", "44|352|472|2.75|120|472|3.75|2.5|3.75"}});
     EXPECT_EQ(shown({"TxtQty", "txtTotal"}), "472|71.25");
     for (std::size_t option = 0; option < results.size(); ++option) {
         go(order, "TxtQty=; chkarea" + std::to_string(option + 1) + "; cmdMove");
@@ -262,23 +271,72 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
     QApplication::activePopupWidget()->close();
 }
 
-TEST_F(EstimateTest, NotesAreImportedAndCopied) {
+TEST_F(EstimateTest, SharedNotesAreWrittenImportedAndCopied) {
+    QWidget& notes = opened("mnuBlank");
+    go(notes, "rtfNotes=It's wet.");
     QWidget& order = openEstimate("E", 3);
-    EXPECT_EQ(visible(order, {"frmNotes"}) + text(order, "txtNotes"), "Old note");
-    go(order, "cmdImport; cmdCopy");
-    EXPECT_EQ(text(order, "txtNotes"), "Good for 30 days.\nHalf is due on signing.");
-    auto& notes = find<QWidget>(order, "rtfNotes");
-    key(notes, Qt::Key_Home, Qt::ControlModifier);
-    key(notes, Qt::Key_End, Qt::ShiftModifier);
+    const auto look = [&] { return visible(order, {"frmNotes"}) + "|" + texts(order, {"rtfNotes", "txtNotes"}); };
+    EXPECT_EQ(look(), "||Old note");
+    const std::string stored = "Good for 30 days.\nHalf is due on signing.";
+    tell(order, look,
+         {{"cmdImport; cmdCopy", "frmNotes|" + stored + "|" + stored},  // not yet what is being written
+          {"rtfNotes=Only here; cmdCopy; CmdSave", "frmNotes|Only here|Only here", {saved}},
+          {"Command2", "|Only here|Only here"},
+          {"cmdImport", "frmNotes|" + stored + "|Only here"}});  // read afresh
+    auto& area = find<QWidget>(order, "rtfNotes");
+    key(area, Qt::Key_Home, Qt::ControlModifier);
+    key(area, Qt::Key_End, Qt::ShiftModifier);
     go(order, "cmdCopy");
     EXPECT_EQ(text(order, "txtNotes"), "Good for 30 days.") << "what is selected";
-    go(order, "rtfNotes=Only here; cmdCopy; CmdSave", {saved});
-    EXPECT_EQ(visible(order, {"frmNotes"}) + data.cell("select Notes from OrderInfo where OrderNo = 3"),
-              "frmNotesOnly here");
-    go(order, "Command2");
-    EXPECT_EQ(visible(order, {"frmNotes"}), "");
-    go(order, "cmdImport");
-    EXPECT_EQ(text(order, "rtfNotes"), "Good for 30 days.\nHalf is due on signing.") << "read afresh";
+    EXPECT_EQ(data.cell("select Notes from OrderInfo where OrderNo = 3"), "Only here");
+    go(notes, "cmdOk");
+    EXPECT_EQ(standing("frmBlank"), nullptr);
+    go(opened("mnuBlank"), "rtfNotes=lost; CmdCancel");
+    EXPECT_EQ(data.cell("select Notes from BlankNotes"), "It's wet.");
+}
+
+TEST_F(EstimateTest, TheTreeOfTheSheetIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
+    data.execute(R"(delete from Category; delete from Item;
+        insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'öl', null),
+            (5, 'Orphan', 99);
+        insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values
+            (1, '1', 'Plank', 1, 1, 1, 1), (2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1),
+            (4, '4', 'Hidden', 4, 1, 1, 1), (5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1))");
+    auto& tree = find<CategoryTree>(sheet(), "TreeCategory");
+    EXPECT_EQ(outline(*tree.topLevelItem(0)),
+              "R Categories\n C2 öl\n  I5 Red\n C1 Wood\n  I2 Girder\n  I1 Plank\n"
+              "  C1_12 Beams\n   I2 Girder\n   C2_3 Glue\n    I3 Epoxy\n");
+    const QTreeWidgetItem* last = tree.findItems("Epoxy", Qt::MatchRecursive).value(0);
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(last).center())) << "opens with the end in sight";
+}
+
+TEST_F(EstimateTest, TheSheetCollectsItemsAndMovesThemToTheEstimate) {
+    data.execute("update Item set CategoryId = 77 where ItemId = 3; insert into Category values (77, 'Masonry', 0)");
+    QWidget& sheetWindow = sheet();
+    QWidget& order = screens->order.window();
+    go(order, "cmbUnits=Bag");
+    take(sheetWindow, {"Categories", "Framing"});
+    go(sheetWindow, "cmdDelete; cmbRooms=Roof");  // there is nothing yet: only items go to the sheet
+    take(sheetWindow, {"Joist", "Nails"});
+    go(sheetWindow, "cmbRooms=Deck");
+    take(sheetWindow, {"Brick", "Brick", "Joist"});
+    EXPECT_EQ(rows(sheetWindow),
+              (Texts{"1|Roof|1|Joist|Framing|2|Each|10|4|3", "2|Roof|2|Nails|Framing|0|Each|2.5|0|3",
+                     "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2", "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2",
+                     "1|Deck|1|Joist|Framing|2|Each|10|4|2"}));
+    const TestHost::Box keep = no("Do you want to delete item '1'?", "Delete Item from the List");
+    go(sheetWindow, "row 4; cmdDelete; cmdDelete", {keep, yes(keep.text, keep.title)});
+    // Each row goes through the door of a single line; the unit is the one of the estimate screen.
+    go(sheetWindow, "cmdAddEstimate", {noQuantity, added});
+    EXPECT_FALSE(standing("frmList"));
+    EXPECT_EQ(rows(order),
+              (Texts{"1|Roof|2|Bag|Joist|20|4|5|6|35|3|2", "3|Deck|100|Bag|Brick|50|20|0|1.25|71.25|2|2"}));
+    EXPECT_EQ(text(order, "TxtAmount"), "106.25");
+    QWidget& second = sheet();
+    take(second, {"Nails"});
+    go(order, "close");
+    go(second, "cmdAddEstimate", {noQuantity});
+    EXPECT_TRUE(rows(*standing("frmOrder")).empty()) << "a closed estimate screen is loaded anew";
 }
 
 }  // namespace

@@ -1,11 +1,10 @@
-// The four lists: their modes, columns, searches and pages. Estimates found, opened and deleted; the shared notes.
+// The four lists: their modes, columns, searches and pages. Estimates found, opened and deleted.
 
 #include <QApplication>
 #include <QHeaderView>
 #include <array>
 
 #include "journeys/journey.h"
-#include "widgets/text_area.h"
 
 namespace torvane {
 namespace {
@@ -100,33 +99,25 @@ TEST_F(FindingTest, SearchesInTheChosenColumn) {
         "insert into Category values (2, 'Joinery', 0); update Item set CategoryId = 2 where ItemId = 3;"
         "update Customer set BCCNo = 'Troy-9' where CustId = 7;"
         "insert into OrderInfo (OrderNo, CustId) values (105, 7), (112, 8), (113, 99)");
-    search("SubMnuEditItem", {
-                                 {"txtName=JOI; cmdSearch", "1 3"},  // in name or category
-                                 {"txtName=3; cmdSearch", "1 3", {ok("Item Not Found", "")}},
-                                 {"OptName; txtName=Joi; cmdSearch", "1"},
-                                 {"txtName=oist; cmdSearch", "1", {ok("Item Not Found", "")}},
-                                 {"OptCat; txtName=Joi; cmdSearch", "3"},
-                                 {"OptCode; txtName=3; cmdSearch", "3"},
-                                 {"OptAll; txtName=; cmdSearch", "1 2 3"},
-                             });
-    search("SubMnuEditCust", {
-                                 {"txtCustName=troy; cmdSearch", "7 8"},  // in any of the five texts
-                                 {"OptCity; txtCustName=Troy; cmdSearch", "8"},
-                                 {"OptName; txtCustName=ann; cmdSearch", "7"},
-                                 {"txtCustName=Lee; cmdSearch", "7", {ok("Customer Not Found", "")}},
-                                 {"OptPhone; txtCustName=777; cmdSearch", "8"},
-                                 {"OptEmail; txtCustName=ann@; cmdSearch", "7"},
-                             });
-    search("SubMnuEditCat", {
-                                {"txtCatName=j; cmdSearch", "2"},
-                                {"txtCatName=oin; cmdSearch", "2", {ok("Category Not Found", "")}},
-                            });
-    search("mnuEditEstimate", {
-                                  {"txtName=5; cmdSearch", "5 105"},
-                                  {"OptName; txtName=OB r; cmdSearch", "5 112"},
-                                  {"txtName=nobody; cmdSearch", "5 112", {ok("Estimate Not Found", "")}},
-                                  {"OptOrderNo; txtName=; cmdSearch", "3 5 105 112 113"},
-                              });
+    search("SubMnuEditItem", {{"txtName=JOI; cmdSearch", "1 3"},  // in name or category
+                              {"txtName=3; cmdSearch", "1 3", {ok("Item Not Found", "")}},
+                              {"OptName; txtName=Joi; cmdSearch", "1"},
+                              {"txtName=oist; cmdSearch", "1", {ok("Item Not Found", "")}},
+                              {"OptCat; txtName=Joi; cmdSearch", "3"},
+                              {"OptCode; txtName=3; cmdSearch", "3"},
+                              {"OptAll; txtName=; cmdSearch", "1 2 3"}});
+    search("SubMnuEditCust", {{"txtCustName=troy; cmdSearch", "7 8"},  // in any of the five texts
+                              {"OptCity; txtCustName=Troy; cmdSearch", "8"},
+                              {"OptName; txtCustName=ann; cmdSearch", "7"},
+                              {"txtCustName=Lee; cmdSearch", "7", {ok("Customer Not Found", "")}},
+                              {"OptPhone; txtCustName=777; cmdSearch", "8"},
+                              {"OptEmail; txtCustName=ann@; cmdSearch", "7"}});
+    search("SubMnuEditCat",
+           {{"txtCatName=j; cmdSearch", "2"}, {"txtCatName=oin; cmdSearch", "2", {ok("Category Not Found", "")}}});
+    search("mnuEditEstimate", {{"txtName=5; cmdSearch", "5 105"},
+                               {"OptName; txtName=OB r; cmdSearch", "5 112"},
+                               {"txtName=nobody; cmdSearch", "5 112", {ok("Estimate Not Found", "")}},
+                               {"OptOrderNo; txtName=; cmdSearch", "3 5 105 112 113"}});
     EXPECT_EQ(rows(opened("SubMnuEditItem"))[0], "1|1|Joist|Framing|10|2|Each");
     QWidget& estimates = opened("mnuEditEstimate");
     EXPECT_EQ(rows(estimates)[0] + rows(estimates)[4], "3|7/4/2003|Ann Lee|236113|||") << "what is Null is left empty";
@@ -160,15 +151,13 @@ TEST_F(FindingTest, PagesOfFifteen) {
                enabled(window, {"CmdPrev", "CmdNext"});
     };
     tell(window, page,
-         {
-             {"CmdAll", "101|Record 1 - 15 of 32|CmdNext"},
-             {"CmdNext", "116|Record 16 - 30 of 32|CmdPrev CmdNext"},
-             {"CmdNext", "131|Record 31 - 32 of 32|CmdPrev"},
-             {"CmdAll", "131|Record 31 - 32 of 32|CmdPrev"},  // the page stays
-             {"CmdPrev", "116|Record 16 - 30 of 32|CmdPrev CmdNext"},
-             {"OptCity; txtCustName=x; cmdSearch", "101|Record 1 - 15 of 16|CmdNext"},
-             {"CmdNext", "131|Record 16 - 16 of 16|CmdPrev"},
-         });
+         {{"CmdAll", "101|Record 1 - 15 of 32|CmdNext"},
+          {"CmdNext", "116|Record 16 - 30 of 32|CmdPrev CmdNext"},
+          {"CmdNext", "131|Record 31 - 32 of 32|CmdPrev"},
+          {"CmdAll", "131|Record 31 - 32 of 32|CmdPrev"},  // the page stays
+          {"CmdPrev", "116|Record 16 - 30 of 32|CmdPrev CmdNext"},
+          {"OptCity; txtCustName=x; cmdSearch", "101|Record 1 - 15 of 16|CmdNext"},
+          {"CmdNext", "131|Record 16 - 16 of 16|CmdPrev"}});
     clickHeader(list(window), 1);
     EXPECT_EQ(keys(window), "101") << "what was found is sorted, and the page stays";
 }
@@ -214,18 +203,6 @@ TEST_F(FindingTest, AnEstimateIsDeletedByItsNumber) {
     go(edited, "TxtScity=Elsewhere; CmdSave", {ok("Estimate Saved")});
     EXPECT_EQ(data.cell("select SCity from OrderInfo"), "null")
         << "a deletion that was cancelled leaves its mode behind";
-}
-
-TEST_F(FindingTest, SharedNotes) {
-    QWidget& notes = opened("mnuBlank");
-    find<TextArea>(notes, "rtfNotes").setText("Don't walk on wet floors; it's slippery.");
-    QWidget& order = newEstimate();
-    go(order, "cmdImport");
-    EXPECT_EQ(text(order, "rtfNotes"), "Good for 30 days.\nHalf is due on signing.") << "the text last stored";
-    go(notes, "cmdOk");
-    EXPECT_EQ(standing("frmBlank"), nullptr);
-    go(opened("mnuBlank"), "rtfNotes=lost; CmdCancel");
-    EXPECT_EQ(data.cell("select Notes from BlankNotes"), "Don't walk on wet floors; it's slippery.");
 }
 
 }  // namespace

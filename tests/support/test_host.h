@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <optional>
@@ -7,6 +9,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "values/failure.h"
 
 namespace torvane {
 
@@ -27,7 +30,12 @@ public:
     void expect(Box box) { boxes_.push_back(std::move(box)); }
     void expectOk(std::string text, std::string title) { expect({std::move(text), std::move(title)}); }
     // Fails the test if an expected box or file dialog has not come; the queues are empty afterwards.
-    void verify();
+    void verify() {
+        for (const Box& box : boxes_) ADD_FAILURE() << "box that did not come: " << box.text;
+        EXPECT_TRUE(names_.empty()) << "a file dialog did not come";
+        boxes_.clear();
+        names_.clear();
+    }
 
     // The answers of the next file dialogs, in order; nothing is Cancel.
     using FileName = std::optional<std::string>;
@@ -51,12 +59,31 @@ public:
     std::string folder;
     std::int16_t rowsPerPage = 15;
 
-    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override {
+        const Answer safe = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+        const Box expected = boxes_.empty() ? Box{"(no box)", "", buttons, safe} : boxes_.front();
+        if (!boxes_.empty()) boxes_.pop_front();
+        EXPECT_EQ(text, expected.text);
+        EXPECT_EQ(title, expected.title);
+        EXPECT_EQ(buttons, expected.buttons);
+        if (expected.meanwhile) expected.meanwhile();
+        return expected.answer;
+    }
+    FileName askSaveName(std::string_view proposed, std::string_view filter) override {
+        fileDialogs.push_back({std::string(proposed), std::string(filter)});
+        EXPECT_FALSE(names_.empty()) << "a file dialog that nobody expected";
+        if (names_.empty()) return {};
+        const FileName name = names_.front();
+        names_.pop_front();
+        return name;
+    }
+    FileName askOpenName(std::string_view filter) override { return askSaveName("", filter); }
+    void startProgram(const std::string& path) override {
+        if (missingPrograms) fail(Failure::FileNotFound, path);
+        started.push_back(path);
+    }
     void runtimeErrorBox(const RuntimeFailure& failure) override { onRuntimeError(failure); }
     void beep() override { ++beeps; }
-    FileName askSaveName(std::string_view proposed, std::string_view filter) override;
-    FileName askOpenName(std::string_view filter) override { return askSaveName("", filter); }
-    void startProgram(const std::string& path) override;
     Date today() const override { return now; }
     const ShortDate& shortDate() const override { return style; }
     const std::string& programDirectory() const override { return folder; }
@@ -68,8 +95,14 @@ private:
 };
 
 // Boxes that a test expects, with their answers.
-TestHost::Box ok(std::string text, std::string title = "Inventory");
-TestHost::Box yes(std::string text, std::string title);
-TestHost::Box no(std::string text, std::string title);
+inline TestHost::Box ok(std::string text, std::string title = "Inventory") {
+    return {std::move(text), std::move(title)};
+}
+inline TestHost::Box yes(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::Yes};
+}
+inline TestHost::Box no(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::No};
+}
 
 }  // namespace torvane
