@@ -26,14 +26,12 @@ protected:
         return no("Are you sure you want to Delete ' " + name + " '", "Inventory");
     }
     static TestHost::Box remove(const std::string& name) { return yes(keep(name).text, "Inventory"); }
-    static std::string buttons(const QWidget& form) { return enabled(form, {"cmdOk", "CmdSave", "CmdCancel"}); }
-
     // The boxes in which the list of categories adds, with those that can be used.
     const std::function<std::string()> newCategory = [this] {
         const Names boxes{"txtCatName", "cmbParent"};
         return texts(screens->category.window(), boxes) + " " + enabled(screens->category.window(), boxes);
     };
-    Texts categories() { return data.rows("select CatId, CatName, ParentCategory from Category order by CatId"); }
+    Texts table(const std::string& which) { return data.rows("select * from " + which + " order by 1"); }
 
     // What the window of takeoff names or units shows.
     const std::function<std::string()> name = [this] {
@@ -45,7 +43,6 @@ protected:
     static Boxes deletingName(const std::string& which) {
         return {yes("Do you want to delete '" + which + "'?", "Master Entry")};
     }
-    Texts rooms() { return data.rows("select Id, Name from Rooms order by Id"); }
 };
 
 // --- Customers -------------------------------------------------------------------------------------------------------
@@ -58,7 +55,7 @@ TEST_F(MastersTest, ACustomerIsAddedOnceAndNotTwice) {
            "TxtBstreet1=1; TxtBstreet2=2; TxtBcity=3; CmbBState=Nevada; TxtBZip=4; TxtBCountry=5; TxtBPhone=6; "
            "TxtBfax=7; TxtBMobile=8; TxtBEmail=9; TxtBUrl=10; CmdSave",
            {customerSaved});
-        EXPECT_EQ(buttons(form) + text(form, "TxtCname"), "cmdOk CmdCancelCara Moe") << "Apply works once";
+        EXPECT_EQ(enabled(form, {"CmdSave", "cmdOk"}) + text(form, "TxtCname"), "cmdOkCara Moe") << "Apply works once";
         go(form, "cmdMainHelp; cmdOk");
         EXPECT_TRUE(calls.back().starts_with("Speak Once you enter all the data, press 'Ok'"));
     });
@@ -180,9 +177,8 @@ TEST_F(MastersTest, TheFirstItemBeforeTheFirstCategory) {
 TEST_F(MastersTest, ARelatedWindowEndsTheProgram) {
     QWidget& window = opened("SubMnuEditItem");
     clickRow(list(window), 1, Qt::RightButton);
-    QWidget* menu = QApplication::activePopupWidget();
-    ASSERT_TRUE(menu && menu->objectName() == "mnuRel");
-    menu->close();
+    EXPECT_TRUE(find<QMenu>(window, "mnuRel").isVisible());
+    QApplication::activePopupWidget()->close();
     const RuntimeFailure failure = endOf([&] { trigger(find<QAction>(window, "mnuRelCatg")); });
     EXPECT_EQ(failure.text() + failure.during(), "Object not setopening the window \"Categories associated with 2\"");
 }
@@ -202,7 +198,7 @@ TEST_F(MastersTest, CategoriesAreAddedInTheirList) {
           {"row 0 twice", "Decks|Framing "},
           {"cmdAdd", "Decks|Framing txtCatName cmbParent"},
           {"txtCatName=Deck rails; cmdAdd", empty, {categoryAdded}}});
-    EXPECT_EQ(categories(), (Texts{"1|Framing|0", "2|Decks|1", "3|Roof|0", "4|Deck rails|1"}));
+    EXPECT_EQ(table("Category"), (Texts{"1|Framing|0", "2|Decks|1", "3|Roof|0", "4|Deck rails|1"}));
     go(window, "txtCatName=Ro; cmdSearch; cmdHelp2; CmdAll");
     EXPECT_TRUE(calls.back().starts_with("Speak Enter the name you want to search"));
     EXPECT_EQ(rows(window), (Texts{"4|Deck rails|0|Framing", "2|Decks|0|Framing", "1|Framing|3|", "3|Roof|0|"}));
@@ -220,14 +216,13 @@ TEST_F(MastersTest, CategoriesEditedIntoACycleAndFiveLevelsDeep) {
         EXPECT_EQ(utf8(form.windowTitle()) + texts(form, {"Txtname", "cmbParent"}), "Category DetailsDry|Long");
         go(form, "Txtname=; cmdOk", refused("Empty Data"));
     });
-    EXPECT_EQ(categories(), (Texts{"1|Framing|1", "2|Lumber|1", "3|Studs|2", "4|Long|3", "5|Dry|4", "6|Studs|6"}));
+    EXPECT_EQ(table("Category"), (Texts{"1|Framing|1", "2|Lumber|1", "3|Studs|2", "4|Long|3", "5|Dry|4", "6|Studs|6"}));
     std::string shown;
-    const auto look = [&](QWidget& form) {
-        shown += text(form, "CmbCat");
-        go(form, "CmdCancel");
-    };
-    inForm(opened("SubMnuEditItem"), "row 0 twice", look);
-    inForm(opened("SubMnuEditItem"), "row 1 twice", look);
+    for (const char* row : {"row 0 twice", "row 1 twice"})
+        inForm(opened("SubMnuEditItem"), row, [&](QWidget& form) {
+            shown += text(form, "CmbCat");
+            go(form, "CmdCancel");
+        });
     EXPECT_EQ(shown, "Dry (Long <- Studs <- Lumber)Studs (Studs <- Studs <- Studs)");
 }
 
@@ -270,7 +265,7 @@ TEST_F(MastersTest, NamesAreMovedThroughSearchedAddedAndChanged) {
           {"cmdAdd; txtName=Yard; cmdNext", "Deck|Record : 3 of 5", savedFirst}});
     go(window, "cmdAdd; txtName=Lost; cmdMainHelp; cmdExit");  // asks nothing
     EXPECT_TRUE(calls.back().starts_with("Speak This screen allows you to enter the data which will"));
-    EXPECT_EQ(rooms(), (Texts{"1|deck", "2|Deck", "3|Roof", "4|Bath", "5|Yard"}));
+    EXPECT_EQ(table("Rooms"), (Texts{"1|deck", "2|Deck", "3|Roof", "4|Bath", "5|Yard"}));
     QWidget& units = opened("mnuUnits");
     EXPECT_EQ(utf8(units.windowTitle()) + text(units, "Label1") + name(),
               "Units Master Entry ScreenUnit Name :Bag|Record : 1 of 2");
@@ -287,7 +282,7 @@ TEST_F(MastersTest, DeletingANameMovesOnInTheShortenedTable) {
           {"cmdDelete", "Attic|Record : 1 of 1", deletingName("Attic")},  // an empty table leaves what is shown
           {"cmdNext; cmdPrevious; cmdAdd; txtName=Den; CmdSave", "Den|Record : 1 of 1", savingName("Record Saved")},
           {"cmdNext", "Den|Record : 1 of 1"}});
-    EXPECT_EQ(rooms(), Texts{"6|Den"}) << "no key is given twice";
+    EXPECT_EQ(table("Rooms"), Texts{"6|Den"}) << "no key is given twice";
 }
 
 }  // namespace

@@ -175,9 +175,9 @@ void pickInList(DropList& list, int index) {
 }
 
 void pickInList(DropList& list, std::string_view text) {
-    for (int index = 0; index < list.ListCount(); ++index)
-        if (list.List(index) == text) return pickInList(list, index);
-    throw std::runtime_error("no entry \"" + std::string(text) + "\" in " + nameOf(list));
+    const int index = list.findText(qstring(text), Qt::MatchExactly);
+    if (index < 0) failNotFound(list, text);
+    pickInList(list, index);
 }
 
 void type(QWidget& control, std::string_view text) {
@@ -236,7 +236,7 @@ void ScreenTest::TearDown() {
 
 void ScreenTest::go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes) {
     for (const TestHost::Box& box : boxes) host.expect(box);
-    takeSteps(in, steps);
+    takeSteps(in, steps, {});
     host.verify();
 }
 
@@ -248,20 +248,12 @@ void ScreenTest::tell(const QWidget& in, const std::function<std::string()>& loo
     }
 }
 
-void ScreenTest::inForm(const QWidget& in, std::string_view steps, std::function<void(QWidget&)> act) {
-    const auto last = steps.rfind("; ");
-    if (last != std::string_view::npos) takeSteps(in, steps.substr(0, last));
-    whenModal(std::move(act));
-    takeSteps(in, last == std::string_view::npos ? steps : steps.substr(last + 2));
-}
-
-void ScreenTest::takeSteps(const QWidget& in, std::string_view steps) {
-    const QString all = qstring(steps);
-    const QString here = all.section(" > ", 0, 0), there = all.section(" > ", 1);
+void ScreenTest::takeSteps(const QWidget& in, std::string_view steps, std::function<void(QWidget&)> inModal) {
+    const QString here = qstring(steps).section(" > ", 0, 0), there = qstring(steps).section(" > ", 1);
+    if (!there.isEmpty()) inModal = [this, there](QWidget& form) { takeSteps(form, utf8(there), {}); };
     const QStringList each = here.split("; ");
     for (const QString& one : each) {
-        if (&one == &each.back() && !there.isEmpty())
-            whenModal([this, there](QWidget& form) { takeSteps(form, utf8(there)); });
+        if (&one == &each.back() && inModal) whenModal(inModal);
         const std::string name = utf8(one.section('=', 0, 0)), value = utf8(one.section('=', 1));
         if (one == "close") {
             closeBox(*in.window());
@@ -288,8 +280,9 @@ void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
     poll->callOnTimeout([poll, present, act] {
         QWidget* top = QApplication::activeModalWidget();
         if (!top || top == present || !top->isVisible()) return;
-        const auto run = act;  // goes with its timer
-        delete poll;
+        const auto run = act;  // goes with the timer
+        poll->stop();
+        poll->deleteLater();
         run(*top);
     });
     poll->start(pollMs);

@@ -103,7 +103,9 @@ protected:
     };
     void tell(const QWidget& in, const std::function<std::string()>& look, const std::vector<Step>& story);
     // The same as go, and acts in the modal window that the last step opens.
-    void inForm(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> act);
+    void inForm(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> act) {
+        takeSteps(in, steps, std::move(act));
+    }
     // Acts once, when a modal window other than the present one has come.
     void whenModal(std::function<void(QWidget& top)> act);
 
@@ -124,7 +126,7 @@ protected:
     Program program;
 
 private:
-    void takeSteps(const QWidget& in, std::string_view steps);
+    void takeSteps(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> inModal);
     [[noreturn]] void leave(int status);
     [[noreturn]] static void stop(const char* why, const RuntimeFailure& failure);
     std::string end() const { return utf8(directory.filePath("end")); }
