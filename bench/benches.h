@@ -17,6 +17,6 @@ void masters(Sample& sample);
 // The item sheet on the largest catalogue, and the reports on every estimate.
 void sheetAndReports(Sample& sample);
 // From the start of the process to the painted main window.
-void start(const Sample& sample);
+void start(Sample& sample);
 
 }  // namespace torvane::bench

@@ -1,15 +1,18 @@
 #include <QtGlobal>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "benches.h"
 #include "sample.h"
 #include "screens/guarded_application.h"
 
-// Prints one line per measurement. Status 1 only when something could not be measured: on a busy machine a ratio may
+// Prints one line per measurement, of all groups or of those that are named. Status 1 only when something could not be measured: on a busy machine a ratio may
 // miss its limit by chance.
 int main(int argc, char** argv) {
     using namespace torvane;
@@ -24,12 +27,12 @@ int main(int argc, char** argv) {
     int status = 0;
     try {
         bench::Sample sample(folder);
-        bench::lists(sample);
-        bench::estimates(sample);
-        bench::screens(sample);
-        bench::masters(sample);
-        bench::sheetAndReports(sample);
-        bench::start(sample);
+        const std::vector<std::string> named(argv + 1, argv + argc);
+        const std::pair<const char*, void (*)(bench::Sample&)> groups[] = {
+            {"lists", bench::lists},     {"estimates", bench::estimates},     {"screens", bench::screens},
+            {"masters", bench::masters}, {"reports", bench::sheetAndReports}, {"start", bench::start}};
+        for (const auto& [name, measure] : groups)
+            if (named.empty() || std::ranges::find(named, name) != named.end()) measure(sample);
     } catch (const std::exception& failure) {
         std::printf("stopped: %s\n", failure.what());
         status = 1;

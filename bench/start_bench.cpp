@@ -129,7 +129,7 @@ private:
 
 }  // namespace
 
-void start(const Sample& sample) {
+void start(Sample& sample) {
     // The program finds its data beside itself.
     const std::filesystem::path folder(sample.folder());
     const std::string ours = folder / "torvane";

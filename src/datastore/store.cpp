@@ -33,8 +33,6 @@ Connection::Connection(const DataAccess& access) : file_(access.store.file(acces
     file_->ready();
 }
 
-Connection::~Connection() = default;
-
 RowArray Connection::query(std::string_view statement) {
     return file_->query(statement);
 }

@@ -49,10 +49,8 @@ private:
 class Connection {
 public:
     // A missing or damaged file is a RuntimeFailure with its name in refused(); none is created.
+    // A copy is a further connection, which is open at once.
     explicit Connection(const DataAccess& access);
-    ~Connection();
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
 
     // All rows of a statement. Failure::InvalidCall, with nothing executed, for one that gives no rows.
     RowArray query(std::string_view statement);

@@ -9,7 +9,7 @@ ClsOrderItems& ColnOrderItems::Add(const Value& Item, const Value& Qty, const Va
                                    const Value& UnitId, const Value& Extension, const Value& Labor,
                                    const Value& Others) {
     auto line = std::make_unique<ClsOrderItems>();
-    line->Item = std::make_shared<ClsItem>(access_);
+    line->Item = std::make_shared<ClsItem>(blank_);
     line->Item->itemid = toInt16(Item);
     line->mvarQty = toSingle(Qty);
     line->mvarMaterial = toSingle(Material);

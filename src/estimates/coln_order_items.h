@@ -25,7 +25,7 @@ struct ClsOrderItems {
 // The lines of an estimate in the order of their addition, at positions from 1.
 class ColnOrderItems {
 public:
-    explicit ColnOrderItems(const DataAccess& access) : access_(access) {}
+    explicit ColnOrderItems(const DataAccess& access) : blank_(access) {}
 
     // Appends a line; its item knows no more than its key. Failures, with nothing appended: Null in any argument but
     // `Others` (where it is 0), a key beyond 16 bits, an amount beyond a float32.
@@ -40,7 +40,7 @@ public:
 
 private:
     void requirePosition(std::int32_t position) const;
-    DataAccess access_;
+    const ClsItem blank_;  // of which each line's item is a copy, on a connection that is open already
     std::vector<std::unique_ptr<ClsOrderItems>> lines_;
 };
 

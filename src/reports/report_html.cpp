@@ -36,7 +36,7 @@ double widthOf(std::string_view text) {
 // A text, or a number made narrower for its box.
 std::string content(const Placed& placed) {
     std::string text = escaped(placed.text);
-    const double width = placed.whole ? widthOf(placed.text) : 0;
+    const double width = placed.squeeze ? widthOf(placed.text) : 0;
     if (width <= placed.room()) return text;
     const int left = placed.field.align == Align::Right ? placed.field.width - placed.room() : 0;
     return "<span style=\"margin-left:" + points(left) + ";transform:scaleX(" +
@@ -78,7 +78,7 @@ std::string htmlPage(const std::vector<Placed>& page) {
                               : placed.field.face == Face::Bold        ? "bold"
                                                                        : "plain";
         if (placed.field.align == Align::Right) classes += " right";
-        if (placed.whole) classes += " whole";
+        if (placed.squeeze) classes += " whole";
         text += "<div class=\"" + classes + "\" style=\"left:" + points(placed.field.left) +
                 ";top:" + points(placed.field.top) + ";width:" + points(placed.field.width) +
                 ";height:" + points(placed.field.height) + "\">" + content(placed) + "</div>\n";

@@ -52,7 +52,7 @@ void ReportPages::fill(Placed& placed, int row) const {
     if (field.kind == ReportControl::Text && row < 0) return;
     const Value value = field.kind == ReportControl::Sum ? Value{rows_.sum(field.text)} : rows_.cell(field.text, row);
     if (isNull(value)) return;
-    placed.whole = !std::holds_alternative<std::string>(value);
+    placed.squeeze = !std::holds_alternative<std::string>(value);
     placed.text = oneLine(field.format == Format::TwoDecimals ? fixedText(amountOf(value), 2) : textOf(value, dates_));
 }
 

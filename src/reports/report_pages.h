@@ -15,9 +15,9 @@ struct Placed {
     std::string text = {};  // one line
     // A number or a date, which is made narrower where its box is too narrow: cut, it would read as another one. Every
     // other text is cut at its box.
-    bool whole = false;
+    bool squeeze = false;
     // How wide the text may be. Beside a number some room stays, so that two of them do not read as one.
-    int room() const { return whole ? field.width - 40 : field.width; }
+    int room() const { return squeeze ? field.width - 40 : field.width; }
 };
 
 // The pages of a filled report. Breaks are found at once, what stands on a page when it is asked for. One list serves

@@ -1,6 +1,6 @@
 #include "reports/screens/page_painter.h"
 
-#include <QFontMetricsF>
+#include <QTextLayout>
 #include <array>
 
 #include "widgets/texts.h"
@@ -25,31 +25,44 @@ QFont faceFont(Face face) {
 
 void paintPage(QPainter& painter, const std::vector<Placed>& page) {
     const std::array<QFont, 3> fonts{faceFont(Face::Plain), faceFont(Face::Bold), faceFont(Face::Title)};
-    const std::array<QFontMetricsF, 3> metrics{QFontMetricsF(fonts[0]), QFontMetricsF(fonts[1]),
-                                               QFontMetricsF(fonts[2])};
+    QTextOption oneLine;
+    oneLine.setWrapMode(QTextOption::NoWrap);
     painter.setPen(QPen(Qt::black, lineWidth));
     for (const Placed& placed : page) {
+        const QRect box(placed.field.left, placed.field.top, placed.field.width, placed.field.height);
         if (placed.field.kind == ReportControl::Line) {
-            painter.drawLine(placed.field.left, placed.field.top, placed.field.left + placed.field.width,
-                             placed.field.top + placed.field.height);
+            painter.drawLine(box.x(), box.y(), box.x() + box.width(), box.y() + box.height());
             continue;
         }
-        const QString text = qstring(placed.text);
-        if (text.isEmpty()) continue;
-        const auto face = static_cast<std::size_t>(placed.field.face);
-        const double advance = metrics[face].horizontalAdvance(text);
-        const bool tooWide = advance > placed.room();
-        const bool squeezed = tooWide && placed.whole;
-        painter.save();
-        painter.setFont(fonts[face]);
-        if (tooWide && !squeezed)
-            painter.setClipRect(placed.field.left, placed.field.top, placed.field.width, placed.field.height);
+        if (placed.text.empty()) continue;
+        // Measured and painted from one shaping of the text, which is what costs the time.
+        QTextLayout text(qstring(placed.text), fonts[static_cast<std::size_t>(placed.field.face)]);
+        text.setTextOption(oneLine);
+        text.setCacheEnabled(true);
+        text.beginLayout();
+        QTextLine line = text.createLine();
+        line.setLineWidth(pageWidth);
+        text.endLayout();
+        const double wanted = line.naturalTextWidth();
+        const bool tooWide = wanted > placed.room();
+        const bool squeezed = tooWide && placed.squeeze;
         // A text that is cut loses its end and never its beginning.
-        const double indent = placed.field.width - (squeezed ? placed.room() : advance);
         const bool right = placed.field.align == Align::Right && (squeezed || !tooWide);
-        painter.translate(placed.field.left + (right ? indent : 0), placed.field.top + metrics[face].ascent());
-        if (squeezed) painter.scale(placed.room() / advance, 1);
-        painter.drawText(QPointF(), text);
+        const double indent = right ? box.width() - (squeezed ? placed.room() : wanted) : 0;
+        const QPointF start(box.x() + indent, box.y());
+        if (!tooWide) {
+            text.draw(&painter, start);
+            continue;
+        }
+        painter.save();
+        if (squeezed) {
+            painter.translate(start);
+            painter.scale(placed.room() / wanted, 1);
+            text.draw(&painter, {});
+        } else {
+            painter.setClipRect(box);
+            text.draw(&painter, start);
+        }
         painter.restore();
     }
 }
