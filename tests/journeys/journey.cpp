@@ -26,8 +26,7 @@ insert into OrderItem (OrderNo, ItemId, Qty, Material, RoomId, UnitId, Extension
 update BlankNotes set Notes = 'Good for 30 days.' || char(10) || 'Half is due on signing.';
 )sql";
 
-class RecordingAssistant : public Assistant {
-public:
+struct RecordingAssistant : Assistant {
     explicit RecordingAssistant(Texts& calls) : calls_(calls) {}
     ~RecordingAssistant() override { calls_.push_back("Gone"); }
     void Show() override { calls_.push_back("Show"); }
@@ -35,8 +34,6 @@ public:
     void MoveTo(int x, int y) override { calls_.push_back("MoveTo " + generalText(x) + " " + generalText(y)); }
     void Play(std::string_view what) override { calls_.push_back("Play " + std::string(what)); }
     void Speak(std::string_view text) override { calls_.push_back("Speak " + std::string(text)); }
-
-private:
     Texts& calls_;
 };
 
@@ -75,10 +72,6 @@ QWidget& JourneyTest::openEstimate(std::string_view mode, int number) {
 
 QWidget& JourneyTest::customers(std::string_view mode) {
     return opened(mode == "A" ? "SubMnuAddCust" : mode == "E" ? "SubMnuEditCust" : "SubMnuDelCust");
-}
-
-std::string JourneyTest::header(int number) const {
-    return data.cell("select * from OrderInfo where OrderNo = " + std::to_string(number));
 }
 
 Texts JourneyTest::lines(int number) const {

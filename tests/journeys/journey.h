@@ -35,8 +35,7 @@ protected:
     // The customer list, to add ("A"), edit ("E") or delete ("D").
     QWidget& customers(std::string_view mode);
 
-    // An estimate as it is saved.
-    std::string header(int number) const;
+    // The lines of an estimate as they are saved.
     Texts lines(int number) const;
 
     DataFolder data;
