@@ -12,8 +12,8 @@
 #include "sample.h"
 #include "screens/guarded_application.h"
 
-// Prints one line per measurement, of all groups or of those that are named. Status 1 only when something could not be measured: on a busy machine a ratio may
-// miss its limit by chance.
+// Prints one line per measurement, of all groups or of those that are named. Status 1 only when something could not be
+// measured: on a busy machine a ratio may miss its limit by chance.
 int main(int argc, char** argv) {
     using namespace torvane;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

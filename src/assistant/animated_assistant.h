@@ -37,8 +37,8 @@ public:
 
     // The pause before a character that is away does anything: the window that calls it is to be painted first.
     static constexpr std::chrono::milliseconds leadIn{40};
-    // How long a text stays at least. The mouth moves for a part of it, and both go on while the voice is at it, but not
-    // longer than the voice may take, so that the queue goes on if no end is heard.
+    // How long a text stays at least. The mouth moves for a part of it, and both go on while the voice is speaking, but
+    // not longer than the voice may take, so that the queue goes on if no end is heard.
     static std::chrono::milliseconds readingTime(std::string_view text);
     static std::chrono::milliseconds longestVoice(std::string_view text);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "host/host.h"
 
@@ -8,13 +9,15 @@ namespace torvane {
 
 class Store;
 
+// The name of the one database of the program, in its folder.
+inline constexpr std::string_view databaseName = "Larkfen.mdb";
+
 // What a data class is made with.
 struct DataAccess {
     Host& host;
     Store& store;
 
-    // The one database of the program, in its folder.
-    std::string database() const { return host.programDirectory() + "/Larkfen.mdb"; }
+    std::string database() const { return host.programDirectory() + "/" + std::string(databaseName); }
 };
 
 }  // namespace torvane

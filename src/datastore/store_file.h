@@ -19,7 +19,9 @@ struct sqlite3_stmt;
 namespace torvane {
 
 // One database file and the handle that all connections to it share. The handle is opened at the first statement, and
-// anew when another file stands in the place. Every failure is a RuntimeFailure with SQLite's primary result code.
+// anew when another file stands in the place. Neither the application id nor the version in the file is asked then: any
+// database with the tables works, and another one fails its first statement, with nothing in it changed. Every failure
+// is a RuntimeFailure with SQLite's primary result code.
 class StoreFile {
 public:
     StoreFile(std::string name, ShortDate style);

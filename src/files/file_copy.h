@@ -11,7 +11,7 @@ namespace torvane {
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
-    // Whether a file has this name; a folder is none.
+    // Whether there is a file of this name (a folder is not one).
     virtual bool exists(const std::string& name);
     // Whether something has this name that must not be replaced: a file that the user may not write to, or no file.
     virtual bool protectedFile(const std::string& name);

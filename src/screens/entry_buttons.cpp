@@ -6,8 +6,6 @@
 
 namespace torvane {
 
-EntryButtons::EntryButtons(Form& form, Parts parts) : form_(form), parts_(std::move(parts)) {}
-
 void EntryButtons::connect() {
     const Controls controls = parts_.controls();
     on(form_, controls.cmdOk, &QAbstractButton::clicked, [this] { cmdOk_Click(); });
@@ -39,13 +37,13 @@ void EntryButtons::openByMode(const std::string& which, std::initializer_list<QW
 void EntryButtons::CmdSave_Click() {
     const Program::Doing doing(form_.program(), "saving the record");
     parts_.copyToRecord();
-    if (!parts_.validate()) {
+    if (!validate_()) {
         form_.program().say("Please enter Valid Data", "Inventory");
         return;
     }
-    parts_.save();
+    save_();
     form_.program().say(parts_.saved, "Inventory");
-    parts_.ClearClass();
+    ClearClass_();
     // Nothing enables Apply again while the form lives.
     parts_.controls().CmdSave->setEnabled(false);
 }
@@ -57,7 +55,7 @@ void EntryButtons::cmdOk_Click() {
 }
 
 void EntryButtons::CmdCancel_Click() {
-    parts_.ClearClass();
+    ClearClass_();
     form_.Unload();
 }
 

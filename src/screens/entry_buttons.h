@@ -4,6 +4,9 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "datastore/at_first_use.h"
 
 class QAbstractButton;
 class QWidget;
@@ -25,13 +28,17 @@ public:
     struct Parts {
         std::function<Controls()> controls;
         std::function<void()> copyToRecord;
-        std::function<bool()> validate;
-        std::function<void()> save;
         std::string_view saved;  // what the box says then
-        std::function<void()> ClearClass;
         std::function<void()> refreshList;
     };
-    EntryButtons(Form& form, Parts parts);
+    // `record` is the one that the form shows.
+    template <class Record>
+    EntryButtons(Form& form, AtFirstUse<Record>& record, Parts parts)
+        : form_(form),
+          parts_(std::move(parts)),
+          validate_([&record] { return record().Validate(); }),
+          save_([&record] { record().Save(); }),
+          ClearClass_([&record] { record.reset(); }) {}
 
     // Called at each load.
     void connect();
@@ -47,6 +54,9 @@ private:
 
     Form& form_;
     const Parts parts_;
+    const std::function<bool()> validate_;
+    const std::function<void()> save_;
+    const std::function<void()> ClearClass_;
 };
 
 }  // namespace torvane

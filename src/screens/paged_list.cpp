@@ -3,7 +3,6 @@
 #include <QLabel>
 
 #include "datastore/data_class.h"
-#include "screens/form.h"
 #include "values/numbers.h"
 #include "widgets/texts.h"
 
@@ -17,6 +16,7 @@ void PagedList::load(std::string_view sortField, int markColumn) {
     PageCount = 0;
     FldName = sortField;
     AscOrDesc = "A";
+    ascending_ = true;
     const Controls controls = parts_.controls();
     on(form_, controls.previous, &QAbstractButton::clicked, [this] { turn(-1); });
     on(form_, controls.next, &QAbstractButton::clicked, [this] { turn(1); });
@@ -121,14 +121,12 @@ void PagedList::turn(int pages) {
 }
 
 void PagedList::sortBy(int column) {
-    ReportList& list = *parts_.controls().list;
     const std::string_view field = parts_.columns.at(static_cast<std::size_t>(column)).sortField;
     if (!field.empty()) FldName = field;
-    // One flag for all columns: a click on another column flips the direction as well.
-    AscOrDesc = list.ascending ? "D" : "A";
+    AscOrDesc = ascending_ ? "D" : "A";
     refill();
-    list.ascending = !list.ascending;
-    list.setOrderMark(column, list.ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    ascending_ = !ascending_;
+    parts_.controls().list->setOrderMark(column, ascending_ ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 std::vector<std::string> rowTexts(const RowArray& rows, int row, std::initializer_list<int> columns,

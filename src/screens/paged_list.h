@@ -1,24 +1,25 @@
 #pragma once
 
+#include <QRadioButton>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "datastore/rows.h"
+#include "screens/form.h"
 #include "widgets/report_list.h"
 #include "widgets/text_box.h"
 
-class QAbstractButton;
 class QLabel;
 
 namespace torvane {
 
 class DataClass;
-class Form;
 
 // The list of a screen, a page at a time: paging, sorting by header, search, refill after a child window, the record
 // counter, and the one action button of the screen's mode. The screen says in `Parts` what differs. Everything here
@@ -66,6 +67,21 @@ public:
     // The common part of Form_Load: page 1, columns, first fill, the button and caption of the mode. The mark of the
     // order stands on `markColumn`, whatever the real order is.
     void load(std::string_view sortField, int markColumn = 1);
+    // What an option button of the search stands for: a column, or "All".
+    using SearchOption = std::pair<QRadioButton*, std::string_view>;
+    // Called at each load: the button that searches `record` for what stands in the search box, by the option that is
+    // chosen, and the one that shows every row again.
+    template <class Record>
+    void connectSearch(QAbstractButton* cmdSearch, QAbstractButton* CmdAll, Record& record,
+                       std::vector<SearchOption> options) {
+        on(form_, cmdSearch, &QAbstractButton::clicked, [this, &record, options] {
+            record().SearchVal = parts_.controls().search->Text();
+            for (const auto& [option, field] : options)
+                if (option->isChecked()) record().SearchFld = field;
+            startSearch();
+        });
+        on(form_, CmdAll, &QAbstractButton::clicked, [this] { showAll(); });
+    }
     // Reads the current page of all rows and shows it.
     void RefreshGrid();
     // Reads the current page of what is searched for and shows it. When there is nothing, the rows stay as they are and
@@ -77,8 +93,6 @@ public:
     void refill();
     // The common steps of cmdSearch, once the screen has set what to search for.
     void startSearch();
-    // Every row again, and the search box ready.
-    void showAll();
     // The search box, empty or as it is, ready to be typed into.
     void clearSearch();
     void enableSearch();
@@ -94,6 +108,8 @@ public:
     long PageCount = 0;
 
 private:
+    // Every row again, and the search box ready.
+    void showAll();
     void showRows(const std::optional<RowArray>& rows);
     void enablePaging();
     void turn(int pages);
@@ -106,6 +122,7 @@ private:
     std::string Searched;
     std::string FldName;
     std::string AscOrDesc;
+    bool ascending_ = true;  // one flag for all columns: a click on another one flips the direction as well
 };
 
 // The texts of these columns of a row, "" for Null.

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "datastore/data_access.h"
 #include "files/file_copy.h"
 
 namespace torvane {
@@ -11,11 +12,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view database = "Larkfen.mdb";
-
 // What is used where it is installed and needs no link.
 bool staysBehind(const std::string& name) {
-    return name == database || name == "per-user" || name == "torvane";
+    return name == databaseName || name == "per-user" || name == "torvane";
 }
 
 // A name that can't be looked at counts as one that is there.
@@ -47,9 +46,9 @@ void make(FileSystem& files, const fs::path& installed, const fs::path& folder) 
     std::error_code failed;
     const fs::path fresh = folder.string() + ".new";
     fs::create_directories(fresh, failed);
-    if (!copyFile(files, (installed / database).string(), (fresh / database).string())) return;
+    if (!copyFile(files, (installed / databaseName).string(), (fresh / databaseName).string())) return;
     // The delivered one may be write-protected; this one is the user's.
-    fs::permissions(fresh / database, fs::perms::owner_write, fs::perm_options::add, failed);
+    fs::permissions(fresh / databaseName, fs::perms::owner_write, fs::perm_options::add, failed);
     fs::rename(fresh, folder, failed);
 }
 

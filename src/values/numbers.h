@@ -14,9 +14,9 @@ namespace torvane {
 
 // --- Reading ---------------------------------------------------------------------------------------------------------
 
-// What a text begins with, read as a number: a sign, digits with at most one point, an exponent.
+// The number at the beginning of a text: a sign, digits with at most one decimal point, an exponent.
 struct NumberPrefix {
-    std::size_t length = 0;           // of the longest such prefix; 0 when there is none
+    std::size_t length = 0;           // characters that belong to it; 0 when the text begins with no number
     std::optional<double> value = 0;  // never minus zero; nothing when it is too large for a double
 };
 NumberPrefix numberPrefix(std::string_view text);

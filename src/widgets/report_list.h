@@ -35,8 +35,6 @@ public:
     void setRow(int row, const std::vector<std::string>& texts);
     // The mark of the order in the header. One column has it at a time.
     void setOrderMark(int column, Qt::SortOrder order);
-    // The direction flag of the list: true is ascending, as at the start. The list itself never acts on it.
-    bool ascending = true;
 
 signals:
     void ColumnClick(int column);

@@ -1,5 +1,5 @@
-// The tour: the real windows through the road of a new estimate (road.txt), on the sample business, leaving a picture of
-// each window and the proposal as PDF.
+// The tour: takes the real windows along the road of a new estimate (road.txt), on the sample business, and leaves a
+// picture of each window and the proposal as PDF.
 //
 //   tour [--dark] [--large] <program folder> <folder for the pictures>
 //

@@ -37,8 +37,7 @@ PagedList::Parts frmOrders::listParts() {
 
 void frmOrders::Form_Load() {
     Order.reset();  // the list's own record is new at each load
-    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmOrders::cmdSearch_Click);
-    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    list_.connectSearch(ui().cmdSearch, ui().CmdAll, Order, {{ui().OptOrderNo, "OrderNo"}, {ui().OptName, "CustName"}});
     on(*this, ui().CmdSelect, &QAbstractButton::clicked, &frmOrders::CmdSelect_Click);
     on(*this, ui().cmdExit, &QAbstractButton::clicked, [this] { Unload(); });
     on(*this, ui().ListView1, &ReportList::DblClick, &frmOrders::CmdSelect_Click);
@@ -47,15 +46,6 @@ void frmOrders::Form_Load() {
     list_.load("Orderno", 0);
     setCaption("Search Estimate");
     ui().txtName->setFocus();
-}
-
-void frmOrders::cmdSearch_Click() {
-    Order().SearchVal = ui().txtName->Text();
-    if (ui().OptOrderNo->isChecked())
-        Order().SearchFld = "OrderNo";
-    else if (ui().OptName->isChecked())
-        Order().SearchFld = "CustName";
-    list_.startSearch();
 }
 
 void frmOrders::CmdSelect_Click() {

@@ -24,7 +24,6 @@ protected:
 
 private:
     PagedList::Parts listParts();
-    void cmdSearch_Click();
     void CmdSelect_Click();
 
     frmOrder& orderScreen_;

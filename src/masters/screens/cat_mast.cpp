@@ -15,7 +15,8 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
     cmbParent.select(0);
 }
 
-CatMast::CatMast(Program& program, frmCategory& list) : FormOf(program, "CatMast"), buttons_(*this, entryParts(list)) {
+CatMast::CatMast(Program& program, frmCategory& list)
+    : FormOf(program, "CatMast"), buttons_(*this, Cat, entryParts(list)) {
     setHelpContext(53);
 }
 
@@ -31,10 +32,7 @@ EntryButtons::Parts CatMast::entryParts(frmCategory& list) {
                 Cat().Catname = ui().Txtname->Text();
                 Cat().ParentCategory = narrowToInt16(ui().cmbParent->ItemData());
             },
-        .validate = [this] { return Cat().Validate(); },
-        .save = [this] { Cat().Save(); },
         .saved = "Category Saved",
-        .ClearClass = [this] { Cat.reset(); },
         .refreshList = [&list] { list.RefreshGrid(); },
     };
 }

@@ -26,7 +26,7 @@ constexpr CustomerText customerTexts[] = {
 }  // namespace
 
 CustMast::CustMast(Program& program, frmCustomer& list)
-    : FormOf(program, "CustMast"), list_(list), buttons_(*this, entryParts()) {
+    : FormOf(program, "CustMast"), list_(list), buttons_(*this, Cust, entryParts()) {
     setHelpContext(55);
 }
 
@@ -38,10 +38,7 @@ EntryButtons::Parts CustMast::entryParts() {
             return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
         },
         .copyToRecord = [this] { copyToRecord(); },
-        .validate = [this] { return Cust().Validate(); },
-        .save = [this] { Cust().Save(); },
         .saved = "Customer Saved",
-        .ClearClass = [this] { Cust.reset(); },
         .refreshList = [this] { list_.RefreshGrid(); },
     };
 }

@@ -196,9 +196,9 @@ void frmCategory::cmdMainHelp_Click() {
     program().speakHelp(
         "To enter a category, you only need to give the category name. You can create the multiple level of hierarchy "
         "for the categories. You will need to select the 'Parent category' under which you want your category to "
-        "appear. \n\n This screen also shows list of all the categories in a table. The first column shows category name, second "
-        "column shows number of items belonging to that category and third column shows the parent category name (if "
-        "any). The table can be sorted by clicking on the column header row.");
+        "appear. \n\n This screen also shows list of all the categories in a table. The first column shows category "
+        "name, second column shows number of items belonging to that category and third column shows the parent "
+        "category name (if any). The table can be sorted by clicking on the column header row.");
 }
 
 }  // namespace torvane

@@ -48,8 +48,12 @@ PagedList::Parts frmCustomer::listParts() {
 
 void frmCustomer::Form_Load() {
     Cust.reset();  // the list's own record is new at each load
-    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmCustomer::cmdSearch_Click);
-    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    list_.connectSearch(ui().cmdSearch, ui().CmdAll, Cust,
+                        {{ui().OptAll, "All"},
+                         {ui().OptName, "CustName"},
+                         {ui().OptCity, "BCity"},
+                         {ui().OptPhone, "BPhone"},
+                         {ui().OptEmail, "BEmail"}});
     on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmCustomer::cmdAdd_Click);
     on(*this, ui().CmdSelect, &QAbstractButton::clicked, &frmCustomer::CmdSelect_Click);
     on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, &frmCustomer::cmdMainHelp_Click);
@@ -61,18 +65,6 @@ void frmCustomer::Form_Load() {
                    {{"mnuRelManf", "View Related Manufacturers", ""}, {"mnuRelCatg", "View Related Categories", ""}});
     program().StartUp(*this);
     list_.load("CustName");
-}
-
-void frmCustomer::cmdSearch_Click() {
-    Cust().SearchVal = ui().txtCustName->Text();
-    const std::pair<QRadioButton*, std::string_view> options[] = {{ui().OptAll, "All"},
-                                                                  {ui().OptName, "CustName"},
-                                                                  {ui().OptCity, "BCity"},
-                                                                  {ui().OptPhone, "BPhone"},
-                                                                  {ui().OptEmail, "BEmail"}};
-    for (const auto& [option, field] : options)
-        if (option->isChecked()) Cust().SearchFld = field;
-    list_.startSearch();
 }
 
 void frmCustomer::cmdAdd_Click() {

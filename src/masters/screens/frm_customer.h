@@ -31,7 +31,6 @@ protected:
     void Form_Load() override;
 
 private:
-    void cmdSearch_Click();
     void cmdAdd_Click();
     void CmdSelect_Click();
     void cmdMainHelp_Click();

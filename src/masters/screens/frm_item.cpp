@@ -52,8 +52,9 @@ PagedList::Parts frmItem::listParts() {
 
 void frmItem::Form_Load() {
     Item.reset();  // the list's own record is new at each load
-    on(*this, ui().cmdSearch, &QAbstractButton::clicked, &frmItem::cmdSearch_Click);
-    on(*this, ui().CmdAll, &QAbstractButton::clicked, [this] { list_.showAll(); });
+    list_.connectSearch(
+        ui().cmdSearch, ui().CmdAll, Item,
+        {{ui().OptAll, "All"}, {ui().OptName, "ItemName"}, {ui().OptCat, "CatName"}, {ui().OptCode, "ItemCode"}});
     on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmItem::cmdAdd_Click);
     on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, &frmItem::cmdMainHelp_Click);
     for (QAbstractButton* button : {ui().CmdSelect, ui().cmdExit})
@@ -68,15 +69,6 @@ void frmItem::Form_Load() {
     });
     program().StartUp(*this);
     list_.load("ItemCode");
-}
-
-void frmItem::cmdSearch_Click() {
-    Item().SearchVal = ui().txtName->Text();
-    const std::pair<QRadioButton*, std::string_view> options[] = {
-        {ui().OptAll, "All"}, {ui().OptName, "ItemName"}, {ui().OptCat, "CatName"}, {ui().OptCode, "ItemCode"}};
-    for (const auto& [option, field] : options)
-        if (option->isChecked()) Item().SearchFld = field;
-    list_.startSearch();
 }
 
 void frmItem::cmdAdd_Click() {

@@ -36,7 +36,6 @@ protected:
     PagedList& list() { return list_; }
 
 private:
-    void cmdSearch_Click();
     void cmdAdd_Click();
     void cmdMainHelp_Click();
     PagedList::Parts listParts();

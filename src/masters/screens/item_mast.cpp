@@ -28,7 +28,7 @@ constexpr ItemAmount itemAmounts[] = {
 }  // namespace
 
 ItemMast::ItemMast(Program& program, frmItem& list, frmCategory& categories)
-    : FormOf(program, "ItemMast"), list_(list), categories_(categories), buttons_(*this, entryParts()) {
+    : FormOf(program, "ItemMast"), list_(list), categories_(categories), buttons_(*this, Item, entryParts()) {
     setHelpContext(51);
 }
 
@@ -40,10 +40,7 @@ EntryButtons::Parts ItemMast::entryParts() {
             return {ui().cmdOk, ui().CmdSave, ui().CmdCancel, ui().cmdMainHelp};
         },
         .copyToRecord = [this] { copyToRecord(); },
-        .validate = [this] { return Item().Validate(); },
-        .save = [this] { Item().Save(); },
         .saved = " Item Saved",
-        .ClearClass = [this] { Item.reset(); },
         .refreshList = [this] { list_.RefreshGrid(); },
     };
 }

@@ -18,8 +18,8 @@ namespace torvane {
 // entry form stands over the list.
 class RecordButtons {
 public:
-    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE". `listed` is the
-    // record of the list, `shown` that of the entry form, `key` the member with its key, and `read` loads the row of it.
+    // `which` is the mode of the screen: a double click turns "A", "D" and "E" into "AE", "DE" and "EE". `listed` is
+    // the record of the list, `shown` that of the entry form, `key` the member with its key, and `read` loads its row.
     template <class Record>
     RecordButtons(Form& form, std::string& which, PagedList& list, AtFirstUse<Record>& listed, Form& entryForm,
                   AtFirstUse<Record>& shown, std::int16_t Record::*key, void (Record::*read)())
