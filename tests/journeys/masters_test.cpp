@@ -1,5 +1,6 @@
 // Customers, items, categories, takeoff names and units: added, edited and deleted. The lists are in finding_test.cpp.
 
+#include <QLabel>
 #include <QMenu>
 
 #include "journeys/journey.h"
@@ -164,6 +165,8 @@ TEST_F(MastersTest, TheFirstItemBeforeTheFirstCategory) {
         EXPECT_EQ(text(form, "txtCatName"), "Lumber");
         go(form, "cmdAddCat > txtCatName=Boards; cmdAdd; cmdExit", {categoryAdded});
         EXPECT_EQ(visible(form, categoryParts), "CmbCat");
+        EXPECT_EQ(find<QLabel>(form, "Label3").buddy(), &find<QWidget>(form, "CmbCat"))
+            << "as a screen reader finds it";
         go(form, "CmbCat=Lumber; cmdOk", {itemSaved});
     });
     EXPECT_EQ(data.rows("select Itemname, CategoryId from Item"), Texts{"Stud|5"});
