@@ -35,7 +35,7 @@ protected:
     Texts table(const std::string& which) { return data.rows("select * from " + which + " order by 1"); }
 
     // What the window of takeoff names or units shows.
-    const std::function<std::string()> name = [this] {
+    const std::function<std::string()> nameShown = [this] {
         return texts(screens->master.window(), {"txtName", "lblRecord"});
     };
     static Boxes savingName(const char* says) {
@@ -141,6 +141,7 @@ TEST_F(MastersTest, AnItemIsEditedLookedAtAndDeleted) {
     });
     go(window, "cmdExit");
     const QWidget& deleting = opened("SubMnuDelItem");
+    // Each look leaves the list in another mode behind, in which the next one is the same.
     for (const char* entryName : {"SubMnuDelItem", "SubMnuAddItem", "SubMnuDelItem"})
         inForm(opened(entryName), "row 1 twice", [&](QWidget& form) {
             EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}) + enabled(form, itemBoxes), "CmdCancel");
@@ -148,7 +149,8 @@ TEST_F(MastersTest, AnItemIsEditedLookedAtAndDeleted) {
         });
     go(deleting, "cmdMainHelp; row 0; cmdDel", {remove("2"), deleted});
     EXPECT_TRUE(calls.back().starts_with("Speak This screen allows you to delete the Item from the master table."));
-    EXPECT_EQ(rows(deleting).size() + lines(3).size(), 4U) << "the estimates that use it keep their lines";
+    EXPECT_EQ(rows(deleting).size(), 2U);
+    EXPECT_EQ(lines(3).size(), 2U) << "the estimates that use it keep their lines";
 }
 
 TEST_F(MastersTest, TheFirstItemBeforeTheFirstCategory) {
@@ -255,7 +257,7 @@ TEST_F(MastersTest, NamesAreMovedThroughSearchedAddedAndChanged) {
         no("You have not saved the data you added. Do you want to save it first?", "Master Entry");
     Boxes savedFirst = savingName("Record Saved");
     savedFirst.insert(savedFirst.begin(), yes(notSaved.text, notSaved.title));
-    tell(window, name,
+    tell(window, nameShown,
          {{"cmdPrevious", "Attic|Record : 1 of 3"},
           {"cmdNext", "Deck|Record : 2 of 3"},
           {"cmdNext; cmdNext", "Roof|Record : 3 of 3"},
@@ -277,13 +279,13 @@ TEST_F(MastersTest, NamesAreMovedThroughSearchedAddedAndChanged) {
     EXPECT_TRUE(calls.back().starts_with("Speak This screen allows you to enter the data which will"));
     EXPECT_EQ(table("Rooms"), (Texts{"1|deck", "2|Deck", "3|Roof", "4|Bath", "5|Yard"}));
     QWidget& units = opened("mnuUnits");
-    EXPECT_EQ(utf8(units.windowTitle()) + text(units, "Label1") + name(),
+    EXPECT_EQ(utf8(units.windowTitle()) + text(units, "Label1") + nameShown(),
               "Units Master Entry ScreenUnit Name :Bag|Record : 1 of 2");
 }
 
 TEST_F(MastersTest, DeletingANameMovesOnInTheShortenedTable) {
     data.execute("insert into Rooms values (4, 'Cellar'), (5, 'Yard')");
-    tell(opened("mnuRooms"), name,
+    tell(opened("mnuRooms"), nameShown,
          {{"cmdNext; cmdDelete", "Cellar|Record : 2 of 5", {no("Do you want to delete 'Cellar'?", "Master Entry")}},
           {"cmdDelete", "Roof|Record : 3 of 4", deletingName("Cellar")},
           {"cmdDelete", "Yard|Record : 3 of 3", deletingName("Roof")},
