@@ -1,5 +1,6 @@
 #include "screens/dialogs.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QScreen>
 
@@ -43,6 +44,9 @@ int runOverFront(QDialog& dialog) {
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.ensurePolished();
     dialog.adjustSize();
+    // A message box wraps its text, and so gets its size, at this word.
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QApplication::sendEvent(&dialog, &layoutRequest);
     if (before) {
         standOver(dialog, before);
         QRect place(QPoint(), dialog.size());

@@ -2,11 +2,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QShortcut>
 #include <QWindow>
 #include <algorithm>
 
 #include "screens/form.h"
+#include "widgets/mnemonics.h"
 
 namespace torvane {
 
@@ -24,6 +27,27 @@ FormWindow::FormWindow(Form& form) : QWidget(nullptr, Qt::Window), program_(form
 void FormWindow::closeEvent(QCloseEvent* event) {
     asHandler(program_, this, [this] { form_->Unload(); });
     event->setAccepted(unloaded());
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    QAbstractButton* pressed = nullptr;
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        pressed = qobject_cast<QPushButton*>(focusWidget());
+    } else if (event->matches(QKeySequence::Cancel)) {
+        const auto shows = [](const auto& button) { return button && button->isVisible() && button->isEnabled(); };
+        const auto escape = std::ranges::find_if(escapes_, shows);
+        if (escape != escapes_.end()) pressed = *escape;
+    }
+    if (!pressed) return QWidget::keyPressEvent(event);
+    event->accept();
+    pressed->click();
+}
+
+void giveKeys(QWidget& window) {
+    giveMnemonics(window);
+    for (const QLatin1String word : {QLatin1String("Cancel"), QLatin1String("Close"), QLatin1String("Exit")})
+        for (QPushButton* button : window.findChildren<QPushButton*>())
+            if (button->text().remove('&') == word) static_cast<FormWindow&>(window).escapes_.emplace_back(button);
 }
 
 // Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.
@@ -60,10 +84,16 @@ QWidget* frontWindow(const QWidget* except) {
 
 void standOver(QWidget& window, QWidget* front) {
     if (!front || front == &window) return;
-    window.winId();  // makes the native window
+    // Desktops keep a window above its owner only as a dialog, and let one be minimised that blocks all the others.
+    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                            Qt::WindowCloseButtonHint;
+    if (window.windowModality() == Qt::NonModal) flags |= Qt::WindowMinMaxButtonsHint;
+    if (window.windowFlags() != flags) window.setWindowFlags(flags);
+    // Of both the native window is needed.
+    window.winId();
+    front->winId();
     QWindow* const above = window.windowHandle();
     QWindow* const below = front->windowHandle();
-    if (!above || !below) return;
     // A list may stand over an entry form that stands over the list's own former place: never in a ring.
     for (QWindow* step = below; step; step = step->transientParent())
         if (step->transientParent() == above) step->setTransientParent(nullptr);

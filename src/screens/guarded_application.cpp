@@ -1,11 +1,28 @@
 #include "screens/guarded_application.h"
 
+#include <QEvent>
 #include <QSettings>
+#include <QTimer>
+#include <QWidget>
 
 #include "screens/program.h"
 #include "widgets/style.h"
 
 namespace torvane {
+
+namespace {
+
+// What blocks all other windows comes back when it is minimised, which some desktops offer: else nothing would answer.
+void bringBack(QObject* receiver, const QEvent& event) {
+    auto* window = event.type() == QEvent::WindowStateChange ? qobject_cast<QWidget*>(receiver) : nullptr;
+    if (!window || !window->isModal() || !window->isMinimized()) return;
+    QTimer::singleShot(0, window, [window] {
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->activateWindow();
+    });
+}
+
+}  // namespace
 
 GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setQuitOnLastWindowClosed(false);
@@ -20,6 +37,7 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
         if (caught_) caught_(failure);
         return false;
     };
+    bringBack(receiver, *event);
     try {
         return QApplication::notify(receiver, event);
     } catch (const RuntimeFailure& failure) {

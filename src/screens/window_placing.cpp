@@ -1,7 +1,9 @@
 #include "screens/window_placing.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
 
 #include "screens/form_window.h"
 #include "widgets/units.h"
@@ -11,6 +13,23 @@ namespace torvane {
 namespace {
 
 constexpr double liftInTwips = 250;
+
+// What a small screen does not show can be scrolled to, and what gets the focus comes into view.
+void scrollContents(QWidget& window) {
+    auto* contents = new QWidget;
+    contents->setLayout(window.layout());  // takes its controls along
+    auto* area = new QScrollArea(&window);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(contents);
+    auto* layout = new QVBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(area);
+    QObject::connect(qApp, &QApplication::focusChanged, area, [area, contents](QWidget*, QWidget* now) {
+        if (now && contents->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    });
+}
 
 }  // namespace
 
@@ -26,21 +45,29 @@ void WindowPlacing::rememberMainWindow() {
               geometry_.bottom() - inner.bottom()};
 }
 
+QRect WindowPlacing::available() const {
+    QScreen* screen = geometry_.isNull() ? nullptr : QGuiApplication::screenAt(geometry_.center());
+    if (!screen) screen = QGuiApplication::primaryScreen();
+    return screen->availableGeometry();
+}
+
 void WindowPlacing::place(QWidget& window) {
     window.ensurePolished();
     if (mainWindow_) rememberMainWindow();
-    QScreen* screen = geometry_.isNull() ? nullptr : QGuiApplication::screenAt(geometry_.center());
-    if (!screen) screen = QGuiApplication::primaryScreen();
-    const QRect available = screen->availableGeometry();
-    const QSize wanted = window.size().expandedTo((window.size() * fontScale(window)).boundedTo(available.size()));
-    window.resize(wanted.expandedTo(window.minimumSizeHint()));
-    const QRect main = geometry_.isNull() ? available : geometry_;
-
     // The frame of a window that was never shown is not known; the main window's is as good.
-    QRect place(QPoint(), window.size().grownBy(frame_));
-    place.moveLeft(main.left() + (main.width() - place.width()) / 2);
-    place.moveTop(main.top() + (main.height() - place.height()) / 2 - pixels(liftInTwips));
-    window.move(whollyOn(available, place).topLeft());
+    const QSize room = available().size().shrunkBy(frame_);
+    const QSize least = window.minimumSizeHint();
+    if (least.width() > room.width() || least.height() > room.height()) scrollContents(window);
+    window.resize((window.size() * fontScale(window)).expandedTo(least).boundedTo(room));
+
+    const QRect main = geometry_.isNull() ? available() : geometry_;
+    const QSize whole = window.size().grownBy(frame_);
+    moveTo(window, {main.left() + (main.width() - whole.width()) / 2,
+                    main.top() + (main.height() - whole.height()) / 2 - pixels(liftInTwips)});
+}
+
+void WindowPlacing::moveTo(QWidget& window, QPoint place) const {
+    window.move(whollyOn(available(), {place, window.size().grownBy(frame_)}).topLeft());
 }
 
 void WindowPlacing::unloaded(QWidget* window) {

@@ -12,6 +12,7 @@
 #include "screens/assistant.h"
 #include "shell/menu_tree.h"
 #include "shell/title.h"
+#include "widgets/mnemonics.h"
 #include "widgets/picture_button.h"
 #include "widgets/pictures.h"
 #include "widgets/texts.h"
@@ -95,11 +96,12 @@ void frmMainMenu::build(QWidget& window) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     auto* bar = new QMenuBar(&window);
-    layout->addWidget(bar);
+    layout->setMenuBar(bar);
     auto* area = new QWidget(&window);
     const double scale = fontScale(window);
-    area->setMinimumSize(scaled(clientSize, scale).size());
-    layout->addWidget(area);
+    // What stands in it keeps together in the middle of a larger window.
+    area->setFixedSize(scaled(clientSize, scale).size());
+    layout->addWidget(area, 0, Qt::AlignCenter);
 
     auto* caption = new QLabel(QLatin1String(title), area);
     caption->setObjectName(QStringLiteral("Label1"));
@@ -132,6 +134,9 @@ void frmMainMenu::buildMenus(QMenuBar& bar) {
         }
         entries_.insert(action->objectName(), action);
     }
+    giveMnemonics(bar.actions());
+    for (const QAction* entry : std::as_const(entries_))
+        if (entry->menu()) giveMnemonics(entry->menu()->actions());
 }
 
 void frmMainMenu::buildButtons(QWidget& area, double scale) {

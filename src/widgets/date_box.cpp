@@ -1,7 +1,10 @@
 #include "widgets/date_box.h"
 
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QRegularExpression>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
@@ -36,7 +39,10 @@ void DateBox::setDateStyle(ShortDate style) {
 // Past what the stock box does with its row of small boxes.
 // NOLINTBEGIN(bugprone-parent-virtual-call)
 void DateBox::keyPressEvent(QKeyEvent* event) {
-    QAbstractSpinBox::keyPressEvent(event);
+    if (event->key() == Qt::Key_F4 || (event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier))
+        openCalendar();
+    else
+        QAbstractSpinBox::keyPressEvent(event);
 }
 
 void DateBox::focusInEvent(QFocusEvent* event) {
@@ -47,6 +53,16 @@ bool DateBox::focusNextPrevChild(bool next) {
     return QAbstractSpinBox::focusNextPrevChild(next);
 }
 // NOLINTEND(bugprone-parent-virtual-call)
+
+// The stock box opens it by its arrow alone.
+void DateBox::openCalendar() {
+    QStyleOptionComboBox box;
+    box.initFrom(this);
+    const QPointF arrow =
+        style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow, this).center().toPointF();
+    QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, {});
+    mousePressEvent(&press);
+}
 
 void DateBox::wheelEvent(QWheelEvent* event) {
     if (hasFocus())

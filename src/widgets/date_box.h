@@ -6,7 +6,7 @@
 
 namespace torvane {
 
-// The date picker: typed as a text, picked from a calendar, or stepped by the arrow keys, which move the part that the
+// The date picker: typed as a text, picked from a calendar (Alt+Down or F4 opens it), or stepped by the arrow keys, which move the part that the
 // caret stands in. A typed text is read when it is done, in the order of the machine's short date; one that is no date,
 // or none from 1601 to 9999, leaves the date as it was. The wheel changes it only while it has the focus.
 class DateBox : public QDateEdit {
@@ -32,6 +32,7 @@ protected:
     QString textFromDateTime(const QDateTime& date) const override;
 
 private:
+    void openCalendar();
     QDate read(const QString& text) const;
     ShortDate style_;
 };

@@ -18,13 +18,9 @@ void PictureButton::setPicture(const QString& name) {
     update();
 }
 
-QString PictureButton::label() const {
-    return text().isEmpty() ? accessibleName() : text();
-}
-
 bool PictureButton::event(QEvent* event) {
     if (event->type() == QEvent::Polish) {
-        const QString name = label().remove('&');
+        const QString name = word().remove('&');
         if (accessibleName().isEmpty()) setAccessibleName(name);
         if (toolTip().isEmpty()) setToolTip(name);
     }
@@ -39,7 +35,7 @@ QSize PictureButton::sizeHint() const {
     int width = 2 * gap;
     if (!face_.isNull()) width += height;
     if (!face_.isNull() && !pictureOnly_) width += gap;
-    if (face_.isNull() || !pictureOnly_) width += metrics.horizontalAdvance(label().remove('&'));
+    if (face_.isNull() || !pictureOnly_) width += metrics.horizontalAdvance(word().remove('&'));
     return {width, height + gap};
 }
 
@@ -51,18 +47,19 @@ void PictureButton::paintEvent(QPaintEvent*) {
     option.icon = QIcon();
     painter.drawControl(QStyle::CE_PushButton, option);
 
-    const QString word = face_.isNull() || !pictureOnly_ ? label().remove('&') : QString();
+    const QString shown = face_.isNull() || !pictureOnly_ ? word() : QString();
     const QFontMetrics metrics = fontMetrics();
     const int gap = metrics.height() / 2;
     const int side = face_.isNull() ? 0 : std::min(metrics.height() * 3 / 2, height() - 6);
-    const int wordWidth = word.isEmpty() ? 0 : metrics.horizontalAdvance(word) + (side > 0 ? gap : 0);
+    const int wordWidth =
+        shown.isEmpty() ? 0 : metrics.horizontalAdvance(QString(shown).remove('&')) + (side > 0 ? gap : 0);
     const int left = leftAligned_ ? gap : std::max(gap / 2, (width() - side - wordWidth) / 2);
     if (side > 0)
         face_.paint(&painter, QRect(left, (height() - side) / 2, side, side), Qt::AlignCenter,
                     isEnabled() ? QIcon::Normal : QIcon::Disabled);
-    if (!word.isEmpty())
+    if (!shown.isEmpty())
         style()->drawItemText(&painter, QRect(left + side + (side > 0 ? gap : 0), 0, width(), height()),
-                              Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(), word, QPalette::ButtonText);
+                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), isEnabled(), shown, QPalette::ButtonText);
 }
 
 }  // namespace torvane

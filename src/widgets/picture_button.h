@@ -22,6 +22,8 @@ public:
     // The face begins at the left, for buttons that stand in a column.
     bool leftAligned() const { return leftAligned_; }
     void setLeftAligned(bool leftAligned) { leftAligned_ = leftAligned; }
+    // The word beside the picture.
+    QString word() const { return text().isEmpty() ? accessibleName() : text(); }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -30,7 +32,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString label() const;
     QString picture_;
     QIcon face_;
     bool pictureOnly_ = false;

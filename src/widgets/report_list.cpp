@@ -5,9 +5,11 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
+#include <numeric>
 
 #include "values/failure.h"
 #include "widgets/texts.h"
@@ -49,6 +51,9 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
     header()->setTextElideMode(Qt::ElideRight);
+    fitting_.setSingleShot(true);
+    connect(&fitting_, &QTimer::timeout, this, &ReportList::fitColumns);
+    connect(header(), &QHeaderView::sectionResized, this, [this] { dragged_ = dragged_ || !fittingNow_; });
     connect(header(), &QHeaderView::sectionClicked, this, &ReportList::ColumnClick);
     // A quick second click comes as a double click.
     connect(header(), &QHeaderView::sectionDoubleClicked, this, &ReportList::ColumnClick);
@@ -87,11 +92,41 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
     }
     setHeaderItem(captions);
     const double scale = fontScale(*this);
+    givenWidths_.clear();
     for (int index = 0; index < count; ++index) {
-        const int width = pixels(columns[static_cast<std::size_t>(index)].twips * scale);
-        setColumnHidden(index, width == 0);  // a width of 0 alone could be dragged open
-        if (width > 0) setColumnWidth(index, width);
+        givenWidths_.push_back(pixels(columns[static_cast<std::size_t>(index)].twips * scale));
+        setColumnHidden(index, givenWidths_.back() == 0);  // a width of 0 alone could be dragged open
     }
+    dragged_ = false;
+    fitColumns();
+}
+
+void ReportList::fitColumnsSoon() {
+    fitting_.start(0);
+}
+
+// Each column that cuts a text of the rows in view gets its share of what is free.
+void ReportList::fitColumns() {
+    if (dragged_) return;
+    std::vector<int> cut;
+    for (int column = 0; column < columnCount(); ++column) {
+        const int given = givenWidths_[static_cast<std::size_t>(column)];
+        const int wanted = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
+        cut.push_back(given > 0 ? std::max(0, wanted - given) : 0);
+    }
+    const int spare = viewport()->width() - std::reduce(givenWidths_.begin(), givenWidths_.end());
+    const int needed = std::reduce(cut.begin(), cut.end());
+    const double share = needed > 0 ? std::clamp(static_cast<double>(spare) / needed, 0.0, 1.0) : 0;
+    const QScopedValueRollback own(fittingNow_, true);
+    for (int column = 0; column < columnCount(); ++column) {
+        const auto at = static_cast<std::size_t>(column);
+        if (givenWidths_[at] > 0) setColumnWidth(column, givenWidths_[at] + static_cast<int>(cut[at] * share));
+    }
+}
+
+void ReportList::resizeEvent(QResizeEvent* event) {
+    QTreeWidget::resizeEvent(event);
+    fitColumnsSoon();
 }
 
 void ReportList::AddRow(const std::vector<std::string>& texts) {
@@ -102,6 +137,7 @@ void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
     QList<QTreeWidgetItem*> items;
     items.reserve(static_cast<qsizetype>(rows.size()));
     for (const std::vector<std::string>& row : rows) items.append(new QTreeWidgetItem(qstrings(row)));
+    fitColumnsSoon();
     const bool first = RowCount() == 0;
     addTopLevelItems(items);
     if (first && !items.isEmpty()) makeCurrent(*items.constFirst());
@@ -146,6 +182,7 @@ void ReportList::setRow(int row, const std::vector<std::string>& texts) {
     if (count > columnCount()) fail(Failure::Subscript);
     for (int column = 0; column < count; ++column)
         changed.setText(column, qstring(texts[static_cast<std::size_t>(column)]));
+    fitColumnsSoon();
 }
 
 void ReportList::setOrderMark(int column, Qt::SortOrder order) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QTreeWidget>
 #include <string>
 #include <string_view>
@@ -8,8 +9,9 @@
 namespace torvane {
 
 // The report list: rows of texts under headers. Column 0 is the row's own text; the columns of width 0 are hidden and
-// carry keys that code reads by index. Sorted by the database, never by the list. Ctrl+C copies the visible texts of
-// the selected row, separated by tabs; Enter is a double click.
+// carry keys that code reads by index. What the given widths leave free goes to the columns whose texts are cut, until
+// the user drags a width. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the selected
+// row, separated by tabs; Enter is a double click.
 class ReportList : public QTreeWidget {
     Q_OBJECT
 public:
@@ -46,6 +48,7 @@ public:
     void keyboardSearch(const QString& search) override;
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -58,6 +61,13 @@ private:
     QTreeWidgetItem& item(int row) const;
     void makeCurrent(QTreeWidgetItem& row);
     int firstVisibleColumn() const;
+    void fitColumnsSoon();
+    void fitColumns();
+
+    std::vector<int> givenWidths_;  // pixels
+    QTimer fitting_;
+    bool fittingNow_ = false;
+    bool dragged_ = false;  // the widths are the user's
 };
 
 }  // namespace torvane

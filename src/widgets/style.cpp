@@ -1,6 +1,7 @@
 #include "widgets/style.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionButton>
 
@@ -17,6 +18,21 @@ public:
         // Pictures on buttons are our own.
         if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
         return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    // The title of a group stands out from the labels in it.
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+        if (control != CC_GroupBox || !group) return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        painter->save();
+        QFont bold = painter->font();
+        bold.setBold(true);
+        painter->setFont(bold);
+        QStyleOptionGroupBox titled(*group);
+        titled.fontMetrics = QFontMetrics(bold);
+        QProxyStyle::drawComplexControl(control, &titled, painter, widget);
+        painter->restore();
     }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -2,6 +2,7 @@
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QValidator>
 #include <algorithm>
@@ -74,6 +75,14 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
     QInputMethodEvent nothing;
     const bool pass = passes(event->commitString()) && passes(event->preeditString());
     QLineEdit::inputMethodEvent(pass ? event : &nothing);
+}
+
+void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    static const QRegularExpression number(QStringLiteral("^[-+]?[0-9.,]+$"));
+    if (event->button() == Qt::LeftButton && number.match(text()).hasMatch())
+        selectAll();
+    else
+        QLineEdit::mouseDoubleClickEvent(event);
 }
 
 void TextBox::setResult(bool result) {

@@ -25,6 +25,8 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    // A number is one word, with its point.
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     class OneLine;

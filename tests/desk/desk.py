@@ -38,12 +38,8 @@ def active():
     return xdotool("getactivewindow", "getwindowname")
 
 
-def has(control, state):
+def showing(control, state=Atspi.StateType.SHOWING):
     return control.get_state_set().contains(state)
-
-
-def showing(control):
-    return has(control, Atspi.StateType.SHOWING)
 
 
 def below(control):
@@ -64,7 +60,6 @@ class DeskTest(unittest.TestCase):
         self.folder = self.home + "/program"
         subprocess.run([ROOT + "/scripts/stage.sh", BUILD, self.folder], check=True)
         shutil.copy(self.folder + "/Sample.bak", self.database())
-        self.program = None
 
     def database(self):
         return self.folder + "/Larkfen.mdb"
@@ -84,11 +79,8 @@ class DeskTest(unittest.TestCase):
         home = {"HOME": self.home, "XDG_CONFIG_HOME": self.home, "XDG_DATA_HOME": self.home, "QT_QPA_PLATFORM": "xcb",
                 "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         self.program = subprocess.Popen([self.folder + "/torvane"], env=os.environ | home, preexec_fn=limit)
-        self.addCleanup(self.stop, self.program)
-
-    def stop(self, program):
-        program.kill()
-        program.wait()
+        self.addCleanup(self.program.wait)
+        self.addCleanup(self.program.kill)
 
     def ends_with(self, status):
         self.assertEqual(self.program.wait(PATIENCE), status)
@@ -115,10 +107,6 @@ class DeskTest(unittest.TestCase):
                 application.clear_cache()
                 yield from (application.get_child_at_index(k) for k in range(application.get_child_count()))
 
-    def in_front(self):
-        top = self.window(active())
-        return [f"{one.get_role_name()} {one.get_name()!r}" for one in below(top) if one.get_name()] if top else []
-
     def window(self, title):
         """The one with this title; a box before the window that it stands over."""
         here = [one for one in self.windows() if one and showing(one) and one.get_name() == title]
@@ -131,38 +119,35 @@ class DeskTest(unittest.TestCase):
     def goes(self, title):
         self.until(lambda: not self.window(title), f"{title!r} does not go")
 
+    def shown(self, title):
+        top = self.window(title)
+        return list(below(top)) if top else []
+
     def control(self, name, window=None, role=None):
         title = window or active()
+        return self.until(lambda: next((one for one in self.shown(title) if one.get_name() == name and
+                                        role in (None, one.get_role_name())), None), f"no {name!r} in {title!r}")
 
-        def found():
-            top = self.window(title)
-            for one in below(top) if top else ():
-                if one.get_name() == name and (not role or one.get_role_name() == role):
-                    return one
-            return None
+    def in_front(self):
+        return [f"{one.get_role_name()} {one.get_name()!r}" for one in self.shown(active()) if one.get_name()]
 
-        return self.until(found, f"no {name!r} in {title!r}")
-
-    def reads(self, name, text, window=None):
+    def reads(self, name, text):
         """A box shows this text."""
-        box = self.control(name, window, "text")
+        box = self.control(name, role="text")
         self.until(lambda: Atspi.Text.get_text(box, 0, -1) == text, f"{name!r} does not read {text!r}")
 
     def focused(self):
         """The name of what has the keys."""
-        top = self.window(active())
-        return next((one.get_name() for one in below(top) if has(one, Atspi.StateType.FOCUSED)), None) if top else None
-
-    def point(self, name, window=None, role=None):
-        place = self.control(name, window, role).get_extents(Atspi.CoordType.SCREEN)
-        return place.x + place.width // 2, place.y + place.height // 2
+        return next((one.get_name() for one in self.shown(active()) if showing(one, Atspi.StateType.FOCUSED)), None)
 
     def click(self, name, window=None, role=None, times=1):
-        xdotool("mousemove", *self.point(name, window, role), "click", "--repeat", times, "--delay", 60, 1)
+        place = self.control(name, window, role).get_extents(Atspi.CoordType.SCREEN)
+        xdotool("mousemove", place.x + place.width // 2, place.y + place.height // 2,
+                "click", "--repeat", times, "--delay", 60, 1)
 
-    def enter(self, name, text, window=None):
+    def enter(self, name, text):
         """Replaces what stands in a box."""
-        self.click(name, window, "text")
+        self.click(name, role="text")
         press("ctrl+a")
         write(text)
 
@@ -173,6 +158,7 @@ class DeskTest(unittest.TestCase):
 
     def choose(self, *entries):
         """Entries of the main window's menus, from the bar down."""
+        self.until(lambda: self.window("Main Menu"), "no main window")
         self.bring("Main Menu")
         for entry in entries:
             self.click(entry, "Main Menu", "menu item")

@@ -10,16 +10,13 @@
 namespace torvane {
 namespace {
 
+// A box of the form asks a question when the focus has left it, as the price boxes do.
 class FocusTest : public ProbeTest {
 protected:
     FocusTest() {
         form.whenLoaded = [this] {
-            watch(form.first, [this] {
-                note("LostFocus");
-                if (!asks) return;
-                whenModal([](QWidget& box) { click(*static_cast<QMessageBox&>(box).button(QMessageBox::Yes)); });
-                if (boxes.box("Change the price?", "", Buttons::YesNo) == Answer::Yes) note("Yes");
-            });
+            program.focusWatcher().watch(form, form.first, [this] { note("LostFocus"), ask(); });
+            on(form, form.first, &TextBox::textChanged, [this] { note("Change"); });
             on(form, form.button, &QPushButton::clicked, [this] { note("Click"); });
             on(form, form.choice, &DropList::Click, [this] { note("pick " + form.choice->Text()); });
         };
@@ -32,9 +29,6 @@ protected:
         form.first->setFocus();
         settle();
     }
-    void watch(QWidget* control, std::function<void()> lostFocus) {
-        program.focusWatcher().watch(form, control, std::move(lostFocus));
-    }
     // Until the watcher waits for nothing any more.
     bool atRest() {
         return waitFor([this] {
@@ -42,17 +36,14 @@ protected:
             return std::ranges::none_of(timers, &QTimer::isActive);
         });
     }
-    // As a desktop does it: the window first, then the click.
-    static void clickIn(Probe& window, QWidget& control) {
-        window.window().activateWindow();
-        settle();
-        click(control);
-    }
 
     QtHost boxes{""};
     Probe form{program, "frmForm"};
     Probe other{program, "frmOther"};
-    bool asks = true;
+    std::function<void()> ask = [this] {
+        whenModal([](QWidget& box) { click(*static_cast<QMessageBox&>(box).button(QMessageBox::Yes)); });
+        if (boxes.box("Change the price?", "", Buttons::YesNo) == Answer::Yes) note("Yes");
+    };
 };
 
 // What takes the focus, and what has run when it is over.
@@ -62,67 +53,45 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         std::function<void()> act;
         const char* expected = "LostFocus, Yes";
     };
+    const auto escape = [](QWidget& box) { key(box, Qt::Key_Escape); };
+    const auto escapeMenus = [] {
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    };
     const Row rows[] = {
         {"Tab", [&] { key(*form.first, Qt::Key_Tab); }},
-        {"click on another box", [&] { click(*form.second); }},
-        {"click on a button", [&] { click(*form.button); }, "LostFocus, Yes, Click"},
-        {"click on a row", [&] { clickRow(*form.list, 1); }},
-        {"pick in a list", [&] { pickInList(*form.choice, "two"); }, "LostFocus, Yes, pick two"},
+        {"a button", [&] { click(*form.button); }, "LostFocus, Yes, Click"},
+        {"a row", [&] { clickRow(*form.list, 1); }},
+        {"a pick in a list", [&] { pickInList(*form.choice, "two"); }, "LostFocus, Yes, pick two"},
         {"disabled by code", [&] { form.first->setEnabled(false); }},
-        {"another window", [&] { clickIn(other, *other.second); }},
-        {"a button there", [&] { clickIn(other, *other.button); }, "LostFocus, Yes, other's Click"},
+        {"a button of another window", [&] { other.Show(), settle(), click(*other.button); },
+         "LostFocus, Yes, other's Click"},
         {"another window, and another box on the way back",
+         [&] { other.Show(), waitFor([&] { return log == "LostFocus, Yes"; }), form.second->setFocus(), form.Show(); }},
+        {"a handler that goes on, with handlers in it",
+         [&] { run([&] { form.second->setFocus(), form.first->setText(log + "5"), note("done"); }); },
+         "Change, done, LostFocus, Yes"},
+        {"a button, not before it is let go",
          [&] {
-             other.Show();
-             waitFor([&] { return log == "LostFocus, Yes"; });
-             form.second->setFocus();
-             form.Show();
-         }},
-        {"message box",
-         [&] {
-             whenModal([](QWidget& box) { key(box, Qt::Key_Escape); });
-             boxes.box("Item Saved", "");
+             mouse(QTest::mousePress, *form.button, {5, 5}), settle(), note("held"),
+                 mouse(QTest::mouseRelease, *form.button, {5, 5});
          },
-         ""},
-        {"the help window",
+         "held, LostFocus, Yes, Click"},
+        {"a list, not before it is closed",
+         [&] { click(*form.choice), settle(), note("open"), form.choice->hidePopup(); }, "open, LostFocus, Yes"},
+        {"another box, not while a modal window stands above",
          [&] {
-             other.setAuxiliary(true);
-             other.window().activateWindow();
-             settle();
-             form.Show();
-             other.setAuxiliary(false);
+             whenModal([&](QWidget& top) { settle(), note("modal"), closeBox(top); });
+             run([&] { form.second->setFocus(), other.ShowModal(); });
          },
-         ""},
-        {"modal form",
-         [&] {
-             other.Unload();
-             whenModal([&](QWidget& top) { closeBox(top); });
-             run([&] { other.ShowModal(); });
-         },
-         ""},
-        {"menu bar",
-         [&] {
-             key(*form.first, Qt::Key_F, Qt::AltModifier);
-             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
-             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-         },
-         ""},
-        {"focus away and back within a handler",
-         [&] {
-             run([&] {
-                 form.first->clearFocus();
-                 form.first->setFocus();
-             });
-         },
-         ""},
-        {"unloaded by the handler that moved the focus",
-         [&] {
-             run([&] {
-                 form.second->setFocus();
-                 form.Unload();
-             });
-         },
-         ""},
+         "modal, LostFocus, Yes"},
+        {"not by a message box", [&] { whenModal(escape), boxes.box("Item Saved", ""); }, ""},
+        {"not by a modal form", [&] { other.Unload(), whenModal(closeBox), run([&] { other.ShowModal(); }); }, ""},
+        {"not by the help window", [&] { other.setAuxiliary(true), other.Show(), settle(), form.Show(); }, ""},
+        {"not by the menu bar", [&] { key(*form.first, Qt::Key_F, Qt::AltModifier), escapeMenus(); }, ""},
+        {"not when it is back within the handler",
+         [&] { run([&] { form.first->clearFocus(), form.first->setFocus(); }); }, ""},
+        {"not when the handler unloads the window", [&] { run([&] { form.second->setFocus(), form.Unload(); }); }, ""},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -136,96 +105,12 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         EXPECT_TRUE(atRest());
         EXPECT_EQ(log, row.expected);
     }
-}
-
-// Each box stands over the window whose handler shows it, whatever window the desktop has made active meanwhile.
-TEST_F(FocusTest, BoxesBelongToTheWindowWhoseHandlerShowsThem) {
-    asks = false;
-    on(other, other.button, &QPushButton::clicked, [&] {
-        for (int box = 0; box < 3; ++box) {
-            whenModal([&](QWidget& top) {
-                EXPECT_EQ(top.windowHandle()->transientParent(), other.window().windowHandle());
-                key(top, Qt::Key_Escape);
-            });
-            form.window().activateWindow();
-            settle();
-            boxes.box("Item Saved", "");
-            settle();
-            EXPECT_TRUE(other.window().isActiveWindow());
-        }
-    });
-    click(*other.button);
-    EXPECT_TRUE(other.button->hasFocus());
-}
-
-TEST_F(FocusTest, WaitsWhileAButtonIsDownAListOpenOrAModalWindowAbove) {
-    asks = false;
-    QWindow* const window = form.window().windowHandle();
-    const QPoint place = form.button->mapTo(&form.window(), form.button->rect().center());
-    const auto lookAgain = [&] {
-        int looks = 0;
-        QObject scope;
-        for (auto* timer : program.focusWatcher().findChildren<QTimer*>())
-            QObject::connect(timer, &QTimer::timeout, &scope, [&] { ++looks; });
-        EXPECT_TRUE(waitFor([&] { return looks == 3; }));
-        EXPECT_EQ(log, "");
-    };
-    QTest::mousePress(window, Qt::LeftButton, {}, place);
-    lookAgain();
-    QTest::mouseRelease(window, Qt::LeftButton, {}, place);
-    EXPECT_EQ(log, "LostFocus, Click");
-
+    ask = [&] { form.Unload(); };
+    form.Show();
     form.first->setFocus();
     log.clear();
-    click(*form.choice);
-    lookAgain();
-    form.choice->hidePopup();
-    EXPECT_TRUE(waitFor([&] { return log == "LostFocus"; }));
-
-    form.first->setFocus();
-    EXPECT_TRUE(atRest());
-    log.clear();
-    whenModal([&](QWidget& top) {
-        lookAgain();
-        closeBox(top);
-    });
-    run([&] {
-        form.second->setFocus();
-        other.ShowModal();
-    });
-    EXPECT_TRUE(waitFor([&] { return log == "LostFocus"; }));
-}
-
-TEST_F(FocusTest, AButtonOfAWindowThatTheQuestionHasUnloadedDoesNotAct) {
-    asks = false;
-    whileFailureShows = [&] { EXPECT_EQ(log, ""); };
-    for (const bool fails : {false, true}) {
-        const RuntimeFailure ended = endOf([&] {
-            watch(form.second, [&] { fails ? fail(Failure::Subscript) : form.Unload(); });
-            form.second->setFocus();
-            EXPECT_TRUE(atRest());
-            log.clear();
-            click(*form.button);
-            EXPECT_EQ(log, "");
-            EXPECT_FALSE(form.loaded());
-        });
-        EXPECT_EQ(ended.number(), fails ? 9 : wentOn);
-    }
-}
-
-// Inside a handler nothing comes between its steps; the two losses come after it, in order.
-TEST_F(FocusTest, WaitsForTheHandlerThatMovedTheFocus) {
-    asks = false;
-    watch(form.second, [&] { note("LostFocus 2"); });
-    on(form, form.first, &TextBox::textChanged, [&] { note("Change"); });
-    run([&] {
-        form.second->setFocus();
-        form.list->setFocus();
-        form.first->setText("5");
-        note("done");
-    });
-    EXPECT_TRUE(atRest());
-    EXPECT_EQ(log, "Change, done, LostFocus, LostFocus 2");
+    click(*form.button);
+    EXPECT_EQ(log, "LostFocus") << "a button of a window that the question has unloaded does not act";
 }
 
 }  // namespace

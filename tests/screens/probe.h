@@ -22,7 +22,6 @@ public:
     using Form::Form;
 
     std::function<void()> whenLoaded = [] {};
-    int loads = 0;
 
     TextBox* first;
     TextBox* second;
@@ -48,15 +47,17 @@ protected:
         list->AddRows({{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}});
     }
     void dropControls() override {}
-    void Form_Load() override {
-        ++loads;
-        whenLoaded();
-    }
+    void Form_Load() override { whenLoaded(); }
 };
 
 // What happened, in order.
 class ProbeTest : public ScreenTest {
 protected:
+    using Mouse = void (*)(QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int);
+    // As the window system gives it.
+    static void mouse(Mouse act, QWidget& in, QPoint place, Qt::KeyboardModifiers held = {}) {
+        act(in.window()->windowHandle(), Qt::LeftButton, held, in.mapTo(in.window(), place), -1);
+    }
     void note(const std::string& what) { log += (log.empty() ? "" : ", ") + what; }
     std::string log;
 };

@@ -129,7 +129,7 @@ frmCalculators::frmCalculators(Program& program, Form& scientific, CalculatorWin
 void frmCalculators::Form_Load() {
     program().StartUp(*this);
     // Left and low, so that it and the main window are seen together.
-    window().move(0, pixels(2500));
+    program().placing().moveTo(window(), {0, pixels(2500)});
 }
 
 void frmCalculators::Unloadall() {

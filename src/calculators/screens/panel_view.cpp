@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
@@ -36,7 +37,6 @@ PanelView::PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent)
         widgets_.emplace(control, made);
         place(*control);
     }
-    pressOnEnter();
     for (QGridLayout* grid : findChildren<QGridLayout*>()) {
         grid->setRowStretch(grid->rowCount(), 1);
         grid->setColumnStretch(grid->columnCount(), 1);
@@ -193,18 +193,19 @@ bool PanelView::sharesItsCell(const Control& control) const {
     });
 }
 
-// Enter in a box presses the next button; behind the last one it presses that.
-void PanelView::pressOnEnter() {
+// Enter in a box or a list presses the next button; behind the last one it presses that.
+void PanelView::keyPressEvent(QKeyEvent* event) {
     const auto& controls = panel_->controls();
+    const auto hasFocus = [this](const Control* control) { return widgets_.at(control)->hasFocus(); };
     const auto isButton = [](const Control* control) { return control->kind == ControlKind::Button; };
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const auto at = std::ranges::find_if(controls, hasFocus);
+    if (!enter || at == controls.end() || qobject_cast<QPushButton*>(widgets_.at(*at)))
+        return QGroupBox::keyPressEvent(event);
+    const auto next = std::find_if(at, controls.end(), isButton);
     const auto last = std::find_if(controls.rbegin(), controls.rend(), isButton);
-    for (auto control = controls.begin(); control != controls.end(); ++control) {
-        auto* box = qobject_cast<TextBox*>(widgets_.at(*control));
-        if (!box) continue;
-        const auto next = std::find_if(control, controls.end(), isButton);
-        auto* button = static_cast<QPushButton*>(widgets_.at(next == controls.end() ? *last : *next));
-        on(form_, box, &QLineEdit::returnPressed, [button] { button->click(); });
-    }
+    event->accept();
+    static_cast<QPushButton*>(widgets_.at(next == controls.end() ? *last : *next))->click();
 }
 
 void PanelView::open(std::string_view tab) {

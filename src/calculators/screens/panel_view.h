@@ -39,7 +39,7 @@ private:
     QString spokenName(const Control& control) const;
     void place(const Control& control);
     bool sharesItsCell(const Control& control) const;
-    void pressOnEnter();
+    void keyPressEvent(QKeyEvent* event) override;
 
     Form& form_;
     const std::unique_ptr<Panel> panel_;

@@ -1,5 +1,7 @@
 #include "reports/screens/data_reports.h"
 
+#include "values/numbers.h"
+
 namespace torvane {
 
 DataReports::DataReports(Program& program)
@@ -9,9 +11,10 @@ DataReports::DataReports(Program& program)
       DataReport2_(program, "DataReport2", 62),
       DataReport3_(program, "DataReport3", 63) {}
 
-void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows) {
+void DataReports::show(ReportWindow& window, const ReportLayout& layout, ReportRows rows, std::string of) {
     const Program::Doing doing(program_, "showing the report");
-    window.showReport(std::make_shared<const ReportPages>(layout, std::move(rows), program_.host().shortDate()));
+    window.showReport(std::make_shared<const ReportPages>(layout, std::move(rows), program_.host().shortDate()),
+                      std::move(of));
 }
 
 void DataReports::showEstimates(const Date& FDate, const Date& TDate) {
@@ -27,7 +30,10 @@ void DataReports::showCustomers() {
 }
 
 void DataReports::showProposal(std::int32_t OrderNo) {
-    show(DataReport3_, proposalLayout, data_.proposal(OrderNo));
+    ReportRows rows = data_.proposal(OrderNo);
+    std::string of;
+    if (!rows.groups().empty()) of = generalText(OrderNo) + " " + textOrEmpty(rows.cell("CustName", 0));
+    show(DataReport3_, proposalLayout, std::move(rows), std::move(of));
 }
 
 }  // namespace torvane

@@ -23,7 +23,7 @@ public:
 private:
     Program& program_;
     DataEnvironment1 data_;
-    void show(ReportWindow& window, const ReportLayout& layout, ReportRows rows);
+    void show(ReportWindow& window, const ReportLayout& layout, ReportRows rows, std::string of = {});
     ReportWindow DataReport1_;
     ReportWindow DataReport2_;
     ReportWindow DataReport3_;

@@ -1,6 +1,7 @@
 #include "reports/screens/page_view.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "reports/screens/page_painter.h"
 #include "widgets/texts.h"
@@ -24,6 +25,11 @@ void PageView::setPage(std::vector<Placed> page) {
 void PageView::setZoom(int percent) {
     zoom_ = percent;
     resizeToZoom();
+}
+
+int PageView::zoomOfWidth(int width) {
+    constexpr int beside = 24;
+    return std::max(10, 100 * (width - beside) / pixels(pageWidth));
 }
 
 void PageView::resizeToZoom() {

@@ -14,6 +14,8 @@ public:
     explicit PageView(QWidget* parent = nullptr);
     void setPage(std::vector<Placed> page);
     void setZoom(int percent);
+    // In percent, for a page that is as wide as that, in pixels, with a little room beside it.
+    static int zoomOfWidth(int width);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

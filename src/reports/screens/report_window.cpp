@@ -5,6 +5,7 @@
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QScrollBar>
+#include <QShortcut>
 #include <algorithm>
 
 #include "screens/dialogs.h"
@@ -17,6 +18,7 @@ namespace torvane {
 namespace {
 
 constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};
+constexpr int fitToWidth = 0;  // in the place of a percentage
 
 std::string notWritten(const std::string& file) {
     return "The report could not be written to " + file + ". Nothing was changed there.";
@@ -41,8 +43,16 @@ void ReportWindow::Form_Load() {
     click(ui().cmdHtml, [this] { exportTo("HTML", {".html", ".htm"}, writeHtml); });
     click(ui().cmdClose, [this] { Unload(); });
     for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
-    on(*this, ui().cmbZoom, &DropList::Click, [this] { ui().page->setZoom(ui().cmbZoom->ItemData()); });
+    ui().cmbZoom->AddItem("Fit to width", fitToWidth);
+    on(*this, ui().cmbZoom, &DropList::Click, [this] { zoom(); });
     ui().cmbZoom->selectItemData(100);
+    on(*this, ui().scroll, &PageScroll::Turn, [this](int pages) { turn(pages); });
+    on(*this, ui().scroll, &PageScroll::Resized, [this] { zoom(); });
+    on(*this, ui().scroll, &PageScroll::Zoom, [this](int steps) {
+        const int last = static_cast<int>(std::size(zoomSteps)) - 1;
+        ui().cmbZoom->select(std::clamp(ui().cmbZoom->ListIndex() + steps, 0, last));
+    });
+    on(*this, new QShortcut(QKeySequence::Print, &window()), &QShortcut::activated, [this] { print(); });
     ui().scroll->setFocus();  // the arrows turn to what is below
     program().StartUp(*this);
 }
@@ -51,8 +61,9 @@ void ReportWindow::Form_Unload() {
     pages_.reset();
 }
 
-void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages) {
+void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages, std::string of) {
     pages_ = std::move(pages);
+    of_ = std::move(of);
     Load();
     setCaption(pages_->layout().caption);
     told_.clear();
@@ -77,9 +88,24 @@ void ReportWindow::showPage(int number) {
     program().say("A part of the report is left empty. " + problem, caption());
 }
 
+// Turned back, the page before is read on from its end.
+void ReportWindow::turn(int pages) {
+    const int before = page_;
+    showPage(page_ + pages);
+    QScrollBar* bar = ui().scroll->verticalScrollBar();
+    bar->setValue(pages < 0 && page_ < before ? bar->maximum() : page_ > before ? 0 : bar->value());
+}
+
+void ReportWindow::zoom() {
+    const int chosen = ui().cmbZoom->ItemData();
+    ui().page->setZoom(chosen == fitToWidth ? PageView::zoomOfWidth(ui().scroll->viewport()->width()) : chosen);
+}
+
 void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write write) {
     const std::string title = caption();
-    const auto name = program().host().askSaveName(title + utf8(endings.front()),
+    std::string proposed = of_.empty() ? title : title + " " + of_;
+    std::ranges::replace(proposed, '/', '-');
+    const auto name = program().host().askSaveName(proposed + utf8(endings.front()),
                                                    std::string(kind) + " (*" + utf8(endings.join(" *")) + ")");
     if (!name) return;
     const bool ended = std::ranges::any_of(

@@ -17,7 +17,8 @@ class ReportWindow : public FormOf<Ui::ReportWindow> {
 public:
     ReportWindow(Program& program, const char* name, int helpContext);
 
-    void showReport(std::shared_ptr<const ReportPages> pages);
+    // `of`: what the report is about, for the names of its files.
+    void showReport(std::shared_ptr<const ReportPages> pages, std::string of);
 
 protected:
     void Form_Load() override;
@@ -25,12 +26,15 @@ protected:
 
 private:
     void showPage(int number);
+    void turn(int pages);
+    void zoom();
     void print();
     using Write = Exported (*)(const ReportPages&, const std::string&, const ExportProgress&);
     // The first of the endings is given to a name that has none of them.
     void exportTo(const char* kind, const QStringList& endings, Write write);
 
     std::shared_ptr<const ReportPages> pages_;
+    std::string of_;
     int page_ = 0;
     std::string told_;  // what is left empty, as the user has been told
 };
