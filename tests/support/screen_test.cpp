@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
+#include <QScrollArea>
 #include <QThreadPool>
 #include <QWindow>
 
@@ -50,6 +51,8 @@ QWindow* windowOf(const QWidget& control) {
 
 void clickAt(QWidget& control, QPoint position, Qt::MouseButton button) {
     if (!reachable(control)) return;
+    for (QWidget* around = control.parentWidget(); around; around = around->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&control);
     QTest::mouseClick(windowOf(control), button, {}, control.mapTo(control.window(), position));
     settle();
 }
