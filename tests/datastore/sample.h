@@ -6,22 +6,20 @@
 
 namespace torvane {
 
-// A few rows of every table that the statements of the system touch.
-inline constexpr const char* sampleText = R"sql(
-delete from Units; delete from Rooms; delete from sqlite_sequence;
-insert into Category values (1, 'Lumber', null), (2, 'Nails', 1);
-insert into Units values (1, 'each'), (2, 'box');
-insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
-insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Labor, Qty)
-    values (1, '10', 'Stud', 1, 1, 3.1, 1, 1), (2, '9', 'nail', 2, 2, 0.125, null, 100);
-insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Tax, Total, Overhead)
-    values (1, 1, '2003-07-04', 200, 5, 230, 10), (2, 9, '2003-08-01', 1, 0, 1, 0);
-insert into OrderItem values (1, 1, 2, 6.2, 1, 1, 1, 2, 3), (1, 2, 1, 1, 2, 2, 0, 0, null);
-)sql";
-
-// A database and one connection to it. What the engine itself reads and writes goes past the store, by `folder`.
+// A database with a few rows, and one connection to it. What the engine itself reads and writes goes past the store, by
+// `folder`.
 class StoreTest : public RecordTest {
 protected:
+    StoreTest() {
+        folder.execute(R"sql(
+delete from Units; delete from Rooms; delete from sqlite_sequence;
+insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
+insert into Item (ItemId, Itemname, CategoryId, UnitId, Material, Labor, Qty)
+    values (1, 'Stud', 1, 1, 3.1, 1, 1), (2, 'nail', 2, 2, 0.125, null, 100);
+insert into OrderInfo (OrderNo, CustId, OrderDate, Amount, Tax, Total, Overhead)
+    values (1, 1, '2003-07-04', 200, 5, 230, 10), (2, 9, '2003-08-01', 1, 0, 1, 0);
+)sql");
+    }
     // The cells of a query, "~" for Null, "|" between cells, ";" behind rows.
     static std::string dump(const RowArray& rows) {
         std::string text;
@@ -33,7 +31,6 @@ protected:
     }
     std::string rows(std::string_view statement) { return dump(connection.query(statement)); }
     std::string rooms() const { return folder.cell("select count(*) from Rooms"); }
-    StoreTest() { folder.execute(sampleText); }
 
     const std::string file = folder.useEmpty();
     Connection connection{access};

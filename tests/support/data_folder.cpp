@@ -24,7 +24,7 @@ std::string DataFolder::put(const char* delivered, const std::string& as) {
     return as;
 }
 
-std::vector<std::string> DataFolder::rows(const std::string& select, const std::string& file) const {
+std::vector<std::string> DataFolder::rows(std::string_view select, const std::string& file) const {
     sqlite3* handle = nullptr;
     EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr)) << file;
     std::vector<std::string> all;
@@ -33,13 +33,13 @@ std::vector<std::string> DataFolder::rows(const std::string& select, const std::
         for (int i = 0; i < columns; ++i) row.append(i > 0 ? "|" : "").append(cells[i] ? cells[i] : "null");
         return 0;
     };
-    EXPECT_EQ(SQLITE_OK, sqlite3_exec(handle, select.c_str(), add, &all, nullptr))
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(handle, std::string(select).c_str(), add, &all, nullptr))
         << select << ": " << sqlite3_errmsg(handle);
     sqlite3_close(handle);
     return all;
 }
 
-std::string DataFolder::cell(const std::string& select) const {
+std::string DataFolder::cell(std::string_view select) const {
     const auto all = rows(select);
     EXPECT_EQ(1U, all.size()) << select;
     return all.empty() ? std::string{} : all.front();

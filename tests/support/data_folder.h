@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace torvane {
@@ -25,12 +26,12 @@ public:
     void useHelpBook() const { put("LARKFENVERSION2.HLP", helpBook()); }
 
     // Carries out statements; a failure fails the test.
-    void execute(const std::string& statements) const { rows(statements); }
+    void execute(std::string_view statements) const { rows(statements); }
     // The rows of a select on the database, or on another file: cells joined by '|', Null as "null".
-    std::vector<std::string> rows(const std::string& select) const { return rows(select, database()); }
-    std::vector<std::string> rows(const std::string& select, const std::string& file) const;
+    std::vector<std::string> rows(std::string_view select) const { return rows(select, database()); }
+    std::vector<std::string> rows(std::string_view select, const std::string& file) const;
     // The one cell of a select.
-    std::string cell(const std::string& select) const;
+    std::string cell(std::string_view select) const;
 
 private:
     static std::string put(const char* delivered, const std::string& as);
