@@ -94,9 +94,15 @@ std::string characterFile(const QTemporaryDir& folder, const QByteArray& text) {
     return file.fileName().toStdString();
 }
 
-TEST(CharacterFile, DamageIsFoundAndNamed) {
-    // What stands in the sound file, what stands in its place, and the fault.
-    const std::tuple<const char*, const char*, std::string> rows[] = {
+TEST(CharacterFile, IsWholeAndCanDoWhatTheProgramAsks) {
+    const Character character = Character::load(TORVANE_CHARACTER);
+    for (const char* name : {"Wave", "Greet", "Sad", "Idle", "Speaking", "Arriving", "Leaving"}) {
+        ASSERT_NE(character.animation(name), nullptr) << name;
+        for (const Character::Step& step : *character.animation(name))
+            EXPECT_EQ(QSvgRenderer(step.drawing).viewBox().size(), character.size()) << name;
+    }
+    // What stands in a sound file, what stands in its place, and the fault.
+    const std::tuple<const char*, const char*, std::string> damages[] = {
         {"end\n", "", "line 17: the end is missing"},
         {"size 40 60", "size 40 513", "line 2: \"513\" is no number from 16 to 512"},
         {"</g>", "", "line 5: the part before is broken: Opening and ending tag mismatch."},
@@ -105,7 +111,7 @@ TEST(CharacterFile, DamageIsFoundAndNamed) {
         {"animation Leaving : gone 50\n", "", "line 17: the animation Leaving is missing"},
     };
     const QTemporaryDir folder;
-    for (const auto& [before, after, fault] : rows) {
+    for (const auto& [before, after, fault] : damages) {
         const std::string file = characterFile(folder, QByteArray(plainCharacter).replace(before, after));
         try {
             Character::load(file);
@@ -116,16 +122,8 @@ TEST(CharacterFile, DamageIsFoundAndNamed) {
     }
 }
 
-TEST(CharacterFile, TheDeliveredCharacterCanDoWhatTheProgramAsks) {
-    const Character character = Character::load(TORVANE_CHARACTER);
-    for (const char* name : {"Wave", "Greet", "Sad", "Idle", "Speaking", "Arriving", "Leaving"}) {
-        ASSERT_NE(character.animation(name), nullptr) << name;
-        for (const Character::Step& step : *character.animation(name))
-            EXPECT_EQ(QSvgRenderer(step.drawing).viewBox().size(), character.size()) << name;
-    }
-}
-
-// The assistant on the screen, and what a user sees of it, one after the other: a text, or else what it does.
+// The assistant on the screen beside a window, and what a user sees of it, one after the other: a text, or else what it
+// does.
 class AssistantTest : public ::testing::Test {
 protected:
     const QTemporaryDir folder;
@@ -135,13 +133,24 @@ protected:
     AnimatedAssistant assistant{characterFile(folder, plainCharacter), std::unique_ptr<Voice>(voice),
                                 std::unique_ptr<Ticker>(ticker)};
     AssistantWindow& window = assistant.window();
+    QPushButton other{"Other"};
+    QShortcut escape{QKeySequence(Qt::Key_Escape), &other, [this] { seen.append("cancelled"); }};
+    QDialog modal;
+    QMessageBox question;
 
+    AssistantTest() {
+        for (QDialog* dialog : {&modal, static_cast<QDialog*>(&question)}) dialog->setModal(true);
+        other.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    }
     QLabel* balloon() { return window.findChild<QLabel*>("Balloon"); }
     std::string shown() { return balloon() && balloon()->isVisible() ? balloon()->text().toStdString() : ""; }
     void look() {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         EXPECT_TRUE(screen.contains(window.geometry()));
         EXPECT_TRUE(shown().empty() || screen.contains(balloon()->window()->geometry()));
+        EXPECT_TRUE(shown().empty() || balloon()->textFormat() == Qt::PlainText);
+        EXPECT_FALSE(window.isActiveWindow()) << "it takes no focus";
         const QColor colour = window.isVisible() ? window.grab().toImage().pixelColor(20, 30) : QColor();
         const char* doing = !colour.isValid() ? "away" : colour.green() ? "waves" : colour.red() ? "leaves" : "stands";
         const QString now = shown().empty() ? doing : QString::fromStdString(shown());
@@ -151,43 +160,60 @@ protected:
         ticker->pass(time, [this] { look(); });
         QCoreApplication::processEvents();
     }
-    static void clickOn(QWidget& window) {
+    static void clickOn(const QWidget& window) {
         QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
+    }
+    void drag() {
+        const QPoint before = window.pos();
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
+        QTest::mouseMove(window.windowHandle(), QPoint(35, 50));
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
+        EXPECT_EQ(window.pos(), before + QPoint(15, 20));
+    }
+    void chooseHide() {
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(20, 30), window.pos());
+        QCoreApplication::sendEvent(&window, &asked);
+        const std::unique_ptr<QMenu> menu(window.findChild<QMenu*>("AssistantMenu"));
+        menu->actions().first()->trigger();
     }
     void carryOut(const QString& act) {
         const std::string rest = act.section(' ', 1).toStdString();
         if (act == "show") assistant.Show();
         if (act == "hide") assistant.Hide();
-        if (act == "wave") assistant.Play("Wave");
-        if (act == "jump") assistant.Play("Somersault");
-        if (act == "to the left") assistant.MoveTo(-500, -500);
-        if (act == "to the right") assistant.MoveTo(9000, 9000);
+        if (act.startsWith("play")) assistant.Play(rest);
+        if (act.startsWith("move")) assistant.MoveTo(std::stoi(rest), std::stoi(rest));
         if (act.startsWith("say")) assistant.Speak(rest);
         if (act.startsWith("pass")) pass(milliseconds(std::stoi(rest)));
         if (act == "click") clickOn(window);
-        if (act == "menu") {
-            QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(20, 30), window.mapToGlobal(QPoint(20, 30)));
-            QCoreApplication::sendEvent(&window, &asked);
-            auto* menu = window.findChild<QMenu*>("AssistantMenu");
-            menu->actions().first()->trigger();
-            menu->close();
-            QCoreApplication::sendPostedEvents(menu, QEvent::DeferredDelete);
-        }
+        if (act == "click balloon") clickOn(*balloon()->window());
+        if (act == "drag") drag();
+        if (act == "menu") chooseHide();
+        if (act == "escape") QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
+        if (act == "open modal") modal.show();
+        if (act == "close modal") modal.hide();
+        if (act == "ask") question.show();
+        if (act == "answer") QTest::keyClick(question.windowHandle(), Qt::Key_Escape);
+        QCoreApplication::processEvents();
         look();
     }
 };
 
 TEST_F(AssistantTest, Requests) {
     const std::pair<const char*, const char*> courses[] = {
-        {"show, wave, say Hello, say Welcome, hide", "away, stands, waves, Hello, Welcome, leaves, away"},
+        {"show, play Wave, say Hello, say Welcome, hide", "away, stands, waves, Hello, Welcome, leaves, away"},
         {"say Here, hide", "away, stands, Here, leaves, away"},
-        {"wave, show, jump, say So, hide", "away, stands, So, leaves, away"},
-        {"to the left, say Far, to the right, say Farther, to the left, hide",
-         "away, stands, Far, Farther, leaves, away"},
+        {"play Wave, show, play Jump, say So, hide", "away, stands, So, leaves, away"},
+        {"move -500, say Far, move 9000, say Farther, move -500, hide", "away, stands, Far, Farther, leaves, away"},
         {"hide, show, show, hide, hide", "away, stands, leaves, away"},
         {"show, pass 2500, hide, pass 0, click", "away, stands, leaves, away"},
-        {"say First, say Second, wave, hide, pass 200, click",
+        {"say First, say Second, play Wave, hide, pass 200, click",
          "away, stands, First, Second, stands, waves, leaves, away"},
+        // A drag keeps the text. Without a text Escape is the window's own.
+        {"say Press <b>Add</b>, say two, say three, pass 200, click balloon, drag, click, escape, escape, hide",
+         "away, stands, Press <b>Add</b>, two, three, stands, cancelled, stands, leaves, away"},
+        // Over a modal window it goes on, and a question is not covered.
+        {"say one, say two, pass 200, open modal, click, ask, show, pass 500, answer, close modal, escape, hide",
+         "away, stands, one, two, away, two, stands, leaves, away"},
         {"say First, say Dropped, pass 200, menu, menu, pass 1000, show, say Next, hide",
          "away, stands, First, leaves, away, stands, Next, leaves, away"},
     };
@@ -200,16 +226,23 @@ TEST_F(AssistantTest, Requests) {
     }
 }
 
+TEST_F(AssistantTest, EscapeHeldDownGoesNoFurtherThanTheText) {
+    carryOut("say one");
+    pass(milliseconds(200));
+    carryOut("escape");
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+    EXPECT_TRUE(static_cast<QObject&>(window).eventFilter(&other, &held));
+}
+
 TEST_F(AssistantTest, ATextWaitsForTheReaderAndTheVoiceButNotForEver) {
-    const milliseconds reading = AnimatedAssistant::readingTime("Hello");
-    const milliseconds longest = AnimatedAssistant::longestVoice("Hello");
-    const milliseconds frame{100};  // of the mouth: within it the end is noticed
-    EXPECT_GT(AnimatedAssistant::readingTime("Hello there"), reading);
-    EXPECT_EQ(AnimatedAssistant::readingTime("\xC3\xA9t\xC3\xA9"), AnimatedAssistant::readingTime("ete"));
+    const milliseconds reading = AnimatedAssistant::readingTime("\xC3\xA9t\xC3\xA9");
+    const milliseconds longest = AnimatedAssistant::longestVoice("ete");
+    EXPECT_EQ(reading, AnimatedAssistant::readingTime("ete"));
+    EXPECT_LT(reading, AnimatedAssistant::readingTime("ete en ville"));
     // When the voice ends, how long the text stays, and what is asked of the voice.
-    const std::tuple<milliseconds, milliseconds, const char*> rows[] = {{milliseconds(500), reading, "say Hello; "},
-                                                                        {reading * 2, reading * 2, "say Hello; "},
-                                                                        {longest * 2, longest, "say Hello; give up; "}};
+    const std::tuple<milliseconds, milliseconds, const char*> rows[] = {{milliseconds(500), reading, "say ete; "},
+                                                                        {reading * 2, reading * 2, "say ete; "},
+                                                                        {longest * 2, longest, "say ete; give up; "}};
     assistant.Show();
     pass(AnimatedAssistant::leadIn - milliseconds(1));
     EXPECT_FALSE(window.isVisible()) << "the caller's window is painted first";
@@ -217,75 +250,20 @@ TEST_F(AssistantTest, ATextWaitsForTheReaderAndTheVoiceButNotForEver) {
     voice->mute = false;
     for (const auto& [ends, stays, calls] : rows) {
         voice->calls.clear();
-        assistant.Speak("Hello");
+        assistant.Speak("ete");
         pass(milliseconds(0));
         milliseconds stood{};
-        for (; shown() == "Hello"; ++stood) {
+        for (; shown() == "ete"; ++stood) {
             if (stood == ends) std::exchange(voice->end, nullptr)();
             ticker->pass(milliseconds(1), [] {});
         }
         EXPECT_GE(stood, stays);
-        EXPECT_LE(stood, stays + frame);
+        EXPECT_LE(stood, stays + milliseconds(100)) << "within a frame of the mouth the end is noticed";
         EXPECT_EQ(voice->calls, calls);
     }
     voice->calls.clear();
     for (const char* act : {"say one", "say one", "pass 1000", "click", "menu"}) carryOut(act);
     EXPECT_EQ(voice->calls, "say one; hush; say one; hush; ") << "the voice stops with its text";
-}
-
-TEST_F(AssistantTest, TakesNoFocusAndGoesOnByClickAndEscape) {
-    QPushButton other("Other");
-    int cancelled = 0;
-    QShortcut escape(QKeySequence(Qt::Key_Escape), &other, [&] { ++cancelled; });
-    other.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    for (const char* text : {"Press <b>Add</b> & go on", "two", "three", " "}) assistant.Speak(text);
-    pass(milliseconds(200));
-    EXPECT_EQ(shown(), "Press <b>Add</b> & go on");
-    EXPECT_EQ(balloon()->textFormat(), Qt::PlainText);
-    EXPECT_EQ(QApplication::activeWindow(), &other);
-    clickOn(*balloon()->window());
-    const QPoint before = window.pos();
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
-    QTest::mouseMove(window.windowHandle(), QPoint(35, 50));
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 30));
-    EXPECT_EQ(window.pos(), before + QPoint(15, 20));
-    EXPECT_EQ(shown(), "two") << "a drag keeps the text";
-    clickOn(window);
-    EXPECT_EQ(shown(), "three");
-    for (int text = 3; text <= 4; ++text) QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
-    QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
-    EXPECT_TRUE(static_cast<QObject&>(window).eventFilter(&other, &held)) << "held down it goes no further";
-    EXPECT_EQ(shown() + std::to_string(cancelled), "0");
-    QTest::keyClick(other.windowHandle(), Qt::Key_Escape);
-    EXPECT_EQ(cancelled, 1) << "without a text Escape is the window's own again";
-}
-
-TEST_F(AssistantTest, GoesOnOverModalWindowsAndCoversNoQuestion) {
-    QDialog modal;
-    QMessageBox question;
-    const auto show = [](QDialog& dialog) {
-        dialog.setWindowModality(Qt::ApplicationModal);
-        dialog.show();
-        QCoreApplication::processEvents();
-    };
-    for (const char* text : {"one", "two"}) assistant.Speak(text);
-    pass(milliseconds(200));
-    show(modal);
-    clickOn(window);
-    EXPECT_EQ(shown(), "two");
-    show(question);
-    EXPECT_EQ(shown(), "");
-    assistant.Show();
-    pass(milliseconds(500));
-    EXPECT_FALSE(window.isVisible()) << "a question is not covered";
-    QTest::keyClick(question.windowHandle(), Qt::Key_Escape);
-    EXPECT_FALSE(question.isVisible()) << "it is answered first";
-    QCoreApplication::processEvents();
-    EXPECT_EQ(shown(), "two");
-    modal.hide();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(window.isVisible()) << "it does not go with the modal window";
 }
 
 // --- The voice -------------------------------------------------------------------------------------------------------
