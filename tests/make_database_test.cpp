@@ -36,15 +36,6 @@ TEST(MakeDatabase, HoldsWhatItIsMadeFor) {
          "on a.ParentCategory = b.CatId join Category c on b.ParentCategory = c.CatId) > 0, "
          "(select totitm from Categories where CatName = 'Shingles')",
          "0|0|0|0|null", "1|1|7|1|5"},
-        {"keys that name nothing",
-         "select (select count(*) from Item where CategoryId not in (select CatId from Category) "
-         "or UnitId not in (select Id from Units)) + "
-         "(select count(*) from Customer where BState not in (select StateId from States)) + "
-         "(select count(*) from OrderInfo where SState not in (select StateId from States) "
-         "or CustId not in (select CustId from Customer)) + "
-         "(select count(*) from OrderItem where RoomId not in (select Id from Rooms) "
-         "or UnitId not in (select Id from Units) or ItemId not in (select ItemId from Item))",
-         "0", "0"},
         {"amounts that are not their lines, totals that are not amount and percentages",
          "select count(*) from OrderInfo o where Amount <= 0 or "
          "abs(Total - Amount * (1 + Tax / 100 + Overhead / 100)) > Total * 1e-6 or "

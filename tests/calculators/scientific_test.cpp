@@ -114,7 +114,7 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"6,M +,C,M /,MR", " 6", {"ILLEGAL. DIVIDE 0 ERROR "}},
         {"'1e308,*,10,=", " 10", {}, 6},
         {"View", "", {}, 0, " 0"},
-        {"3,push,4,push,5,push,View,View,View,copy", " 3", {}, 0, " 3"},
+        {"3,push,4,push,5,push,View,View,View,View,copy", " 34", {}, 0, " 34"},
         {"3,push,View,AC,del,View", " 0", {}, 0, " 3"},
         {pushes(26), " 1"},
         {pushes(27), " 1", {}, 9},

@@ -53,16 +53,12 @@ TEST(Conversions, EqualAmounts) {
     };
     for (const auto& [category, amounts] : rows) {
         std::istringstream stream(amounts);
-        const Unit* from = nullptr;
-        std::string given;
-        for (std::string name, text; std::getline(stream, name, '=') && std::getline(stream, text, ';');) {
-            const Unit& to = unit(category, name);
-            if (!from) {
-                from = &to;
-                given = text;
-            }
-            EXPECT_EQ(converted(given, *from, to), text) << given << " " << from->name << " in " << name;
-        }
+        std::string name, given;
+        std::getline(std::getline(stream, name, '='), given, ';');
+        const Unit& from = unit(category, name);
+        for (std::string text; std::getline(std::getline(stream, name, '='), text, ';');)
+            EXPECT_EQ(converted(given, from, unit(category, name)), text)
+                << given << " " << from.name << " in " << name;
     }
 }
 

@@ -1,14 +1,48 @@
-#include "datastore/store.h"
+// What statements do to the database, on one of its own. What the engine itself reads and writes goes past the store, by
+// `folder`.
 
 #include <sqlite3.h>
 
-#include <map>
-#include <vector>
+#include <limits>
 
-#include "sample.h"
+#include "datastore/data_class.h"
+#include "datastore/store.h"
+#include "support/files.h"
+#include "support/record_test.h"
 
 namespace torvane {
 namespace {
+
+namespace fs = std::filesystem;
+
+class StoreTest : public RecordTest {
+protected:
+    StoreTest() {
+        folder.execute(R"sql(
+delete from Units; delete from Rooms; delete from sqlite_sequence;
+insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
+insert into Item (ItemId, Itemname, Material) values (1, 'Stud', 3.1);
+insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (1, 1, '2003-07-04', 230), (2, 9, '2003-08-01', 1);
+)sql");
+    }
+    // The cells of a query, "~" for Null, "|" between cells, ";" behind rows.
+    static std::string dump(const RowArray& rows) {
+        std::string text;
+        for (int row = 0; row < rows.rows(); ++row)
+            for (int column = 0; column < rows.columns(); ++column)
+                text += (isNull(rows(column, row)) ? "~" : textOf(rows(column, row))) +
+                        (column + 1 < rows.columns() ? "|" : ";");
+        return rows.empty() ? "none" : text;
+    }
+    std::string rows(std::string_view statement) { return dump(connection.query(statement)); }
+    std::string rooms() const { return folder.cell("select count(*) from Rooms"); }
+    void addRoom() { connection.execute("insert into Rooms (Name) values ('Hall')"); }
+
+    const std::string file = folder.useEmpty();
+    Connection connection{access};
+};
+
+// --- Statements ------------------------------------------------------------------------------------------------------
 
 TEST_F(StoreTest, RefusedStatementsChangeNothing) {
     constexpr int invalidCall = static_cast<int>(Failure::InvalidCall);
@@ -60,7 +94,7 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
 TEST_F(StoreTest, CellsHaveTheirColumnsKinds) {
     // As a file made elsewhere may have them.
     folder.execute(
-        "pragma ignore_check_constraints = on;"
+        "pragma ignore_check_constraints = on; insert into OrderItem (OrderNo, ItemId) values (1, 1);"
         "update OrderInfo set OrderDate = 'soon', Total = 12345678.5 where OrderNo = 2");
     const RowArray cells =
         connection.query("select OrderNo, Total, Total*1, OrderDate, SCity from OrderInfo order by OrderNo");
@@ -74,10 +108,8 @@ TEST_F(StoreTest, CellsHaveTheirColumnsKinds) {
     EXPECT_EQ(numberOf([&] { cells("Totals", 0); }), static_cast<int>(Failure::InvalidCall));
     for (const auto& [column, row] : {std::pair{1, 2}, {1, -1}, {5, 0}, {-1, 0}})
         EXPECT_EQ(numberOf([&, c = column, r = row] { cells(c, r); }), static_cast<int>(Failure::Subscript));
-    folder.execute("insert into OrderItem (OrderNo, ItemId) values (1, 1)");
     const RowArray shared = connection.query(
-        "SELECT Orderinfo.OrderNo, OrderItem.*, 1 as item FROM orderinfo, OrderItem "
-        "where orderinfo.OrderNo = OrderItem.OrderNo");
+        "SELECT Orderinfo.OrderNo, OrderItem.* FROM orderinfo, OrderItem where orderinfo.OrderNo = OrderItem.OrderNo");
     for (const auto& [name, number] :
          {std::pair{"orderinfo.OrderNo", 0}, {"OrderItem.OrderNo", 1}, {"ItemId", 2}, {"OrderNo", -1}})
         EXPECT_EQ(shared.column(name), number) << name;
@@ -85,33 +117,28 @@ TEST_F(StoreTest, CellsHaveTheirColumnsKinds) {
 
 TEST_F(StoreTest, ColumnsRefuseWhatTheirTypeCantHold) {
     const std::string before = bytes(file);
-    const std::map<std::string, std::vector<std::string>> refused{
-        {"integer", {"'abc'", "x'31'", "1.5", "2147483648", "-2147483649"}},
-        {"real", {"'abc'", "x'31'", "3.4028235677973366e+38", "-3.4028235677973366e+38"}},
-        {"double", {"'abc'", "x'31'", "9e999", "-9e999"}},
-        {"date", {"5", "x'31'", "'soon'", "'7/4/2003'", "'2003-02-30'", "'0099-12-31'"}},
-        {"text", {"x'31'"}},
+    const std::tuple<const char*, std::vector<const char*>, std::string> refused[] = {
+        {"Customer (CustId", {"'abc'", "32768"}, ""},  // it has a text of the engine's own, too
+        {"Customer (BState", {"'abc'", "x'31'", "1.5", "32768", "-32769"}, "whole numbers from -32768 to 32767"},
+        {"OrderInfo (CustId", {"2147483648", "-2147483649"}, "whole numbers from -2147483648 to 2147483647"},
+        {"Item (Material", {"'abc'", "3.4028235677973366e+38", "-9e999"}, "numbers up to 3.402823E+38"},
+        {"Tax (TaxRate", {"'abc'", "x'31'", "9e999", "-9e999"}, "numbers"},
+        {"OrderInfo (OrderDate", {"5", "'soon'", "'7/4/2003'", "'2003-02-30'", "'0099-12-31'"}, "dates as yyyy-mm-dd"},
+        {"Rooms (Name", {"x'31'"}, "texts"},
     };
-    for (const std::string& row : folder.rows(
-             "select lower(p.type), 'insert into ' || m.name || ' (' || p.name || ') values (' "
-             "from sqlite_schema m, pragma_table_info(m.name) p where m.type = 'table' and m.name not like 'sqlite%'"))
-        for (const std::string& value : refused.at(row.substr(0, row.find('|'))))
-            failureOf([&] { connection.execute(row.substr(row.find('|') + 1) + value + ")"); });
-    for (const char* beyond : {"(CustId) values (-32769)", "(BState) values (32768)"})
-        EXPECT_NE(failureOf([&] { connection.execute(std::string("insert into Customer ") + beyond); })
-                      .text()
-                      .find(" takes whole numbers from -32768 to 32767"),
-                  std::string::npos);
+    for (const auto& [column, values, takes] : refused)
+        for (const std::string value : values) {
+            const auto act = [&, &into = column] {
+                connection.execute("insert into " + std::string(into) + ") values (" + value + ")");
+            };
+            EXPECT_TRUE(failureOf(act).text().ends_with(takes)) << column << " " << value;
+        }
     EXPECT_TRUE(bytes(file) == before);
     connection.execute(
-        "update Item set Material = 3.4028235677973362E+38, Labor = '1.5', Qty = null, ItemId = 32767 "
-        "where ItemId = 1");
-    connection.execute(
-        "update OrderInfo set OrderNo = 2147483647, CustId = -2147483648, SState = -32768, OrderDate = #12/31/9999# "
-        "where OrderNo = 1");
-    EXPECT_EQ(rows("select Material, Labor, Qty from Item where ItemId = 32767"), "3.402823E+38|1.5|~;");
-    EXPECT_EQ(rows("select CustId, SState, OrderDate from OrderInfo where OrderNo = 2147483647"),
-              "-2147483648|-32768|12/31/9999;");
+        "update OrderInfo set OrderNo = 2147483647, CustId = -2147483648, SState = -32768, OrderDate = #12/31/9999#, "
+        "Total = 3.4028235677973362E+38, Tax = '1.5', Amount = null where OrderNo = 1");
+    EXPECT_EQ(rows("select CustId, SState, OrderDate, Total, Tax, Amount from OrderInfo where OrderNo = 2147483647"),
+              "-2147483648|-32768|12/31/9999|3.402823E+38|1.5|~;");
 }
 
 TEST_F(StoreTest, KeysAreNeverGivenTwice) {
@@ -143,6 +170,134 @@ TEST_F(StoreTest, WhatStatementsFind) {
     };
     for (const auto& [statement, result] : reads) EXPECT_EQ(rows(statement), result) << statement;
     EXPECT_EQ(folder.cell("pragma integrity_check"), "ok") << "the file is everybody's";
+}
+
+// --- Write groups ----------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, AGroupIsSeenAtOnceAndFlushedAtItsEnd) {
+    auto another = std::make_unique<Connection>(access);
+    grouped(connection, [&] {
+        addRoom();
+        EXPECT_EQ(dump(another->query("select count(*) from Rooms")), "3;");
+        grouped(*another, [&] { another->execute("delete from Rooms where Id = 1"); });
+        EXPECT_EQ(rooms(), "2") << "as other programs see it";
+        EXPECT_EQ(numberOf([&] { store.settle(file); }), SQLITE_BUSY);
+        another.reset();
+        addRoom();
+    });
+    EXPECT_EQ(rooms(), "3");
+}
+
+TEST_F(StoreTest, AGroupKeepsWhatWasExecutedBeforeAFailureAndBeforeTheEnd) {
+    const auto twice = [&] { connection.execute("insert into Rooms values (1, 'twice')"); };
+    EXPECT_EQ(numberOf([&] { grouped(connection, [&] { addRoom(), grouped(connection, twice); }); }),
+              SQLITE_CONSTRAINT);
+    EXPECT_EQ(rooms(), "3");
+    grouped(connection, [&] {
+        addRoom();
+        store.commitOpenGroups();
+        EXPECT_EQ(rooms(), "4") << "the program ends in the middle";
+    });
+}
+
+TEST_F(StoreTest, AFilePutInItsPlaceIsMetByAllConnectionsAndNotReachedByAnOpenGroup) {
+    Connection another{access};
+    const auto putOther = [&] {
+        fs::copy_file(file, file + ".bak");
+        connection.execute("delete from Rooms");
+        fs::rename(file + ".bak", file);
+    };
+    putOther();
+    grouped(connection, [&] { addRoom(); });
+    EXPECT_EQ(rooms() + dump(another.query("select count(*) from Rooms")), "33;");
+    EXPECT_EQ(numberOf([&] { grouped(connection, putOther); }), SQLITE_READONLY);
+    EXPECT_EQ(rooms() + folder.cell("pragma integrity_check"), "3ok");
+}
+
+// --- Before a copy ---------------------------------------------------------------------------------------------------
+
+TEST_F(StoreTest, SettlingTakesAwayLogsThatHaveNoDatabase) {
+    for (const std::string what : {"an empty file", "another file", "no file"}) {
+        write(file, what == "another file" ? std::string(9000, 'x') : "");
+        if (what == "no file") fs::remove(file);
+        for (const char* end : {"-journal", "-wal", "-shm"}) write(file + end, "left behind");
+        store.settle(file);
+        EXPECT_EQ(filesIn(folder.path()).size(), what == "no file" ? 0U : 1U) << what;
+    }
+    fs::create_directory(file + "-journal");
+    EXPECT_EQ(failureOf([&] { store.settle(file); }).text(), "a journal can't be removed");
+}
+
+TEST_F(StoreTest, SettlingLetsADamagedDatabaseBeReplaced) {
+    std::string damaged = bytes(file);
+    damaged.replace(100, 8, 8, 'x');  // where the list of tables begins
+    write(file, damaged);
+    EXPECT_EQ(numberOf([&] { rows("select * from Rooms"); }), SQLITE_CORRUPT);
+    store.settle(file);
+    EXPECT_TRUE(bytes(file) == damaged);
+}
+
+// --- Pages -----------------------------------------------------------------------------------------------------------
+
+struct List : DataClass {
+    explicit List(const DataAccess& access) : DataClass(access) {}
+    using DataClass::readPageOrAll;
+};
+
+class PagingTest : public StoreTest {
+protected:
+    void fill(int count) {
+        const std::string upTo = std::to_string(count);
+        folder.execute("delete from Units; with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
+                       upTo + ") insert into Units select i, 'u' || (i % 3) from n where i <= " + upTo);
+    }
+    ListRows read(long Page, std::string_view by, std::string_view AscOrDesc) {
+        return list.readPageOrAll("Select Id,Name from Units", Page, PageCount, by, AscOrDesc);
+    }
+    // "first row-last row pages/rows", or "none" with what was left untouched; -1 is every row.
+    std::string page(long Page, std::int16_t PageSize = 15, std::string_view AscOrDesc = "A") {
+        list.PageSize = PageSize;
+        const ListRows found = read(Page, "Id", AscOrDesc);
+        const std::string counts = " " + std::to_string(PageCount) + "/" + std::to_string(list.RecordCount);
+        if (!found || found->empty()) return "none" + counts;
+        return textOf((*found)(0, 0)) + "-" + textOf((*found)(0, found->rows() - 1)) + counts;
+    }
+    List list{access};
+    long PageCount = 7;
+};
+
+TEST_F(PagingTest, PagesFollowThePageSizeOfTheReadBefore) {
+    fill(0);
+    for (long none : {1, 0, -1}) EXPECT_EQ(page(none), "none 7/0");
+    fill(40);
+    for (const auto& [bad, size] : {std::pair{0, 15}, {-2, 15}, {1, 0}})
+        EXPECT_EQ(numberOf([&, at = bad, rows = size] { page(at, static_cast<std::int16_t>(rows)); }), 5);
+    const std::pair<std::string, const char*> reads[] = {
+        {page(-1), "1-40 4/40"},     {page(2), "11-25 3/40"},  // the first read of an instance positions by 10
+        {page(2), "16-30 3/40"},     {page(-1), "1-40 3/40"},
+        {page(3), "31-40 3/40"},     {page(std::numeric_limits<long>::max()), "none 3/40"},
+        {page(2, 20), "16-35 2/40"}, {page(2, 20, "D"), "20-1 2/40"},
+    };
+    for (const auto& [found, expected] : reads) EXPECT_EQ(found, expected);
+}
+
+TEST_F(PagingTest, TiesKeepOneOrderOverAllPages) {
+    fill(40);
+    folder.execute("create index UnitsByName on Units (Name)");  // read backwards, it turns the rows of a tie round
+    for (const auto& [direction, first] : {std::pair{"A", "3|u0;6|u0;"}, {"D", "2|u2;5|u2;"}}) {
+        const std::string whole = dump(*read(-1, "Name", direction));
+        std::string pages;
+        page(1, 5);
+        for (long n = 1; n <= 8; ++n) pages += dump(*read(n, "Name", direction));
+        EXPECT_EQ(pages, whole);
+        EXPECT_TRUE(whole.starts_with(first)) << whole;
+    }
+}
+
+TEST_F(PagingTest, CountsBeyond16BitsOverflow) {
+    fill(32767);
+    folder.execute("insert into Units values (0, 'one more')");
+    for (long n : {1, -1}) EXPECT_EQ(numberOf([&] { page(n); }), 6);
 }
 
 }  // namespace
