@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "datastore/schema.h"
-#include "make_database/data_files.h"
 #include "support/data_folder.h"
-#include "support/files.h"
 
 namespace torvane {
 namespace {
@@ -53,22 +50,6 @@ TEST(MakeDatabase, HoldsWhatItIsMadeFor) {
         for (const auto& row : answers)
             EXPECT_EQ(folder.cell(row.statement), sample ? row.sample : row.delivered) << row.what;
     }
-}
-
-TEST(MakeDatabase, RefusesBadDataAndLeavesTheOldFile) {
-    const DataFolder folder;
-    const std::string data = folder.path() + "/data", states = data + "/states.tsv";
-    write(folder.database(), "old");
-    std::filesystem::copy(TORVANE_DATA, data, std::filesystem::copy_options::recursive);
-    write(states, "1\tOhio\n2\tO'Hio\n");
-    try {
-        makeDatabase(data, folder.database(), Contents::Sample);
-        ADD_FAILURE() << "accepted";
-    } catch (const DataFault& refused) {
-        EXPECT_EQ(refused.what(), states + ":2: has an apostrophe");
-    }
-    EXPECT_EQ(bytes(folder.database()), "old");
-    EXPECT_EQ(filesIn(folder.path()).size(), 2U) << "nothing is left behind";
 }
 
 }  // namespace
