@@ -12,7 +12,6 @@
 #include "values/failure.h"
 #include "values/letters.h"
 #include "values/numbers.h"
-#include "values/value.h"
 
 namespace torvane {
 namespace {
@@ -68,17 +67,15 @@ TEST(Numbers, StrictReading) {
 }
 
 TEST(Numbers, NarrowingRefusesWhatDoesNotFit) {
-    for (const double value : {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+    for (const double value : {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
+                               3.4028236e38, -922337203685478.0 * 1e24}) {
         EXPECT_EQ(outcome([&] { return narrowToInt16(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToSingle(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToCurrency(value); }), "fails 6");
-        EXPECT_EQ(outcome([&] { return fixedText(value, 2).size(); }), "fails 6");
     }
-    EXPECT_EQ(outcome([] { return narrowToSingle(3.4028236e38); }), "fails 6");
     EXPECT_EQ(narrowToSingle(3.4028235e38), std::numeric_limits<float>::max());
-    EXPECT_EQ(narrowToCurrency(1.00005), 1.0001) << "above the half in binary";
-    EXPECT_EQ(narrowToCurrency(-922337203685477.5), -922337203685477.5);
     EXPECT_EQ(outcome([] { return narrowToCurrency(922337203685478.0); }), "fails 6");
+    EXPECT_EQ(narrowToCurrency(-922337203685477.5), -922337203685477.5);
 }
 
 TEST(Numbers, WrittenAsTheyAreShown) {
@@ -102,24 +99,6 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         EXPECT_EQ(fixedText(value, places), text);
     }
     EXPECT_FALSE(std::signbit(roundHalfEven(-0.001, 2)));
-}
-
-TEST(Values, Conversions) {
-    const std::tuple<Value, const char*, const char*, const char*> rows[] = {
-        {Null{}, "", "fails 94", "fails 94"},
-        {std::string(" 2.5 "), " 2.5 ", "2.5", "2"},
-        {12.5F, "12.5", "12.5", "12"},
-        {std::int64_t{-32769}, "-32769", "-32769", "fails 6"},
-        {Date{2003, 7, 4}, "7/4/2003", "fails 13", "fails 13"},
-    };
-    for (const auto& [value, text, asDouble, asInt16] : rows) {
-        EXPECT_EQ(textOrEmpty(value), text);
-        EXPECT_EQ(outcome([&held = value] { return toDouble(held); }), asDouble) << text;
-        EXPECT_EQ(outcome([&held = value] { return toInt16(held); }), asInt16) << text;
-    }
-    EXPECT_EQ(outcome([] { return toInt32(std::int64_t{1} << 31); }), "fails 6");
-    EXPECT_EQ(toDate(std::string("2003-07-04")), (Date{2003, 7, 4}));
-    EXPECT_THROW(toDate(37806.0), RuntimeFailure) << "a number is no date";
 }
 
 // --- Dates -----------------------------------------------------------------------------------------------------------
