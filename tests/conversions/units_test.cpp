@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <tuple>
 #include <vector>
@@ -10,11 +11,7 @@ namespace torvane {
 namespace {
 
 const Unit& unit(std::string_view category, std::string_view name) {
-    for (const Category& one : categories())
-        if (one.name == category)
-            for (const Unit& found : one.units)
-                if (found.name == name) return found;
-    throw std::logic_error("no unit: " + std::string(name));
+    return *std::ranges::find(std::ranges::find(categories(), category, &Category::name)->units, name, &Unit::name);
 }
 
 // The same amount in all units of a category.

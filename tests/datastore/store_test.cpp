@@ -19,7 +19,6 @@ protected:
         folder.execute(R"sql(
 delete from Units; delete from Rooms; delete from sqlite_sequence;
 insert into Rooms values (1, 'Kitchen'), (2, 'Attic');
-insert into Item (ItemId, Itemname, Material) values (1, 'Stud', 3.1);
 insert into OrderInfo (OrderNo, CustId, OrderDate, Total) values (1, 1, '2003-07-04', 230), (2, 9, '2003-08-01', 1);
 )sql");
     }
@@ -96,7 +95,6 @@ TEST_F(StoreTest, CellsHaveTheirColumnsKindsAndNames) {
 TEST_F(StoreTest, ColumnsRefuseWhatTheirTypeCantHold) {
     const std::string before = bytes(file);
     const std::tuple<const char*, std::vector<const char*>, std::string> refused[] = {
-        {"Customer (CustId", {"'abc'", "32768"}, ""},  // it has a text of the engine's own, too
         {"Customer (BState", {"'abc'", "x'31'", "1.5", "32768", "-32769"}, "whole numbers from -32768 to 32767"},
         {"OrderInfo (CustId", {"2147483648", "-2147483649"}, "whole numbers from -2147483648 to 2147483647"},
         {"Item (Material", {"'abc'", "3.4028235677973366e+38", "-9e999"}, "numbers up to 3.402823E+38"},
@@ -106,10 +104,8 @@ TEST_F(StoreTest, ColumnsRefuseWhatTheirTypeCantHold) {
     };
     for (const auto& [column, values, takes] : refused)
         for (const std::string value : values) {
-            const auto act = [&, &into = column] {
-                connection.execute("insert into " + std::string(into) + ") values (" + value + ")");
-            };
-            EXPECT_TRUE(failureOf(act).text().ends_with(takes)) << column << " " << value;
+            const std::string insert = std::string("insert into ") + column + ") values (" + value + ")";
+            EXPECT_TRUE(failureOf([&] { connection.execute(insert); }).text().ends_with(takes)) << insert;
         }
     EXPECT_TRUE(bytes(file) == before);
     connection.execute(
@@ -211,38 +207,24 @@ struct List : DataClass {
     using DataClass::readPageOrAll;
 };
 
-class PagingTest : public StoreTest {
-protected:
-    void fill(int count) {
-        const std::string upTo = std::to_string(count);
-        folder.execute("delete from Units; with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
-                       upTo + ") insert into Units select i, 'u' || (i % 3) from n");
-    }
-    // A page; -1 is every row.
-    std::string page(long Page, std::string_view AscOrDesc = "A") {
-        return dump(*list.readPageOrAll("Select Id,Name from Units", Page, PageCount, "Name", AscOrDesc));
-    }
-    List list{access};
-    long PageCount = 0;
-};
-
-TEST_F(PagingTest, TiesKeepOneOrderOverAllPages) {
-    fill(40);
-    folder.execute("create index UnitsByName on Units (Name)");  // read backwards, it turns the rows of a tie round
+TEST_F(StoreTest, TiesKeepOneOrderOverAllPages) {
+    folder.execute(
+        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 40) "
+        "insert into Units select i, 'u' || (i % 3) from n;"
+        "create index UnitsByName on Units (Name)");  // read backwards, it turns the rows of a tie round
+    List list(access);
     for (const auto& [direction, first] : {std::pair{"A", "3|u0;6|u0;"}, {"D", "2|u2;5|u2;"}}) {
-        const std::string whole = page(-1, direction);
-        std::string pages;
-        for (long n = 1; n <= 3; ++n) pages += page(n, direction);
-        EXPECT_EQ(pages, whole);
-        EXPECT_TRUE(whole.starts_with(first)) << whole;
-        EXPECT_EQ(PageCount, 3);
+        long pages = 0;
+        const auto page = [&, by = direction](long number) {
+            return dump(*list.readPageOrAll("Select Id,Name from Units", number, pages, "Name", by));
+        };
+        const std::string all = page(-1);
+        EXPECT_TRUE(all.starts_with(first)) << all;
+        std::string joined = page(1);
+        for (long number = 2; number <= pages; ++number) joined += page(number);
+        EXPECT_EQ(joined, all);
+        EXPECT_EQ(list.RecordCount, 40);
     }
-}
-
-TEST_F(PagingTest, CountsBeyond16BitsOverflow) {
-    fill(32767);
-    folder.execute("insert into Units values (0, 'one more')");
-    for (long n : {1, -1}) EXPECT_EQ(numberOf([&] { page(n); }), 6);
 }
 
 }  // namespace

@@ -40,8 +40,6 @@ public:
         sqlite3_vfs_register(&vfs_, 1);
     }
     ~FaultyDisk() override { sqlite3_vfs_unregister(&vfs_); }
-    FaultyDisk(const FaultyDisk&) = delete;
-    FaultyDisk& operator=(const FaultyDisk&) = delete;
 
     // Counts from now on; the first call is 1. Fault::Full counts writes alone.
     void arm(Fault fault, int call) {
@@ -140,26 +138,20 @@ TEST(FileCopyTest, KeepsPermissionsAndLeavesAloneWhatIsProtected) {
             fs::permissions(at(name), fs::perms(permissions));
         }
         fs::permissions(at("shut"), fs::perms(0555));
-        fs::create_symlink("fresh", at("link"));
         FileSystem files;
-        for (const auto& [from, to] : {std::pair{"from", "to"},
-                                       {"from", "link"},
-                                       {"from", "shut"},
-                                       {"from", "shut/to"},
-                                       {"from", "locked"},
-                                       {"secret", "to"}})
-            say(copyFile(files, at(from), at(to)) ? 'y' : 'n');
+        for (const char* to : {"to", "fresh", "shut", "shut/to", "locked"})
+            say(copyFile(files, at("from"), at(to)) ? 'y' : 'n');
+        say(copyFile(files, at("secret"), at("to")) ? 'y' : 'n');
         say(writeFile(files, at("report"), "report") ? 'y' : 'n');
     });
     for (const char done : std::string("yynnnny")) EXPECT_EQ(user.heard(), done);
     for (const auto& [name, content, permissions] : {std::tuple{"to", "from", 0666},
-                                                     {"link", "from", 0640},
+                                                     {"fresh", "from", 0640},
                                                      {"locked", "locked", 0444},
                                                      {"report", "report", 0644}}) {
         EXPECT_EQ(bytes(at(name)), content);
         EXPECT_EQ(fs::status(at(name)).permissions(), fs::perms(permissions)) << name;
     }
-    EXPECT_TRUE(fs::is_symlink(at("link")));
     fs::permissions(at("shut"), fs::perms(0777));
 }
 
@@ -242,8 +234,8 @@ protected:
 
     // Whether all went well. What comes of a failure is done on the failing disk, too.
     bool act() {
-        NotingHost host(folder.path());
         Store store;
+        host.last.clear();
         try {
             GetParam().act({host, store}, disk);
         } catch (const RuntimeFailure&) {
@@ -270,23 +262,18 @@ protected:
         const Child child([&](auto say) { say(actOver(before, fault, call)); });
         return Outcome(child.heard());
     }
-    void startAnew() {
-        NotingHost host(folder.path());
-        Store store;
-        Connection({host, store}).execute("insert into Units (Name) values ('anew')");
-    }
 
     FaultyDisk disk;
     DataFolder calm;  // before the action
     DataFolder hot;   // the same, left by a process that was killed in the middle of a write
     DataFolder folder;
+    NotingHost host{folder.path()};
 };
 
 TEST_P(FaultTest, LeavesTheOldOrTheNew) {
-    constexpr int never = 100000;
     lay(calm);
     const std::string before = state();
-    actOver(calm, Fault::Once, never);
+    actOver(calm, Fault::Once, 100000);  // a call that never comes
     const std::string after = state();
     ASSERT_NE(before, after);
     const Texts files = filesIn(folder.path());
@@ -305,7 +292,8 @@ TEST_P(FaultTest, LeavesTheOldOrTheNew) {
                 SCOPED_TRACE(std::string(name) + " at call " + std::to_string(call) +
                              (there == &hot ? " over a journal" : ""));
                 outcome = fault == Fault::Killed ? actInAChild(*there, fault, call) : actOver(*there, fault, call);
-                startAnew();
+                Store startedAnew;
+                Connection({host, startedAnew}).execute("insert into Units (Name) values ('anew')");
                 const std::string now = state();
                 asBefore += now == before;
                 EXPECT_TRUE(now == after || (now == before && (outcome == Failed || outcome == Killed)));

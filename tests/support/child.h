@@ -27,8 +27,6 @@ public:
         }
         ::close(ends[1]);
     }
-    Child(const Child&) = delete;
-    Child& operator=(const Child&) = delete;
     ~Child() {
         kill();
         ::close(output_);

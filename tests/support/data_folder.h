@@ -12,8 +12,6 @@ class DataFolder {
 public:
     DataFolder();
     ~DataFolder();
-    DataFolder(const DataFolder&) = delete;
-    DataFolder& operator=(const DataFolder&) = delete;
 
     const std::string& path() const { return path_; }
     std::string database() const { return path_ + "/Larkfen.mdb"; }
