@@ -14,8 +14,6 @@
 #include <QTest>
 #include <QWindow>
 #include <map>
-#include <memory>
-#include <string>
 #include <tuple>
 #include <vector>
 

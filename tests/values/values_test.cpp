@@ -91,8 +91,9 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         EXPECT_EQ(generalText(static_cast<float>(value)), textOfFloat);
     }
     const std::tuple<double, int, double, const char*> fixed[] = {
-        {2.675, 2, 2.67, "2.68"}, {2.665, 2, 2.67, "2.66"},       {-0.001, 2, 0, "0.00"},
-        {5e-324, 2, 0, "0.00"},   {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
+        {2.675, 2, 2.67, "2.68"},       {-2.5, 0, -2, "-2"},
+        {-0.001, 2, 0, "0.00"},         {5e-324, 2, 0, "0.00"},
+        {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
     };
     for (const auto& [value, places, rounded, text] : fixed) {
         EXPECT_EQ(roundHalfEven(value, places), rounded) << value;
@@ -143,9 +144,8 @@ TEST(Dates, Reading) {
 
 TEST(Dates, ShortText) {
     for (const auto& [pattern, text] : {std::pair{"MM/dd/yy", "07/04/03"},
-                                        {"d MMM yyyy", "4 Jul 2003"},
                                         {"d'.' MMMM, yy 'year", "4. July, 03 year"},
-                                        {"yyyy ''dd", "2003 '04"}}) {
+                                        {"yyyy ''dd MMM", "2003 '04 Jul"}}) {
         ShortDate style;
         style.pattern = pattern;
         EXPECT_EQ(shortDateText({2003, 7, 4}, style), text);
