@@ -1,5 +1,5 @@
-// What statements do to the database, on one of its own. What the engine itself reads and writes goes past the store, by
-// `folder`.
+// What statements do to the database, on one of its own. What the engine itself reads and writes goes past the store,
+// by `folder`.
 
 #include <sqlite3.h>
 
@@ -79,7 +79,8 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
 }
 
 TEST_F(StoreTest, CellsHaveTheirColumnsKindsAndNames) {
-    // As a file made elsewhere may have them: a float32 has 7 digits, a computed number 15, a date that is none is text.
+    // As a file made elsewhere may have them. A float32 has 7 digits, a computed number 15, a date that is none is a
+    // text.
     folder.execute(
         "pragma ignore_check_constraints = on; insert into OrderItem (OrderNo, ItemId) values (1, 1);"
         "update OrderInfo set OrderDate = 'soon', Total = 12345678.5 where OrderNo = 2");
