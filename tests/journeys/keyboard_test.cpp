@@ -172,7 +172,7 @@ TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
     go(order, "cmdEditCanc; cmdImport");
     find<QWidget>(order, "rtfNotes").setFocus();
     expectTabsThrough(order, "rtfNotes");
-    click(order, "cmdItemList");
+    go(order, "Command2; cmdItemList");
     expectTabsThrough(*standing("frmList"), "TreeCategory");
 }
 
