@@ -123,7 +123,9 @@ TEST_F(ReportsTest, AFileIsWrittenWhollyOrTheOlderStays) {
         if (exports) exportTo(file, {no(overwrite.text, title)});
         for (const auto room : {std::size_t{100}, size - 1}) {
             const FullDisk disk(room);
-            const auto lost = ok("The report could not be written to " + file + ". Nothing was changed there.", title);
+            const auto lost =
+                ok("The report could not be written to " + file + ". Nothing was changed there. Choose another folder.",
+                   title);
             exports ? exportTo(file, {overwrite, lost}) : print(report, file, {lost});
         }
         EXPECT_EQ(bytes(file), "older");
