@@ -190,6 +190,7 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 top");
     EXPECT_EQ(press(Qt::Key_Down, 0), "Page 1 of 2");
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 top");
+    EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 end");
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
     const int before = find<QWidget>(report, "page").width();
     go(report, "cmbZoom=200 %");
