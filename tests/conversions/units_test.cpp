@@ -19,7 +19,7 @@ const Unit& unit(std::string_view category, std::string_view name) {
 TEST(Conversions, EqualAmounts) {
     const std::pair<const char*, const char*> rows[] = {
         {"Length",
-         "Miles=1;Feet and inches=5280' 0\";Inches=63360;Feet=5280;Yards=1760;Rods=320;Chains=80;Miles=1;"
+         "Miles=1;Feet and inches=5280' 0\";Mils=63360000;Inches=63360;Feet=5280;Yards=1760;Rods=320;Chains=80;Miles=1;"
          "Millimeters=1609344;Centimeters=160934.4;Meters=1609.344;Kilometers=1.609344"},
         {"Area",
          "Square miles=1;Square inches=4014489600;Square feet=27878400;Square yards=3097600;"
@@ -38,6 +38,13 @@ TEST(Conversions, EqualAmounts) {
          "Kips per sq inch=1;Pounds per sq inch=1000;Pounds per sq foot=144000;Inches of water=27679.9047102031;"
          "Feet of water=2306.65872585026;Atmospheres=68.0459639098777;Bars=68.9475729316836;"
          "Pascals=6894757.29316836;Kilopascals=6894.75729316836;Megapascals=6.89475729316836"},
+        {"Power",
+         "Tons of cooling=1;BTU per hour=12000;Thousand BTU per hour=12;Horsepower=4.71617734706645;"
+         "Watts=3516.85284206667;Kilowatts=3.51685284206667"},
+        {"Flow",
+         "Cubic feet per second=1;Cubic feet per minute=60;Gallons per minute=448.831168831169;"
+         "Gallons per hour=26929.8701298701;Liters per second=28.316846592;Liters per minute=1699.01079552;"
+         "Cubic meters per hour=101.9406477312"},
         {"Angle",
          "Turns=0.25;Degrees=90;Minutes of arc=5400;Seconds of arc=324000;Radians=1.5707963267949;Gradians=100"},
         {"Slope", "Degrees=45;Rise in 12=12;Percent=100;Ratio, rise to run=1:1"},
@@ -76,8 +83,25 @@ TEST(Conversions, TextsOfUsers) {
     } rows[] = {
         {"Length", "Inches", " - 6-1/2 IN", "Inches", "-6.5"},
         {"Length", "Feet", "+ 12 3/4", "Feet", "12.75"},
-        {"Length", "Inches", "12 ft", "Feet", ""},
-        {"Length", "Feet", "1,250", "Inches", ""},
+        {"Length", "Inches", "12 ft", "Feet", "12"},
+        {"Length", "Feet", "6 1/2\"", "Inches", "6.5"},
+        {"Length", "Meters", "12 ft. 6 in.", "Inches", "150"},
+        {"Length", "Inches", "12’ 5½”", "Inches", "149.5"},
+        {"Length", "Feet", "12 6 1/2", "Inches", ""},
+        {"Length", "Feet", "1,250.5 feet", "Feet", "1250.5"},
+        {"Length", "Feet", "1,234,567", "Feet", "1234567"},
+        {"Length", "Feet", "7,5", "Feet", ""},
+        {"Length", "Feet", "0,250", "Feet", ""},
+        {"Length", "Feet", "12 apples", "Feet", ""},
+        {"Length", "Feet", "1 meter", "Meters", "1"},
+        {"Area", "Square feet", "2 sq. yds.", "Square feet", "18"},
+        {"Temperature", "Celsius", "212°F", "Celsius", "100"},
+        {"Slope", "Rise in 12", "6/12", "Percent", "50"},
+        {"Slope", "Percent", "6 in 12", "Percent", "50"},
+        {"Board feet", "Board feet", "12 ft", "Board feet", ""},
+        {"Board feet", "Inches x inches x feet", "2\" x 6\" x 14'", "Board feet", "14"},
+        {"Board feet", "Inches x inches x feet", "2 by 6 by 14' 6\"", "Board feet", "14.5"},
+        {"Board feet", "Inches x inches x feet", "2x6x14 6", "Board feet", ""},
         {"Length", "Feet", "1/0", "Inches", ""},
         {"Length", "Feet", "--1", "Inches", ""},
         {"Length", "Feet", "", "Inches", ""},

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
@@ -25,7 +26,7 @@ TEST(Conversions, TheOtherSideFollows) {
     const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
         {"txtLeft", "10'", "10'", "3.048"},
         {"lstRight", "Yards", "10'", "3.33333333333333"},
-        {"lstLeft", "Feet", "10'", ""},
+        {"lstLeft", "Feet", "10'", "3.33333333333333"},
         {"txtRight", "4", "12", "4"},
         {"lstLeft", "Inches", "144", "4"},
         {"lstLeft", "Feet and inches", "12' 0\"", "4"},
@@ -80,6 +81,7 @@ TEST(Conversions, KeysCopyAndClose) {
     EXPECT_EQ(copied(left), "12' 6 1/2\"");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
     QTest::keyClicks(&left, "x");
+    EXPECT_EQ(utf8(find<QLabel>(window, "lblLeft").text()), "Not understood");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
     QTest::keyClick(&left, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
