@@ -1,6 +1,7 @@
 #include "screens/dialogs.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QPointer>
 #include <QScreen>
 
@@ -16,6 +17,11 @@ void prepareBox(QMessageBox& box, const QString& text, const QString& title, But
     box.setIcon(QMessageBox::NoIcon);
     box.setWindowTitle(title);
     box.setText(text);
+    // So wide that the frame shows the title beside its buttons.
+    constexpr int frameButtons = 110;
+    const int wide = box.fontMetrics().horizontalAdvance(title) + frameButtons;
+    auto* grid = static_cast<QGridLayout*>(box.layout());
+    grid->addItem(new QSpacerItem(wide, 0), grid->rowCount(), 0, 1, grid->columnCount());
     if (buttons == Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
     } else {

@@ -2,17 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <tuple>
+#include <vector>
 
 namespace torvane {
 namespace {
 
 const Unit& unit(std::string_view category, std::string_view name) {
-    for (const Category& one : categories())
-        if (one.name == category)
-            for (const Unit& found : one.units)
-                if (found.name == name) return found;
-    throw std::logic_error("no unit: " + std::string(name));
+    return *std::ranges::find(std::ranges::find(categories(), category, &Category::name)->units, name, &Unit::name);
 }
 
 // The same amount in all units of a category.
@@ -58,82 +57,56 @@ TEST(Conversions, EqualAmounts) {
     };
     for (const auto& [category, amounts] : rows) {
         std::istringstream stream(amounts);
-        const Unit* from = nullptr;
-        std::string given;
-        for (std::string name, text; std::getline(stream, name, '=') && std::getline(stream, text, ';');) {
-            const Unit& to = unit(category, name);
-            if (!from) {
-                from = &to;
-                given = text;
-            }
-            EXPECT_EQ(converted(given, *from, to), text) << given << " " << from->name << " in " << name;
-        }
+        std::string name, given;
+        std::getline(std::getline(stream, name, '='), given, ';');
+        const Unit& from = unit(category, name);
+        for (std::string text; std::getline(std::getline(stream, name, '='), text, ';');)
+            EXPECT_EQ(converted(given, from, unit(category, name)), text)
+                << given << " " << from.name << " in " << name;
     }
 }
 
-// A text as a user may write it, and what it is in another unit; "" where it can't be understood.
+// Texts as users write them, and what they all are in another unit; "" where they can't be understood or written.
 TEST(Conversions, TextsOfUsers) {
-    const struct {
-        const char* category;
-        const char* from;
-        const char* text;
-        const char* to;
-        const char* result;
-        ResultForm form = {};
-    } rows[] = {
-        {"Length", "Inches", " - 6-1/2 IN", "Inches", "-6.5"},
-        {"Length", "Feet", "+ 12 3/4", "Feet", "12.75"},
-        {"Length", "Inches", "12 ft", "Feet", "12"},
-        {"Length", "Feet", "6 1/2\"", "Inches", "6.5"},
-        {"Length", "Meters", "12 ft. 6 in.", "Inches", "150"},
-        {"Length", "Inches", "12’ 5½”", "Inches", "149.5"},
-        {"Length", "Feet", "12 6 1/2", "Inches", ""},
-        {"Length", "Feet", "1,250.5 feet", "Feet", "1250.5"},
-        {"Length", "Feet", "1,234,567", "Feet", "1234567"},
-        {"Length", "Feet", "7,5", "Feet", ""},
-        {"Length", "Feet", "0,250", "Feet", ""},
-        {"Length", "Feet", "12 apples", "Feet", ""},
-        {"Length", "Feet", "1 meter", "Meters", "1"},
-        {"Area", "Square feet", "2 sq. yds.", "Square feet", "18"},
-        {"Temperature", "Celsius", "212°F", "Celsius", "100"},
-        {"Slope", "Rise in 12", "6/12", "Percent", "50"},
-        {"Slope", "Percent", "6 in 12", "Percent", "50"},
-        {"Board feet", "Board feet", "12 ft", "Board feet", ""},
-        {"Board feet", "Inches x inches x feet", "2\" x 6\" x 14'", "Board feet", "14"},
-        {"Board feet", "Inches x inches x feet", "2 by 6 by 14' 6\"", "Board feet", "14.5"},
-        {"Board feet", "Inches x inches x feet", "2x6x14 6", "Board feet", ""},
-        {"Length", "Feet", "1/0", "Inches", ""},
-        {"Length", "Feet", "--1", "Inches", ""},
-        {"Length", "Feet", "", "Inches", ""},
-        {"Length", "Feet", "nan", "Inches", ""},
-        {"Length", "Kilometers", "1e308", "Inches", ""},
-        {"Area", "Square feet", "9 SqFt", "Square yards", "1"},
-        {"Length", "Feet and inches", "12'-6-1/2", "Inches", "150.5"},
-        {"Length", "Feet and inches", "12 ft 6.5 IN", "Inches", "150.5"},
-        {"Length", "Feet and inches", "12 6 1/2", "Inches", "150.5"},
-        {"Length", "Feet and inches", "12.5", "Inches", "150"},
-        {"Length", "Feet and inches", "-7/8''", "Inches", "-0.875"},
-        {"Length", "Feet and inches", "6\" 3", "Inches", ""},
-        {"Length", "Feet and inches", "12' x", "Inches", ""},
-        {"Length", "Inches", "-0.01", "Feet and inches", "0\""},
-        {"Length", "Inches", "-6.5", "Feet and inches", "-6 1/2\""},
-        {"Length", "Inches", "11.99", "Feet and inches", "1' 0\""},
-        {"Length", "Inches", "12.0625", "Feet and inches", "1' 1/16\""},
-        {"Length", "Inches", "10.3", "Feet and inches", "10 19/64\"", {.denominator = 64}},
-        {"Length", "Inches", "1e16", "Feet and inches", ""},
-        {"Slope", "Ratio, rise to run", "6 / 12", "Percent", "50"},
-        {"Slope", "Ratio, rise to run", "-8", "Percent", "-12.5"},
-        {"Slope", "Ratio, rise to run", "1:0", "Percent", ""},
-        {"Slope", "Degrees", "30", "Rise in 12", "6.92820323027551"},
-        {"Slope", "Degrees", "90", "Percent", ""},
-        {"Board feet", "Inches x inches x feet", "5/4*6X8", "Board feet", "5"},
-        {"Board feet", "Inches x inches x feet", "2 x 6", "Board feet", ""},
-        {"Board feet", "Board feet", "20", "Inches x inches x feet", "2 x 6 x 20", {.replaced = "2 x 6 x 14"}},
-        {"Board feet", "Board feet", "-20", "Inches x inches x feet", ""},
+    const std::tuple<const char*, const char*, const char*, std::vector<const char*>, const char*> rows[] = {
+        {"Length", "Inches", "Inches", {" - 6-1/2 IN", "-6.5", "- 5 3/2 in"}, "-6.5"},
+        {"Length", "Feet", "Feet", {"+ 12 3/4", "51/4ft"}, "12.75"},
+        {"Length", "Feet", "Feet", {"1,234,567", "1,234,567.0 feet"}, "1234567"},
+        {"Length", "Meters", "Inches", {"12 ft. 6 in.", "12’ 6”", "150\"", "12½ ft", "12.5 foot"}, "150"},
+        {"Area", "Square feet", "Square feet", {"2 sq. yds.", "18", "18 sf", "2 Square yard"}, "18"},
+        {"Temperature", "Celsius", "Celsius", {"212°F", "100"}, "100"},
+        {"Length", "Feet", "Inches", {"7,5", "0,250", "12 6 1/2", "12 apples", "1/0", "--1", "", "nan"}, ""},
+        {"Length",
+         "Feet and inches",
+         "Inches",
+         {"12'-6-1/2", "12 ft 6.5 IN", "12 6 1/2", "150.5''", "12' 6 1/2"},
+         "150.5"},
+        {"Length", "Feet and inches", "Inches", {"12.5", "12 1/2 foot"}, "150"},
+        {"Length", "Feet and inches", "Inches", {"-7/8''", "-7/8 inch"}, "-0.875"},
+        {"Length", "Feet and inches", "Inches", {"6\" 3", "12' x"}, ""},
+        {"Length", "Inches", "Feet and inches", {"-0.01"}, "0\""},
+        {"Length", "Inches", "Feet and inches", {"-6.5"}, "-6 1/2\""},
+        {"Length", "Inches", "Feet and inches", {"11.99", "12"}, "1' 0\""},
+        {"Length", "Inches", "Feet and inches", {"12.0625"}, "1' 1/16\""},
+        {"Length", "Kilometers", "Feet and inches", {"1e308", "1e12"}, ""},
+        {"Slope", "Ratio, rise to run", "Percent", {"6 / 12", "1:2", "2"}, "50"},
+        {"Slope", "Ratio, rise to run", "Percent", {"-8", "-1:8"}, "-12.5"},
+        {"Slope", "Ratio, rise to run", "Percent", {"1:0", "1:", "x"}, ""},
+        {"Slope", "Rise in 12", "Percent", {"6/12", "6 in 12", "1:2", "6", "50%"}, "50"},
+        {"Slope", "Degrees", "Rise in 12", {"30"}, "6.92820323027551"},
+        {"Slope", "Degrees", "Percent", {"90", "-90"}, ""},
+        {"Board feet", "Inches x inches x feet", "Board feet", {"5/4*6X8", "1 1/4 x 6 x 8"}, "5"},
+        {"Board feet", "Inches x inches x feet", "Board feet", {"2 x 6", "2 x 6 x 8 x", "2x6x14 6", "12 ft"}, ""},
+        {"Board feet",
+         "Inches x inches x feet",
+         "Board feet",
+         {"2\" x 6\" x 14' 6\"", "2 by 6 by 14.5 ft", "2x6x174\"", "14.5 bf"},
+         "14.5"},
+        {"Board feet", "Board feet", "Inches x inches x feet", {"-20"}, ""},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(converted(row.text, unit(row.category, row.from), unit(row.category, row.to), row.form), row.result)
-            << row.from << ": " << row.text;
+    for (const auto& [category, from, to, texts, result] : rows)
+        for (const char* text : texts)
+            EXPECT_EQ(converted(text, unit(category, from), unit(category, to)), result) << from << ": " << text;
 }
 
 }  // namespace

@@ -79,7 +79,7 @@ protected:
             EXPECT_FALSE(picture(button->picture()).isNull()) << utf8(button->objectName());
     }
 
-    // Escape presses nothing in a text box, and Enter just this button; "next" is buttonAfter().
+    // Enter in a text box presses just this button; "next" is buttonAfter().
     static void expectPressed(QWidget& window, const std::string& pressed) {
         std::string log;
         QObject scope;
@@ -89,8 +89,6 @@ protected:
         for (auto* box : window.findChildren<TextBox*>()) {
             if (!takesFocus(*box) || box->isReadOnly()) continue;
             SCOPED_TRACE(utf8(box->objectName()));
-            key(*box, Qt::Key_Escape);
-            EXPECT_EQ(log, "") << "Escape";
             key(*box, Qt::Key_Return);
             EXPECT_EQ(std::exchange(log, ""), pressed == "next" ? buttonAfter(*box) : pressed) << "Enter";
         }
@@ -117,7 +115,10 @@ TEST_F(KeyboardTest, EveryWindow) {
         const char* focus;
         bool inForm = false;  // all that is in the form that a double click opens
         const char* enter = "";
+        std::optional<TestHost::Box> question = {};  // of Escape
     };
+    const auto discard =
+        yes("Are you sure you want to cancel this screen and discard any changes done?", "Confirm Cancel");
     data.useHelpBook();
     start();
     expectTabsThrough(screens->mainMenu.window(), "cmd_Files");
@@ -134,7 +135,8 @@ TEST_F(KeyboardTest, EveryWindow) {
           Row{"mnuUnits", "names.html", "txtName"}, Row{"mnuEditEstimate", "search-estimate.html", "txtName"},
           Row{"mnuDelEstimate", "delete-estimate.html", "TxtGetOrderNo", false, "cmdOk"},
           Row{"mnuBlank", "notes-area.html", "rtfNotes"}, Row{"mnusalesrpt", "report-prompt.html", "FDate"},
-          Row{"mnucustrpt", "customers-report.html", "scroll"}, Row{"mnuNewEstimate", "estimate.html", "TxtCustomer"},
+          Row{"mnucustrpt", "customers-report.html", "scroll"},
+          Row{"mnuNewEstimate", "estimate.html", "TxtCustomer", false, "", discard},
           Row{"mnuHelpAbout", "about.html", "cmdClose"}, Row{"mnucalc1_7", "scientific.html", "Command2_4"}}) {
         SCOPED_TRACE(row.entry);
         const auto visit = [&](QWidget& window) {
@@ -142,7 +144,13 @@ TEST_F(KeyboardTest, EveryWindow) {
             if (*row.enter) host.expectOk("Please Enter Estimate No.", "Search Estimate");
             expectPressed(window, row.enter);
             expectHelp(window, row.page);
-            closeBox(window);
+            if (row.question) host.expect(*row.question);
+            const QPointer<QWidget> stands = &window;
+            window.activateWindow();
+            key(window, Qt::Key_Escape);
+            const bool machine = row.page == std::string_view("scientific.html");  // it has an Escape of its own
+            EXPECT_EQ(stands && stands->isVisible(), machine);
+            if (machine) closeBox(window);
         };
         choose(row.entry);
         QWidget& window = *QApplication::activeWindow();
@@ -164,7 +172,7 @@ TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
     go(order, "cmdEditCanc; cmdImport");
     find<QWidget>(order, "rtfNotes").setFocus();
     expectTabsThrough(order, "rtfNotes");
-    click(order, "cmdItemList");
+    go(order, "Command2; cmdItemList");
     expectTabsThrough(*standing("frmList"), "TreeCategory");
 }
 

@@ -1,14 +1,17 @@
 // What the database and a backup hold after each call of the disk has failed, or has been the process's last.
 
+#include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
+#include <map>
 
 #include "estimates/cls_order.h"
-#include "masters/cls_item.h"
+#include "files/file_copy.h"
 #include "shell/backup.h"
 #include "support/child.h"
-#include "support/faulty_disk.h"
 #include "support/files.h"
 #include "support/record_test.h"
 
@@ -18,83 +21,151 @@ namespace {
 namespace fs = std::filesystem;
 using Texts = std::vector<std::string>;
 
-void lay(const std::string& from, const std::string& to) {
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing);
-}
+// What happens at a call of the disk: that call fails; it and all that follow fail; writes fail from there on; the
+// process is killed. A write that fails, or in which the process dies, has written half.
+enum class Fault { Once, Gone, Full, Killed };
 
-// Takes away what a lost disk or a killed process has kept of a fresh file.
-void sweep(const std::string& folder) {
-    for (const std::string& name : filesIn(folder))
-        if (name.starts_with("Torvane-")) fs::remove(folder + "/" + name);
-}
+// A disk that fails at its n-th call, be it SQLite's or one of the program's own copies. SQLite opens its files here as
+// long as the object lives, one at a time; the engine's other disks are reached by their names. Nothing is flushed: no
+// power fails.
+class FaultyDisk : public FileSystem {
+public:
+    FaultyDisk() : vfs_(*real_) {
+        disk = this;
+        vfs_.zName = "faulty";
+        vfs_.xOpen = openFile;
+        vfs_.xDelete = [](sqlite3_vfs*, const char* name, int) {
+            return disk->fails() ? SQLITE_IOERR_DELETE : disk->real_->xDelete(disk->real_, name, 0);
+        };
+        sqlite3_vfs_register(&vfs_, 1);
+    }
+    ~FaultyDisk() override { sqlite3_vfs_unregister(&vfs_); }
 
-constexpr Fault faults[] = {Fault::Once, Fault::Gone, Fault::Full, Fault::Killed};
-const char* const faultNames[] = {"once", "for good", "full", "killed"};
+    // Counts from now on; the first call is 1. Fault::Full counts writes alone.
+    void arm(Fault fault, int call) {
+        fault_ = fault;
+        left_ = call;
+        armed_ = true;
+    }
+    // All is well from here on.
+    void disarm() { armed_ = false; }
+    // Whether the call has come.
+    bool struck() const { return left_ <= 0; }
 
-// --- Copies ----------------------------------------------------------------------------------------------------------
+    int openToRead(const std::string& name) override { return fails() ? -1 : FileSystem::openToRead(name); }
+    int openFresh(const std::string& beside, std::string& fresh) override {
+        return fails() ? -1 : FileSystem::openFresh(beside, fresh);
+    }
+    long read(int file, char* bytes, std::size_t count) override {
+        return fails() ? -1 : FileSystem::read(file, bytes, count);
+    }
+    bool write(int file, const char* bytes, std::size_t count) override {
+        const bool failing = fails([&] { FileSystem::write(file, bytes, count / 2); }, true);
+        return !failing && FileSystem::write(file, bytes, count);
+    }
+    bool sync(int) override { return !fails(); }
+    bool rename(const std::string& from, const std::string& to) override {
+        return !fails() && FileSystem::rename(from, to);
+    }
+    bool syncFolder(const std::string&) override { return !fails(); }
+    bool remove(const std::string& name) override { return !fails() && FileSystem::remove(name); }
 
-TEST(FileCopyTest, KeepsPermissionsAndFollowsLinks) {
-    const DataFolder data;
-    const auto at = [&](const char* name) { return data.path() + "/" + name; };
-    FileSystem files;
-    write(at("from"), "new");
-    write(at("to"), "old");
-    fs::permissions(at("from"), fs::perms(0600));
-    fs::permissions(at("to"), fs::perms(0640));
-    fs::create_symlink("to", at("link"));
-    fs::create_symlink("fresh", at("dangling"));
-    fs::create_symlink("round", at("round"));
-    fs::create_symlink("/dev/null", at("device"));
-    EXPECT_TRUE(copyFile(files, at("from"), at("link")));
-    EXPECT_TRUE(copyFile(files, at("from"), at("dangling")));
-    for (const char* refused : {"round", "device", "."}) EXPECT_FALSE(copyFile(files, at("from"), at(refused)));
-    EXPECT_FALSE(copyFile(files, data.path(), at("to")));
-    EXPECT_EQ(bytes(at("to")) + bytes(at("fresh")), "newnew");
-    EXPECT_EQ(fs::status(at("to")).permissions(), fs::perms(0640));
-    EXPECT_EQ(fs::status(at("fresh")).permissions(), fs::perms(0600));
-    for (const char* link : {"link", "dangling", "device"}) EXPECT_TRUE(fs::is_symlink(at(link))) << link;
-}
+private:
+    // Whether this call fails; `half` is what a failing call does all the same.
+    template <class Half>
+    bool fails(Half half, bool writes) {
+        if (!armed_ || (fault_ == Fault::Full && !writes)) return false;
+        --left_;
+        if (left_ > 0 || (left_ < 0 && fault_ == Fault::Once)) return false;
+        half();
+        if (fault_ == Fault::Killed) ::kill(getpid(), SIGKILL);
+        return true;
+    }
+    bool fails() {
+        return fails([] {}, false);
+    }
 
-TEST(FileCopyTest, LeavesAloneWhatIsProtected) {
+    static int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
+        file->pMethods = nullptr;
+        if (disk->fails()) return SQLITE_CANTOPEN;
+        const int result = disk->real_->xOpen(disk->real_, name, file, flags, outFlags);
+        if (result != SQLITE_OK) return result;
+        sqlite3_io_methods& faulty = faultyOf[file->pMethods];
+        real = faulty = *file->pMethods;
+        faulty.iVersion = 1;
+        faulty.xRead = [](sqlite3_file* from, void* into, int count, sqlite3_int64 at) {
+            return disk->fails() ? SQLITE_IOERR_READ : real.xRead(from, into, count, at);
+        };
+        faulty.xWrite = [](sqlite3_file* to, const void* bytes, int count, sqlite3_int64 at) {
+            const bool failing = disk->fails([&] { real.xWrite(to, bytes, count / 2, at); }, true);
+            if (!failing) return real.xWrite(to, bytes, count, at);
+            return disk->fault_ == Fault::Full ? SQLITE_FULL : SQLITE_IOERR_WRITE;
+        };
+        faulty.xTruncate = [](sqlite3_file* of, sqlite3_int64 size) {
+            return disk->fails() ? SQLITE_IOERR_TRUNCATE : real.xTruncate(of, size);
+        };
+        faulty.xSync = [](sqlite3_file*, int) { return disk->fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK; };
+        file->pMethods = &faulty;
+        return result;
+    }
+
+    static inline FaultyDisk* disk = nullptr;  // the one that stands
+    static inline sqlite3_io_methods real;     // SQLite's own calls on an open file
+    // Each kind of files, which lock in different ways, with ours in their place.
+    static inline std::map<const sqlite3_io_methods*, sqlite3_io_methods> faultyOf;
+
+    sqlite3_vfs* real_ = sqlite3_vfs_find(nullptr);
+    sqlite3_vfs vfs_;
+    Fault fault_ = Fault::Once;
+    int left_ = 1;
+    bool armed_ = false;
+};
+
+TEST(FileCopyTest, KeepsPermissionsAndLeavesAloneWhatIsProtected) {
     const DataFolder data;
     const auto at = [&](const std::string& name) { return data.path() + "/" + name; };
     fs::permissions(data.path(), fs::perms(0777));
-    for (const char* folder : {"open", "shut"}) {
-        fs::create_directory(at(folder));
-        for (const char* name : {"/from", "/to", "/locked", "/secret"}) write(at(folder) + name, name);
-        for (const char* name : {"", "/to"}) fs::permissions(at(folder) + name, fs::perms(0777));
-        fs::permissions(at(folder) + "/locked", fs::perms(0444));
-        fs::permissions(at(folder) + "/secret", fs::perms(0000));
-    }
-    fs::permissions(at("shut"), fs::perms(0555));
+    write(at("to"), "another user's");
+    fs::permissions(at("to"), fs::perms(0666));
     const Child user([&](auto say) {
         constexpr uid_t nobody = 65534;  // whom permissions bind
         if (geteuid() == 0 && setuid(nobody) != 0) return;
-        FileSystem files;
-        for (const char* folder : {"open", "shut"}) {
-            say(copyFile(files, at(folder) + "/from", at(folder) + "/to") ? 'y' : 'n');
-            say(copyFile(files, at(folder) + "/from", at(folder) + "/locked") ? 'y' : 'n');
-            say(copyFile(files, at(folder) + "/secret", at(folder) + "/to") ? 'y' : 'n');
+        umask(022);
+        fs::create_directory(at("shut"));
+        for (const auto& [name, permissions] :
+             {std::pair{"from", 0640}, {"secret", 0000}, {"locked", 0444}, {"shut/to", 0666}}) {
+            write(at(name), name);
+            fs::permissions(at(name), fs::perms(permissions));
         }
+        fs::permissions(at("shut"), fs::perms(0555));
+        FileSystem files;
+        for (const char* to : {"to", "fresh", "shut", "shut/to", "locked"})
+            say(copyFile(files, at("from"), at(to)) ? 'y' : 'n');
+        say(copyFile(files, at("secret"), at("to")) ? 'y' : 'n');
+        say(writeFile(files, at("report"), "report") ? 'y' : 'n');
     });
-    for (const char expected : std::string("ynnnnn")) EXPECT_EQ(user.heard(), expected);
-    EXPECT_EQ(bytes(at("open/locked")) + bytes(at("shut/to")), "/locked/to");
+    for (const char done : std::string("yynnnny")) EXPECT_EQ(user.heard(), done);
+    for (const auto& [name, content, permissions] : {std::tuple{"to", "from", 0666},
+                                                     {"fresh", "from", 0640},
+                                                     {"locked", "locked", 0444},
+                                                     {"report", "report", 0644}}) {
+        EXPECT_EQ(bytes(at(name)), content);
+        EXPECT_EQ(fs::status(at(name)).permissions(), fs::perms(permissions)) << name;
+    }
     fs::permissions(at("shut"), fs::perms(0777));
 }
-
-// --- The actions of the program --------------------------------------------------------------------------------------
 
 // Answers every box, and notes its title.
 class NotingHost : public TestHost {
 public:
     using TestHost::TestHost;
     Answer box(std::string_view, std::string_view title, Buttons buttons) override {
-        said.emplace_back(title);
+        last = title;
         return buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
     }
     std::optional<std::string> askSaveName(std::string_view, std::string_view) override { return folder + "/mine.bak"; }
     std::optional<std::string> askOpenName(std::string_view) override { return folder + "/other.bak"; }
-    Texts said;
+    std::string last;
 };
 
 struct Mode : EstimateScreen {
@@ -103,17 +174,21 @@ struct Mode : EstimateScreen {
     void showEstimate() override {}
 };
 
-void saveEstimate(const DataAccess& access, const char* mode, std::int32_t number) {
+void changeEstimate(const DataAccess& access, const char* mode, std::int32_t number) {
     Mode screen;
     screen.mode = mode;
     ClsOrder order(access, screen);
     order.OrderNo = number;
+    order.AddEditDel = mode;
     order.CustId = 3;
     order.OrderDate = {2024, 3, 15};
     order.Notes = "after";
     for (std::int64_t item = 1; item <= 20; ++item)
         order.ColnOrderItems().Add(item, 2.0, 1.25, std::int64_t{1}, std::int64_t{2}, 0.5, 1.5, 2.5);
-    order.Save();
+    if (*mode == 'D')
+        order.Delete();
+    else
+        order.Save();
 }
 
 struct Action {
@@ -121,23 +196,20 @@ struct Action {
     void (*act)(const DataAccess& access, FileSystem& files);
     bool copies = false;  // a backup or a restore: no failure, and "Success" is the last box when all went well
 };
-void PrintTo(const Action& action, std::ostream* out) {
-    *out << action.name;
-}
 
 class FaultTest : public ::testing::TestWithParam<Action> {
 protected:
-    // The database, and it again as a process has left it that was killed in the middle of a write.
     FaultTest() {
-        kept.useEmpty();
-        lay(kept.database(), kept.path() + "/older");
-        kept.execute("insert into Rooms (Name) values ('Restored')");
-        lay(kept.database(), at("other.bak"));
-        kept.useSample();
-        lay(kept.database(), kept.path() + "/clean");
-        Child writer([this](auto say) {
+        for (const DataFolder* one : {&calm, &hot}) {
+            one->useEmpty();
+            fs::copy_file(one->database(), one->path() + "/mine.bak");
+            one->execute("insert into Rooms (Name) values ('Restored')");
+            fs::rename(one->database(), one->path() + "/other.bak");
+            one->useSample();
+        }
+        const Child writer([this](auto say) {
             sqlite3* handle = nullptr;
-            sqlite3_open(kept.database().c_str(), &handle);
+            sqlite3_open(hot.database().c_str(), &handle);
             sqlite3_exec(handle,
                          "pragma cache_size = 1; begin; update Category set CatName = 'half'; update Customer set "
                          "CustName = 'half'; update OrderInfo set Notes = hex(zeroblob(3000))",
@@ -145,108 +217,94 @@ protected:
             say('w');
         });
         EXPECT_EQ(writer.heard(), 'w');
-        writer.kill();
-        EXPECT_FALSE(bytes(kept.database()) == bytes(kept.path() + "/clean"));
-        EXPECT_GT(fs::file_size(kept.database() + "-journal"), 4096U);
+        EXPECT_FALSE(bytes(hot.database()) == bytes(calm.database()));
     }
 
-    std::string at(const char* name) const { return folder.path() + "/" + name; }
-    void putBack(bool hot) const {
-        lay(kept.path() + "/older", at("mine.bak"));
-        lay(hot ? kept.database() : kept.path() + "/clean", folder.database());
-        fs::remove(folder.database() + "-journal");
-        if (hot) lay(kept.database() + "-journal", folder.database() + "-journal");
-    }
-    Texts filesThere() const { return filesIn(folder.path()); }
-
-    // All that the database and the backup hold, by the engine itself.
-    std::string contentOf(const std::string& file) const {
-        EXPECT_EQ(folder.rows("pragma integrity_check", file), Texts{"ok"}) << file;
+    // What the database and the backup hold, by the engine itself.
+    std::string state() const {
         std::string all;
-        for (const std::string table :
-             {"OrderInfo", "OrderItem", "Item", "Category", "Customer", "Rooms", "BlankNotes"})
-            for (const std::string& row : folder.rows("select rowid, * from " + table, file)) all += row + "\n";
+        for (const std::string& file : {folder.database(), folder.path() + "/mine.bak"}) {
+            EXPECT_EQ(folder.rows("pragma integrity_check", file), Texts{"ok"}) << file;
+            for (const std::string table :
+                 {"OrderInfo", "OrderItem", "Item", "Category", "Customer", "Rooms", "BlankNotes"})
+                for (const std::string& row : folder.rows("select rowid, * from " + table, file)) all += row + "\n";
+        }
         return all;
     }
-    std::string state() const {
-        return contentOf(folder.database()) + (GetParam().copies ? contentOf(at("mine.bak")) : "");
-    }
 
-    struct Outcome {
-        bool struck = false;
-        bool well = false;
-    };
-    // Acts over a database that stands open already and gets its content, perhaps with a journal, under it. What comes
-    // of a failure is done on the failing disk.
-    Outcome act(Fault fault, int call, bool hot) {
-        Outcome outcome;
-        {
-            NotingHost host(folder.path());
-            Store store;
-            Connection main({host, store});
-            putBack(hot);
-            disk.arm(fault, call);
-            try {
-                GetParam().act({host, store}, disk);
-                outcome.well = !GetParam().copies || (!host.said.empty() && host.said.back() == "Success");
-            } catch (const RuntimeFailure&) {
-                EXPECT_FALSE(GetParam().copies);
-            }
-            outcome.struck = disk.struck();
-        }
-        disk.disarm();
-        return outcome;
-    }
-    Outcome actAndBeKilled(int call, bool hot) {
-        Child child([&](auto say) { say(act(Fault::Killed, call, hot).well ? 'w' : 'f'); });
-        const char sign = child.heard();
-        child.kill();
-        return {sign == 0, sign == 'w'};
-    }
-    // The next start of the program; the user does again what can be done again.
-    void startAnew() {
-        NotingHost host(folder.path());
+    // Whether all went well. What comes of a failure is done on the failing disk, too.
+    bool act() {
         Store store;
-        Connection main({host, store});
-        main.execute("insert into Units (Name) values ('anew')");
-        if (GetParam().copies) GetParam().act({host, store}, disk);
+        host.last.clear();
+        try {
+            GetParam().act({host, store}, disk);
+        } catch (const RuntimeFailure&) {
+            EXPECT_FALSE(GetParam().copies);
+            return false;
+        }
+        return !GetParam().copies || host.last == "Success";
+    }
+    void lay(const DataFolder& before) const {
+        fs::remove_all(folder.path());
+        fs::copy(before.path(), folder.path());
+    }
+    enum Outcome : char { Killed = '\0', Failed = 'f', Well = 'w', Untouched = 'u' };
+    Outcome actOver(const DataFolder& before, Fault fault, int call) {
+        lay(before);
+        disk.arm(fault, call);
+        const bool well = act();
+        disk.disarm();
+        if (disk.struck()) return well ? Well : Failed;
+        EXPECT_TRUE(well);
+        return Untouched;
+    }
+    Outcome actInAChild(const DataFolder& before, Fault fault, int call) {
+        const Child child([&](auto say) { say(actOver(before, fault, call)); });
+        return Outcome(child.heard());
     }
 
     FaultyDisk disk;
-    DataFolder kept;
+    DataFolder calm;  // before the action
+    DataFolder hot;   // the same, left by a process that was killed in the middle of a write
     DataFolder folder;
+    NotingHost host{folder.path()};
 };
 
 TEST_P(FaultTest, LeavesTheOldOrTheNew) {
-    putBack(false);
+    lay(calm);
     const std::string before = state();
-    EXPECT_TRUE(act(Fault::Once, 100000, false).well);
+    actOver(calm, Fault::Once, 100000);  // a call that never comes
     const std::string after = state();
     ASSERT_NE(before, after);
-    const Texts files = filesThere();
+    const Texts files = filesIn(folder.path());
 
-    for (const bool hot : {false, true}) {
-        const int stride = hot && !GetParam().copies ? 7 : 1;  // the calls that play a journal back are always the same
-        for (const Fault fault : faults) {
+    for (const DataFolder* there : {&calm, &hot}) {
+        // The calls that play a journal back are always the same.
+        const int stride = there == &hot && !GetParam().copies ? 7 : 1;
+        for (const auto& [fault, name] : {std::pair{Fault::Once, "once"},
+                                          {Fault::Gone, "for good"},
+                                          {Fault::Full, "full"},
+                                          {Fault::Killed, "killed"}}) {
             int asBefore = 0;
-            bool struck = true;
-            for (int call = 1; struck; call += stride) {
+            Outcome outcome = Failed;
+            for (int call = 1; outcome != Untouched; call += stride) {
                 ASSERT_LT(call, 500);
-                SCOPED_TRACE(std::string(faultNames[static_cast<int>(fault)]) + " at call " + std::to_string(call) +
-                             (hot ? " over a journal" : ""));
-                const Outcome outcome = fault == Fault::Killed ? actAndBeKilled(call, hot) : act(fault, call, hot);
-                struck = outcome.struck;
-                EXPECT_TRUE(struck || outcome.well);
-                if (!GetParam().copies) startAnew();
+                SCOPED_TRACE(std::string(name) + " at call " + std::to_string(call) +
+                             (there == &hot ? " over a journal" : ""));
+                outcome = fault == Fault::Killed ? actInAChild(*there, fault, call) : actOver(*there, fault, call);
+                Store startedAnew;
+                Connection({host, startedAnew}).execute("insert into Units (Name) values ('anew')");
                 const std::string now = state();
                 asBefore += now == before;
-                EXPECT_TRUE(now == after || (now == before && !outcome.well));
+                EXPECT_TRUE(now == after || (now == before && (outcome == Failed || outcome == Killed)));
+                Texts left = filesIn(folder.path());
+                // A lost disk or a killed process may have kept a fresh file.
+                if (fault == Fault::Killed || fault == Fault::Gone)
+                    std::erase_if(left, [](const std::string& file) { return file.starts_with("Torvane-"); });
+                EXPECT_EQ(left, files);
                 if (GetParam().copies) {
-                    startAnew();
-                    EXPECT_TRUE(state() == after);
+                    EXPECT_TRUE(act() && state() == after) << "when the user does it again";
                 }
-                if (fault == Fault::Killed || fault == Fault::Gone) sweep(folder.path());
-                EXPECT_EQ(filesThere(), files);
                 if (HasFailure()) return;
             }
             EXPECT_GT(asBefore, 0);
@@ -254,25 +312,13 @@ TEST_P(FaultTest, LeavesTheOldOrTheNew) {
     }
 }
 
-const Action copies[] = {{"backup", takeBackup, true}, {"restore", restoreBackup, true}};
-const auto nameOfAction = [](const auto& one) { return std::string(one.param.name); };
-
-INSTANTIATE_TEST_SUITE_P(Copies, FaultTest, ::testing::ValuesIn(copies), nameOfAction);
 INSTANTIATE_TEST_SUITE_P(
     Actions, FaultTest,
-    ::testing::Values(Action{"saveNewEstimate", [](const auto& with, auto&) { saveEstimate(with, "A", 77); }},
-                      Action{"saveEditedEstimate", [](const auto& with, auto&) { saveEstimate(with, "E", 2); }},
-                      Action{"deleteEstimate",
-                             [](const auto& with, auto&) {
-                                 Mode screen;
-                                 ClsOrder order(with, screen);
-                                 order.OrderNo = 2;
-                                 order.AddEditDel = "D";
-                                 order.Delete();
-                             }},
-                      Action{"writePriceBack",
-                             [](const auto& with, auto&) { ClsItem(with).Updatematerialprice(1, "9.75"); }}),
-    nameOfAction);
+    ::testing::Values(Action{"backup", takeBackup, true}, Action{"restore", restoreBackup, true},
+                      Action{"saveNewEstimate", [](const auto& with, auto&) { changeEstimate(with, "A", 77); }},
+                      Action{"saveEditedEstimate", [](const auto& with, auto&) { changeEstimate(with, "E", 2); }},
+                      Action{"deleteEstimate", [](const auto& with, auto&) { changeEstimate(with, "D", 2); }}),
+    [](const auto& one) { return std::string(one.param.name); });
 
 }  // namespace
 }  // namespace torvane

@@ -8,77 +8,34 @@
 
 namespace torvane {
 
-namespace {
+namespace fs = std::filesystem;
 
-class Handle {
-public:
-    explicit Handle(const std::string& file) {
-        EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(file.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr)) << file;
-    }
-    ~Handle() { sqlite3_close(handle_); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    operator sqlite3*() const { return handle_; }
-
-private:
-    sqlite3* handle_ = nullptr;
-};
-
-}  // namespace
-
-DataFolder::DataFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "torvane-XXXXXX").string();
-    const char* made = ::mkdtemp(name.data());
-    EXPECT_NE(nullptr, made);
-    path_ = name;
+DataFolder::DataFolder() : path_((fs::temp_directory_path() / "torvane-XXXXXX").string()) {
+    EXPECT_NE(nullptr, ::mkdtemp(path_.data()));
 }
 
 DataFolder::~DataFolder() {
     std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    fs::remove_all(path_, ignored);
 }
 
-std::string DataFolder::useEmpty() {
-    return put("/Larkfen.mdb");
-}
-
-std::string DataFolder::useSample() {
-    return put("/Sample.bak");
-}
-
-std::string DataFolder::put(const char* delivered) {
-    std::filesystem::copy_file(std::string(TORVANE_DELIVERED) + delivered, database(),
-                               std::filesystem::copy_options::overwrite_existing);
-    return database();
-}
-
-void DataFolder::useHelpBook() {
-    std::filesystem::copy_file(TORVANE_DELIVERED "/LARKFENVERSION2.HLP", helpBook());
-}
-
-void DataFolder::execute(std::string_view statements) const {
-    const Handle handle(database());
-    char* message = nullptr;
-    EXPECT_EQ(SQLITE_OK, sqlite3_exec(handle, std::string(statements).c_str(), nullptr, nullptr, &message))
-        << statements << ": " << (message ? message : "");
-    sqlite3_free(message);
+std::string DataFolder::put(const char* delivered, const std::string& as) {
+    fs::copy_file(fs::path(TORVANE_DELIVERED) / delivered, as, fs::copy_options::overwrite_existing);
+    return as;
 }
 
 std::vector<std::string> DataFolder::rows(std::string_view select, const std::string& file) const {
-    const Handle handle(file);
-    sqlite3_stmt* statement = nullptr;
-    EXPECT_EQ(SQLITE_OK,
-              sqlite3_prepare_v2(handle, select.data(), static_cast<int>(select.size()), &statement, nullptr))
-        << select << ": " << sqlite3_errmsg(handle);
+    sqlite3* handle = nullptr;
+    EXPECT_EQ(SQLITE_OK, sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr)) << file;
     std::vector<std::string> all;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        std::string& row = all.emplace_back();
-        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            row += (column > 0 ? "|" : "") + std::string(text ? text : "null");
-        }
-    }
-    sqlite3_finalize(statement);
+    const auto add = [](void* rows, int columns, char** cells, char**) {
+        std::string& row = static_cast<std::vector<std::string>*>(rows)->emplace_back();
+        for (int i = 0; i < columns; ++i) row.append(i > 0 ? "|" : "").append(cells[i] ? cells[i] : "null");
+        return 0;
+    };
+    EXPECT_EQ(SQLITE_OK, sqlite3_exec(handle, std::string(select).c_str(), add, &all, nullptr))
+        << select << ": " << sqlite3_errmsg(handle);
+    sqlite3_close(handle);
     return all;
 }
 

@@ -12,21 +12,19 @@ class DataFolder {
 public:
     DataFolder();
     ~DataFolder();
-    DataFolder(const DataFolder&) = delete;
-    DataFolder& operator=(const DataFolder&) = delete;
 
     const std::string& path() const { return path_; }
     std::string database() const { return path_ + "/Larkfen.mdb"; }
-
-    // Puts a delivered file in place, the empty database or the sample business, and gives its name.
-    std::string useEmpty();
-    std::string useSample();
-    // Puts the help book beside it.
-    void useHelpBook();
     std::string helpBook() const { return path_ + "/LARKFENVERSION2.HLP"; }
 
+    // Puts a delivered file in place, the empty database or the sample business, and gives its name.
+    std::string useEmpty() const { return put("Larkfen.mdb", database()); }
+    std::string useSample() const { return put("Sample.bak", database()); }
+    // Puts the help book beside it.
+    void useHelpBook() const { put("LARKFENVERSION2.HLP", helpBook()); }
+
     // Carries out statements; a failure fails the test.
-    void execute(std::string_view statements) const;
+    void execute(std::string_view statements) const { rows(statements); }
     // The rows of a select on the database, or on another file: cells joined by '|', Null as "null".
     std::vector<std::string> rows(std::string_view select) const { return rows(select, database()); }
     std::vector<std::string> rows(std::string_view select, const std::string& file) const;
@@ -34,7 +32,7 @@ public:
     std::string cell(std::string_view select) const;
 
 private:
-    std::string put(const char* delivered);
+    static std::string put(const char* delivered, const std::string& as);
     std::string path_;
 };
 

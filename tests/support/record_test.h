@@ -28,8 +28,6 @@ protected:
         ADD_FAILURE() << "a failure was expected";
         return {0, ""};
     }
-    // The statement that an act fails on: what an apostrophe in a text shows word for word.
-    static std::string refusedBy(const std::function<void()>& act) { return failureOf(act).refused(); }
     static int numberOf(const std::function<void()>& act) { return failureOf(act).number(); }
 
     DataFolder folder;

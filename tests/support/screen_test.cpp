@@ -4,25 +4,26 @@
 #include <unistd.h>
 #include <QAccessible>
 #include <QAction>
-#include <QDialog>
-#include <QElapsedTimer>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPointer>
-#include <QTest>
+#include <QScrollArea>
 #include <QThreadPool>
 #include <QWindow>
 
-#include <cstdio>
-#include <cstdlib>
+#include <fstream>
+#include <iostream>
 #include <stdexcept>
 
 #include "screens/guarded_application.h"
+#include "widgets/text_area.h"
+#include "widgets/text_box.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int patienceMs = 20000;
+constexpr int patience = 20;  // seconds
 constexpr int pollMs = 5;
 constexpr int failedStatus = 3;
 
@@ -38,17 +39,21 @@ bool reachable(const QWidget& control) {
     return false;
 }
 
+bool focusOn(QWidget& control) {
+    if (!reachable(control)) return false;
+    if (!control.hasFocus()) control.setFocus(Qt::OtherFocusReason);
+    return true;
+}
+
 QWindow* windowOf(const QWidget& control) {
     return control.window()->windowHandle();
 }
 
-QPoint inWindow(const QWidget& control, QPoint position) {
-    return control.mapTo(control.window(), position);
-}
-
 void clickAt(QWidget& control, QPoint position, Qt::MouseButton button) {
     if (!reachable(control)) return;
-    QTest::mouseClick(windowOf(control), button, {}, inWindow(control, position));
+    for (QWidget* around = control.parentWidget(); around; around = around->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(around)) area->ensureWidgetVisible(&control);
+    QTest::mouseClick(windowOf(control), button, {}, control.mapTo(control.window(), position));
     settle();
 }
 
@@ -60,25 +65,82 @@ QPoint rowCentre(ReportList& list, int row) {
     return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
 }
 
+std::string namesOf(const QWidget& in, const Names& controls, bool (QWidget::*has)() const) {
+    std::string names;
+    for (const std::string_view name : controls)
+        if ((find<QWidget>(in, name).*has)()) names += (names.empty() ? "" : " ") + std::string(name);
+    return names;
+}
+
 GuardedApplication& application() {
     return *static_cast<GuardedApplication*>(qApp);
 }
 
-void focusOn(QWidget& control) {
-    if (!control.hasFocus()) control.setFocus(Qt::OtherFocusReason);
-}
-
 }  // namespace
 
-void failNotFound(const QObject& in, std::string_view name, const QObjectList& candidates) {
-    std::string message = "no \"" + std::string(name) + "\" in " + nameOf(in) + "; there are:";
-    for (const QObject* one : candidates)
-        if (!one->objectName().isEmpty() && !one->objectName().startsWith("qt_")) message += " " + nameOf(*one);
-    throw std::runtime_error(message);
+void failNotFound(const QObject& in, std::string_view name) {
+    throw std::runtime_error("no \"" + std::string(name) + "\" in " + nameOf(in));
+}
+
+QWidget* standing(std::string_view name) {
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && utf8(window->objectName()) == name) return window;
+    return nullptr;
+}
+
+std::string text(const QWidget& in, std::string_view name) {
+    QWidget& control = find<QWidget>(in, name);
+    if (const auto* box = qobject_cast<TextBox*>(&control)) return box->Text();
+    if (const auto* area = qobject_cast<TextArea*>(&control)) return area->Text();
+    if (const auto* choices = qobject_cast<DropList*>(&control)) return choices->Text();
+    return utf8(find<QLabel>(in, name).text());
+}
+
+std::string texts(const QWidget& in, const Names& controls) {
+    std::string all;
+    for (const std::string_view& name : controls) all += (&name == &controls.front() ? "" : "|") + text(in, name);
+    return all;
+}
+
+std::string visible(const QWidget& in, const Names& controls) {
+    return namesOf(in, controls, &QWidget::isVisible);
+}
+
+std::string enabled(const QWidget& in, const Names& controls) {
+    return namesOf(in, controls, &QWidget::isEnabled);
+}
+
+ReportList& list(const QWidget& in) {
+    return find<ReportList>(in, "ListView1");
+}
+
+Texts rows(const QWidget& in) {
+    const ReportList& view = list(in);
+    Texts all;
+    for (int row = 0; row < view.RowCount(); ++row) {
+        std::string& cells = all.emplace_back(view.Cell(row, 0));
+        for (int column = 1; column < view.columnCount(); ++column) cells += "|" + view.Cell(row, column);
+    }
+    return all;
+}
+
+FocusControls focusControls(QWidget& window) {
+    FocusControls found;
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control);
+        if (control->isVisible() && !nameOf(*control).starts_with("qt_") && told->state().focusable &&
+            told->text(QAccessible::Name).trimmed().isEmpty())
+            found.nameless.insert(nameOf(*control->parent()) + "/" + nameOf(*control));
+    }
+    return found;
 }
 
 void click(QWidget& control, Qt::MouseButton button) {
     clickAt(control, control.rect().center(), button);
+}
+
+void click(const QWidget& in, std::string_view control) {
+    click(find<QWidget>(in, control));
 }
 
 void clickRow(ReportList& list, int row, Qt::MouseButton button) {
@@ -87,8 +149,12 @@ void clickRow(ReportList& list, int row, Qt::MouseButton button) {
 
 void doubleClickRow(ReportList& list, int row) {
     if (!reachable(list)) return;
-    QTest::mouseDClick(windowOf(list), Qt::LeftButton, {}, inWindow(*list.viewport(), rowCentre(list, row)));
+    QTest::mouseDClick(windowOf(list), Qt::LeftButton, {}, list.viewport()->mapTo(list.window(), rowCentre(list, row)));
     settle();
+}
+
+void doubleClickRow(const QWidget& in, int row) {
+    doubleClickRow(list(in), row);
 }
 
 void clickHeader(ReportList& list, int column) {
@@ -98,9 +164,8 @@ void clickHeader(ReportList& list, int column) {
 }
 
 void pickInList(DropList& list, int index) {
-    if (!reachable(list)) return;
     const QPointer<QWidget> window = list.window();  // the pick may close it
-    focusOn(list);
+    if (!focusOn(list)) return;
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(index, 0));
     QTest::keyClick(windowOf(*list.view()), Qt::Key_Return);
@@ -113,30 +178,25 @@ void pickInList(DropList& list, int index) {
 }
 
 void pickInList(DropList& list, std::string_view text) {
-    for (int index = 0; index < list.ListCount(); ++index)
-        if (list.List(index) == text) return pickInList(list, index);
-    throw std::runtime_error("no entry \"" + std::string(text) + "\" in " + nameOf(list));
+    const int index = list.findText(qstring(text), Qt::MatchExactly);
+    if (index < 0) failNotFound(list, text);
+    pickInList(list, index);
 }
 
 void type(QWidget& control, std::string_view text) {
-    if (!reachable(control)) return;
-    focusOn(control);
+    if (!focusOn(control)) return;
     for (const char sign : text) QTest::keyClick(windowOf(control), sign);
     settle();
 }
 
 void key(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (!reachable(control)) return;
-    focusOn(control);
+    if (!focusOn(control)) return;
     QTest::keyClick(windowOf(control), key, modifiers);
     settle();
 }
 
 void trigger(QAction& entry) {
-    if (!entry.isVisible() || !entry.isEnabled()) {
-        ADD_FAILURE() << nameOf(entry) << " is " << (entry.isVisible() ? "disabled" : "hidden");
-        return;
-    }
+    ASSERT_TRUE(entry.isVisible() && entry.isEnabled()) << nameOf(entry);
     entry.trigger();
     settle();
 }
@@ -146,30 +206,6 @@ void closeBox(QWidget& window) {
     settle();
 }
 
-namespace {
-
-void collect(QAccessibleInterface* one, const std::string& path, FocusControls& found) {
-    const QObject* object = one ? one->object() : nullptr;
-    // Rows and cells have no object; their text is their name.
-    if (!object || !one->isValid() || one->state().invisible) return;
-    const std::string here = path + "/" + utf8(object->objectName());
-    if (one->state().focusable) {
-        if (one->text(QAccessible::Name).trimmed().isEmpty())
-            found.nameless.insert(here + " " + object->metaObject()->className());
-        else
-            ++found.named;
-    }
-    for (int i = 0; i < one->childCount(); ++i) collect(one->child(i), here, found);
-}
-
-}  // namespace
-
-FocusControls focusControls(QWidget& window) {
-    FocusControls found;
-    collect(QAccessible::queryAccessibleInterface(&window), "", found);
-    return found;
-}
-
 void settle() {
     for (int round = 0; round < 3; ++round) {
         QCoreApplication::processEvents();
@@ -177,85 +213,118 @@ void settle() {
     }
 }
 
-bool waitFor(const std::function<bool()>& condition, int milliseconds) {
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        if (clock.elapsed() > milliseconds) return false;
-        QCoreApplication::processEvents(QEventLoop::AllEvents, pollMs);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    return true;
+bool waitFor(const std::function<bool()>& condition) {
+    return QTest::qWaitFor(condition);
 }
 
 ScreenTest::ScreenTest()
     : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
+    ::alarm(patience);  // ends a test that waits in a modal window
     host.onRuntimeError = [this](const RuntimeFailure& failure) {
         failure_ = failure;
         whileFailureShows();
     };
-    application().setLastNet([this](const RuntimeFailure& failure) {
-        stop("got past the event guard: " + std::to_string(failure.number()) + " " + failure.text());
-    });
-    watchdog_.callOnTimeout([this] {
-        const QWidget* top = QApplication::activeModalWidget();
-        stop("the test hangs" + (top ? " in " + nameOf(*top) : std::string()));
-    });
-    watchdog_.start(patienceMs);
+    application().setLastNet([this](const RuntimeFailure& failure) { stop("got past the event guard", failure); });
 }
 
 ScreenTest::~ScreenTest() {
     application().setLastNet({});
 }
 
-void ScreenTest::stop(const std::string& why) {
-    ADD_FAILURE() << why;
+void ScreenTest::TearDown() {
+    settle();
+    EXPECT_TRUE(waiting_.children().isEmpty()) << "a modal window that was waited for has not come";
+    host.verify();
+}
+
+void ScreenTest::go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes) {
+    for (const TestHost::Box& box : boxes) host.expect(box);
+    takeSteps(in, steps, {});
+    host.verify();
+}
+
+void ScreenTest::tell(const QWidget& in, const std::function<std::string()>& look,
+                      const std::vector<StoryStep>& story) {
+    for (const StoryStep& step : story) {
+        SCOPED_TRACE(step.steps);
+        go(in, step.steps, step.boxes);
+        EXPECT_EQ(look(), step.shows);
+    }
+}
+
+void ScreenTest::takeSteps(const QWidget& in, std::string_view steps, std::function<void(QWidget&)> inModal) {
+    const QString here = qstring(steps).section(" > ", 0, 0), there = qstring(steps).section(" > ", 1);
+    if (!there.isEmpty()) inModal = [this, there](QWidget& form) { takeSteps(form, utf8(there), {}); };
+    const QStringList each = here.split("; ");
+    for (const QString& one : each) {
+        if (&one == &each.back() && inModal) whenModal(inModal);
+        const std::string name = utf8(one.section('=', 0, 0)), value = utf8(one.section('=', 1));
+        if (one == "close") {
+            closeBox(*in.window());
+        } else if (one.startsWith("row ")) {
+            const int row = one.section(' ', 1, 1).toInt();
+            one.endsWith(" twice") ? doubleClickRow(in, row) : clickRow(list(in), row);
+        } else if (!one.contains('=')) {
+            click(in, name);
+        } else if (auto* choices = in.findChild<DropList*>(qstring(name))) {
+            pickInList(*choices, value);
+        } else {
+            auto& box = find<QWidget>(in, name);
+            click(box);
+            key(box, Qt::Key_A, Qt::ControlModifier);
+            key(box, Qt::Key_Delete);
+            type(box, value);
+        }
+    }
+}
+
+void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
+    auto* poll = new QTimer(&waiting_);
+    const QPointer<QWidget> present = QApplication::activeModalWidget();
+    poll->callOnTimeout([poll, present, act] {
+        QWidget* top = QApplication::activeModalWidget();
+        if (!top || top == present || !top->isVisible()) return;
+        const auto run = act;  // goes with the timer
+        poll->stop();
+        poll->deleteLater();
+        run(*top);
+    });
+    poll->start(pollMs);
+}
+
+void ScreenTest::stop(const char* why, const RuntimeFailure& failure) {
+    ADD_FAILURE() << why << ": " << failure.number() << " " << failure.text() << " " << failure.refused();
     std::fflush(nullptr);
     std::_Exit(failedStatus);
 }
 
-// The program's end. Only the process of endOf has one to tell of.
+// The program's end. Only the process of endOf has one, and leaves what it ended by in a file.
 void ScreenTest::leave(int status) {
-    const std::string texts[] = {std::to_string(failure_.number()), failure_.text(), failure_.refused(),
-                                 failure_.during()};
-    if (report_ < 0) stop("the program ended: " + texts[0] + " " + texts[1] + " " + texts[2]);
-    for (const std::string& text : texts)
-        if (::write(report_, text.c_str(), text.size() + 1) < 0) stop("the end can't be told");
+    if (!mayEnd_) stop("the program ended", failure_);
+    std::ofstream told(endFile());
+    told << failure_.number() << '\0' << failure_.text() << '\0' << failure_.refused() << '\0' << failure_.during();
+    told.close();
     host.verify();
     std::fflush(nullptr);
     std::_Exit(HasFailure() ? failedStatus : status);
 }
 
 RuntimeFailure ScreenTest::endOf(const std::function<void()>& act) {
-    int ends[2];
-    EXPECT_EQ(::pipe(ends), 0);
+    std::remove(endFile().c_str());
     std::fflush(nullptr);
     QThreadPool::globalInstance()->waitForDone();  // threads that paint would not be there in the child
     const pid_t child = ::fork();
     if (child == 0) {
-        report_ = ends[1];
-        ::alarm(patienceMs / 1000);
-        try {
-            act();
-            settle();
-        } catch (const std::exception& failure) {
-            stop(failure.what());
-        }
+        mayEnd_ = true;
+        ::alarm(patience);
+        [&]() noexcept { act(), settle(); }();
         leave(0);
     }
-    ::close(ends[1]);
-    std::vector<std::string> texts(1);
-    char sign = 0;
-    while (::read(ends[0], &sign, 1) == 1) {
-        if (sign == 0)
-            texts.emplace_back();
-        else
-            texts.back() += sign;
-    }
-    ::close(ends[0]);
     int status = 0;
     EXPECT_EQ(::waitpid(child, &status, 0), child);
-    texts.resize(4);
+    std::ifstream told(endFile());
+    std::string texts[4];
+    for (std::string& text : texts) std::getline(told, text, '\0');
     RuntimeFailure failure(texts[0].empty() ? wentOn : std::stoi(texts[0]), texts[1], texts[2]);
     failure.setDuring(texts[3]);
     EXPECT_TRUE(WIFEXITED(status)) << "it crashed";
@@ -263,30 +332,30 @@ RuntimeFailure ScreenTest::endOf(const std::function<void()>& act) {
     return failure;
 }
 
-void ScreenTest::whenModal(std::function<void(QWidget& top)> act) {
-    auto* poll = new QTimer(&watchdog_);
-    waiting_.append(poll);
-    const QPointer<QWidget> present = QApplication::activeModalWidget();
-    QObject::connect(poll, &QTimer::timeout, poll, [this, poll, present, act] {
-        QWidget* top = QApplication::activeModalWidget();
-        if (!top || top == present || !top->isVisible()) return;
-        poll->stop();
-        poll->deleteLater();
-        waiting_.removeOne(poll);
-        const auto run = act;
-        try {
-            run(*top);
-        } catch (const std::exception& failure) {
-            stop("while " + nameOf(*top) + " stood: " + failure.what());
-        }
-    });
-    poll->start(pollMs);
-}
-
-void ScreenTest::TearDown() {
-    settle();
-    if (!waiting_.isEmpty()) ADD_FAILURE() << "a modal window that was waited for has not come";
-    host.verify();
+std::string ScreenTest::endedBy(const std::function<void()>& act) {
+    const RuntimeFailure failure = endOf(act);
+    return std::to_string(failure.number()) + " " + failure.refused();
 }
 
 }  // namespace torvane
+
+// One application object for all tests of the program; without a screen unless one is asked for, in a home of its own,
+// where no test may leave a dialog's settings.
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A thread that ends may hold a lock of this library's at a fork (endOf), and the child would wait for it for ever.
+    qputenv("QT_NO_GLIB", "1");
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    for (const char* folder : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) qunsetenv(folder);
+    torvane::GuardedApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+        // The screenless platform complains at each window that it cannot raise.
+        if (!message.startsWith("This plugin does not support")) std::cerr << message.toStdString() << std::endl;
+    });
+    const int failed = RUN_ALL_TESTS();
+    if (!QFile::exists(home.filePath(".config"))) return failed;
+    std::cerr << "a file of settings was left" << std::endl;
+    return 1;
+}

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
-#include <QWidget>
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -24,49 +23,61 @@ class QAction;
 
 namespace torvane {
 
-// A control, menu or entry of a window by its objectName. The test fails with the names that there are when there is no
-// such one (by an exception: nothing after it runs).
-[[noreturn]] void failNotFound(const QObject& in, std::string_view name, const QObjectList& candidates);
+using Texts = std::vector<std::string>;
+using Names = std::vector<std::string_view>;
+
+// --- What a user sees. All is found by its objectName; the test ends where there is no such thing. ---
+
+[[noreturn]] void failNotFound(const QObject& in, std::string_view name);
 template <class T>
 T& find(const QObject& in, std::string_view name) {
     if (T* found = in.findChild<T*>(qstring(name))) return *found;
-    QObjectList candidates;
-    for (T* one : in.findChildren<T*>()) candidates.append(one);
-    failNotFound(in, name, candidates);
+    failNotFound(in, name);
 }
 template <class T>
 T& find(Form& form, std::string_view name) {
     return find<T>(form.window(), name);
 }
+// A visible top-level window; null when there is none.
+QWidget* standing(std::string_view window);
+// What a box or a label shows, or a list's selected entry; of several controls joined by '|'.
+std::string text(const QWidget& in, std::string_view control);
+std::string texts(const QWidget& in, const Names& controls);
+// Those of the controls that are visible and those that are enabled, joined by ' '.
+std::string visible(const QWidget& in, const Names& controls);
+std::string enabled(const QWidget& in, const Names& controls);
+// The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
+ReportList& list(const QWidget& in);
+Texts rows(const QWidget& in);
+// What takes the focus in a window and has no name for an assistive program, by its place in the window.
+struct FocusControls {
+    std::set<std::string> nameless;
+};
+FocusControls focusControls(QWidget& window);
 
-// What a user does, by way of the window system: a control that is hidden, disabled or blocked by a modal window is not
-// reached, as it would be. Clicking a hidden or disabled one fails the test. All handlers have run when these return.
+// --- What a user does, by way of the window system. What is hidden or disabled fails the test; what a modal window
+//     blocks is not reached. All handlers have run when these return. ---
+
 void click(QWidget& control, Qt::MouseButton button = Qt::LeftButton);
+void click(const QWidget& in, std::string_view control);
 void clickRow(ReportList& list, int row, Qt::MouseButton button = Qt::LeftButton);
 void doubleClickRow(ReportList& list, int row);
+void doubleClickRow(const QWidget& in, int row);
 void clickHeader(ReportList& list, int column);
 // Opens the list and takes the entry with this text, or with this index.
 void pickInList(DropList& list, std::string_view text);
 void pickInList(DropList& list, int index);
-// Gives the control the focus if it has not got it, then types.
+// These give the control the focus if it has not got it.
 void type(QWidget& control, std::string_view text);
 void key(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-// Runs a menu entry; a hidden or disabled one fails the test.
+// Runs a menu entry.
 void trigger(QAction& entry);
-// The close box of a window.
 void closeBox(QWidget& window);
-
-// What takes the focus in a window, as an assistive program finds it.
-struct FocusControls {
-    int named = 0;
-    std::set<std::string> nameless;  // by their place in the window
-};
-FocusControls focusControls(QWidget& window);
 
 // Lets everything run that waits, deletions too.
 void settle();
 // Runs events until the condition holds; false when it does not in time.
-bool waitFor(const std::function<bool()>& condition, int milliseconds = 5000);
+bool waitFor(const std::function<bool()>& condition);
 
 // A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if an
 // expected box has not come, or a modal window that was waited for. It fails at once, and nothing runs after it, if the
@@ -77,17 +88,35 @@ protected:
     ~ScreenTest() override;
     void TearDown() override;
 
-    // Runs as a handler would: inside the event guard.
-    void run(const std::function<void()>& body) { program.guarded(body); }
-
-    // Acts while a modal window stands: runs once, inside its event loop, when a modal window other than the present
-    // one has come. To act on one that opens from there, call it again inside.
+    // A user's way through a window, steps separated by "; ":
+    //   name          clicks the control
+    //   name=value    replaces the text of a box by typing, or picks an entry of a list
+    //   row 2         clicks that row of "ListView1", "row 2 twice" double-clicks it
+    //   close         uses the close box
+    // Steps behind " > " go on in the modal window that the step before it opens. Just these boxes come on the way.
+    void go(const QWidget& in, std::string_view steps, const std::vector<TestHost::Box>& boxes = {});
+    // A story told step by step: the boxes that come on the way, and what `look` gives afterwards.
+    struct StoryStep {
+        std::string steps;
+        std::string shows;
+        std::vector<TestHost::Box> boxes = {};
+    };
+    void tell(const QWidget& in, const std::function<std::string()>& look, const std::vector<StoryStep>& story);
+    // The same as go, and acts in the modal window that the last step opens.
+    void inForm(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> act) {
+        takeSteps(in, steps, std::move(act));
+    }
+    // Acts once, when a modal window other than the present one has come.
     void whenModal(std::function<void(QWidget& top)> act);
 
+    // Runs as a handler would: inside the event guard.
+    void run(const std::function<void()>& body) { program.guarded(body); }
     // What ends the program when this is done, in a process of its own that begins with all that there is now; what it
     // writes to the disk is all that is left of it. A failure with the number `wentOn` when nothing does.
     RuntimeFailure endOf(const std::function<void()>& act);
     static constexpr int wentOn = -1;
+    // The same as "<number> <refused text>".
+    std::string endedBy(const std::function<void()>& act);
     // Runs there while the failure is shown.
     std::function<void()> whileFailureShows = [] {};
 
@@ -97,12 +126,13 @@ protected:
     Program program;
 
 private:
+    void takeSteps(const QWidget& in, std::string_view steps, std::function<void(QWidget& form)> inModal);
     [[noreturn]] void leave(int status);
-    [[noreturn]] void stop(const std::string& why);
+    [[noreturn]] static void stop(const char* why, const RuntimeFailure& failure);
+    std::string endFile() const { return utf8(directory.filePath("end")); }
     RuntimeFailure failure_{wentOn, ""};
-    int report_ = -1;  // in the process of endOf: where it tells the failure
-    QTimer watchdog_;
-    QList<QTimer*> waiting_;
+    bool mayEnd_ = false;  // in the process of endOf
+    QObject waiting_;      // for modal windows
 };
 
 }  // namespace torvane

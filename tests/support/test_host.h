@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <optional>
@@ -7,6 +9,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "values/failure.h"
 
 namespace torvane {
 
@@ -14,8 +17,8 @@ namespace torvane {
 // expected, in that order. A box that nobody expected, and an expected one that did not come, fail the test.
 class TestHost : public Host {
 public:
-    explicit TestHost(std::string programDirectory = {});
-    ~TestHost() override;
+    explicit TestHost(std::string programDirectory = {}) : folder(std::move(programDirectory)) {}
+    ~TestHost() override { verify(); }
 
     struct Box {
         std::string text;
@@ -26,15 +29,18 @@ public:
     };
     void expect(Box box) { boxes_.push_back(std::move(box)); }
     void expectOk(std::string text, std::string title) { expect({std::move(text), std::move(title)}); }
-    void expectYesNo(std::string text, std::string title, Answer answer) {
-        expect({std::move(text), std::move(title), Buttons::YesNo, answer});
-    }
     // Fails the test if an expected box or file dialog has not come; the queues are empty afterwards.
-    void verify();
+    void verify() {
+        for (const Box& box : boxes_) ADD_FAILURE() << "box that did not come: " << box.text;
+        EXPECT_TRUE(names_.empty()) << "a file dialog did not come";
+        boxes_.clear();
+        names_.clear();
+    }
 
     // The answers of the next file dialogs, in order; nothing is Cancel.
-    void answerSaveName(std::optional<std::string> name) { saveNames_.push_back(std::move(name)); }
-    void answerOpenName(std::optional<std::string> name) { openNames_.push_back(std::move(name)); }
+    using FileName = std::optional<std::string>;
+    void answerSaveName(FileName name) { names_.push_back(std::move(name)); }
+    void answerOpenName(FileName name) { names_.push_back(std::move(name)); }
     // What the file dialogs were given: the proposed name ("" for the open dialog) and the filter.
     struct Asked {
         std::string proposed;
@@ -43,35 +49,60 @@ public:
     };
     std::vector<Asked> fileDialogs;
 
-    // The programs that were started.
-    std::vector<std::string> started;
+    std::vector<std::string> started;  // programs
     bool missingPrograms = false;
-
     // Runs in place of the run-time error box.
     std::function<void(const RuntimeFailure&)> onRuntimeError = [](const RuntimeFailure&) {};
     int beeps = 0;
-
     Date now{2024, 3, 15};
     ShortDate style;
     std::string folder;
     std::int16_t rowsPerPage = 15;
 
-    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override;
+    Answer box(std::string_view text, std::string_view title, Buttons buttons = Buttons::Ok) override {
+        const Answer safe = buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+        const Box expected = boxes_.empty() ? Box{"(no box)", "", buttons, safe} : boxes_.front();
+        if (!boxes_.empty()) boxes_.pop_front();
+        EXPECT_EQ(text, expected.text);
+        EXPECT_EQ(title, expected.title);
+        EXPECT_EQ(buttons, expected.buttons);
+        if (expected.meanwhile) expected.meanwhile();
+        return expected.answer;
+    }
+    FileName askSaveName(std::string_view proposed, std::string_view filter) override {
+        fileDialogs.push_back({std::string(proposed), std::string(filter)});
+        EXPECT_FALSE(names_.empty()) << "a file dialog that nobody expected";
+        if (names_.empty()) return {};
+        const FileName name = names_.front();
+        names_.pop_front();
+        return name;
+    }
+    FileName askOpenName(std::string_view filter) override { return askSaveName("", filter); }
+    void startProgram(const std::string& path) override {
+        if (missingPrograms) fail(Failure::FileNotFound, path);
+        started.push_back(path);
+    }
     void runtimeErrorBox(const RuntimeFailure& failure) override { onRuntimeError(failure); }
     void beep() override { ++beeps; }
-    std::optional<std::string> askSaveName(std::string_view proposed, std::string_view filter) override;
-    std::optional<std::string> askOpenName(std::string_view filter) override;
-    void startProgram(const std::string& path) override;
     Date today() const override { return now; }
     const ShortDate& shortDate() const override { return style; }
     const std::string& programDirectory() const override { return folder; }
     std::int16_t NoInList() const override { return rowsPerPage; }
 
 private:
-    std::optional<std::string> next(std::deque<std::optional<std::string>>& names, const char* dialog);
     std::deque<Box> boxes_;
-    std::deque<std::optional<std::string>> saveNames_;
-    std::deque<std::optional<std::string>> openNames_;
+    std::deque<FileName> names_;
 };
+
+// Boxes that a test expects, with their answers.
+inline TestHost::Box ok(std::string text, std::string title = "Inventory") {
+    return {std::move(text), std::move(title)};
+}
+inline TestHost::Box yes(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::Yes};
+}
+inline TestHost::Box no(std::string text, std::string title) {
+    return {std::move(text), std::move(title), Buttons::YesNo, Answer::No};
+}
 
 }  // namespace torvane

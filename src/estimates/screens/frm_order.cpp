@@ -1,6 +1,7 @@
 #include "estimates/screens/frm_order.h"
 
 #include <QEvent>
+#include <QGraphicsDropShadowEffect>
 #include <QMenu>
 
 #include "estimates/screens/area_panel.h"
@@ -32,24 +33,31 @@ constexpr SiteText siteTexts[] = {
     {&Ui_frmOrder::TxtSEmail, &ClsOrder::SEmail, &ClsCustomer::BEmail},
 };
 
-// Keeps the notes frame over the lower middle of its window, whatever the window's size.
+// Keeps the notes frame over the list of lines and the lower edge of the line panel, and sets it off from them.
 class NotesPlace : public QObject {
 public:
-    explicit NotesPlace(QWidget& frame) : QObject(&frame), frame_(frame) {
-        frame.parentWidget()->installEventFilter(this);
-        place();
-    }
-    void place() {
-        const QSize whole = frame_.parentWidget()->size();
-        frame_.setGeometry(whole.width() / 8, whole.height() * 2 / 5, whole.width() * 3 / 4, whole.height() * 9 / 20);
+    NotesPlace(QWidget& notes, QWidget& lines) : QObject(&notes), notes_(notes), lines_(lines) {
+        notes.setParent(lines.parentWidget());
+        auto* shadow = new QGraphicsDropShadowEffect(&notes);
+        QColor colour = notes.palette().color(QPalette::WindowText);
+        constexpr int halfThrough = 160;
+        colour.setAlpha(halfThrough);
+        shadow->setColor(colour);
+        shadow->setOffset(0);
+        shadow->setBlurRadius(notes.fontMetrics().height());
+        notes.setGraphicsEffect(shadow);
+        lines.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Resize) place();
+        if (event->type() != QEvent::Resize && event->type() != QEvent::Move) return false;
+        const int edge = notes_.fontMetrics().height();
+        notes_.setGeometry(lines_.geometry().adjusted(edge, -edge, -edge, 0));
         return false;
     }
 
 private:
-    QWidget& frame_;
+    QWidget& notes_;
+    QWidget& lines_;
 };
 
 }  // namespace
@@ -78,14 +86,16 @@ void frmOrder::connectControls() {
                                {ui().CmdCancel, &frmOrder::CmdCancel_Click}});
     on(*this, ui().CmdNewCust, &QAbstractButton::clicked, others_.addCustomer);
     on(*this, ui().cmdItemList, &QAbstractButton::clicked, others_.showItemSheet);
-    on(*this, ui().Command2, &QAbstractButton::clicked, [this] { ui().frmNotes->setVisible(false); });
+    on(*this, ui().Command2, &QAbstractButton::clicked, [this] {
+        ui().frmNotes->setVisible(false);
+        ui().txtNotes->setFocus();
+    });
     on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, [this] { program().help(helpContext()); });
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] {
         if (ui().CmdSave->isEnabled()) CmdSave_Click();
     });
     lines_.connect();
     connectAreaPanel(*this);
-    new NotesPlace(*ui().frmNotes);
 }
 
 void frmOrder::Form_Load() {
@@ -93,6 +103,7 @@ void frmOrder::Form_Load() {
     connectControls();
     others_.closeNumberPrompt();
     program().StartUp(*this);
+    new NotesPlace(*ui().frmNotes, *ui().Frame1);
     ui().TxtDate->setDateStyle(program().host().shortDate());
     ui().TxtDate->setValue(program().host().today());
     lines_.InitListView();
@@ -171,6 +182,7 @@ void frmOrder::CmdSave_Click() {
     program().say("Estimate Saved", boxTitle);
     ClearClass();
     ui().CmdSave->setEnabled(false);
+    ui().Command1->setFocus();  // what is left to do is to print it
 }
 
 void frmOrder::ClearClass() {
@@ -212,6 +224,7 @@ void frmOrder::cmdImport_Click() {
     ui().rtfNotes->setText(readSharedNotes(connection));
     ui().frmNotes->setVisible(true);
     ui().frmNotes->raise();
+    ui().rtfNotes->setFocus();
 }
 
 void frmOrder::cmdCopy_Click() {

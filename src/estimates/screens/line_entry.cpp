@@ -54,6 +54,11 @@ void LineEntry::connect() {
     on(screen_, ui().cmdEditApply, &QAbstractButton::clicked, [this] { cmdEditApply_Click(); });
     on(screen_, ui().cmdEditCanc, &QAbstractButton::clicked, [this] { showEditing(false); });
     on(screen_, ui().cmdDel, &QAbstractButton::clicked, [this] { cmdDel_Click(); });
+    // The panel keeps its shape when Apply and Cancel stand in the place of Add.
+    ui().cmdAdd->setMinimumWidth(ui().cmdEditApply->sizeHint().width());
+    QSizePolicy kept = ui().cmdEditCanc->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    ui().cmdEditCanc->setSizePolicy(kept);
 }
 
 void LineEntry::InitListView() {
