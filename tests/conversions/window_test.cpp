@@ -20,7 +20,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(focusControls(window).nameless, std::set<std::string>{});
+    EXPECT_EQ(unclearControls(window), std::set<std::string>{});
     auto& left = find<QLineEdit>(window, "txtLeft");
     auto& right = find<QLineEdit>(window, "txtRight");
     EXPECT_EQ(utf8(left.selectedText()), "12' 6 1/2\"") << "what is typed takes its place";

@@ -12,6 +12,7 @@
 #include "help/help_page.h"
 #include "values/failure.h"
 #include "widgets/pictures.h"
+#include "widgets/roles.h"
 #include "widgets/style.h"
 #include "widgets/texts.h"
 
@@ -45,6 +46,7 @@ private:
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     torvane::applyStyle(application);
+    torvane::installRoles();
     QApplication::setWindowIcon(torvane::picture(QStringLiteral("calculator")));
     torvane::ConversionWindow window;
     Help* help = nullptr;
