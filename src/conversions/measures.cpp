@@ -40,7 +40,7 @@ constexpr bool isLetter(char c) {
 }
 
 // What stands before the word that a text closes with; nothing where it does not. Case does not count, nor do blanks
-// and the points of abbreviations: "sq. ft." closes with "sq ft".
+// and the points of abbreviations: "sq. ft." closes with "sq ft", and so does "9-sq ft".
 std::optional<std::string_view> before(std::string_view text, std::string_view word) {
     text = trimmed(text);
     for (const char c : word | std::views::reverse) {
@@ -50,6 +50,8 @@ std::optional<std::string_view> before(std::string_view text, std::string_view w
         if (text.empty() || lower(text.back()) != lower(c)) return std::nullopt;
         text.remove_suffix(1);
     }
+    text = trimmed(text);
+    if (isLetter(word.front()) && text.ends_with('-')) text.remove_suffix(1);
     return text;
 }
 
@@ -113,7 +115,8 @@ public:
             *amount *= 12;
             if (!atEnd()) {
                 if (!marked && !bare) return std::nullopt;
-                take("-");
+                constexpr std::string_view between[] = {"-", ",", "and"};
+                takeAny(between);
                 const auto inches = quantity();
                 if (!inches) return std::nullopt;
                 *amount += *inches;

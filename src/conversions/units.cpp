@@ -118,14 +118,14 @@ constexpr Unit angles[] = {
 
 // In rise over run.
 constexpr Unit slopes[] = {
-    {"Rise in 12", "/12|:12|in 12|in|\"", 1.0L / 12},
+    {"Rise in 12", "/12|:12|in 12|in|\"|in/ft|\"/ft|in per foot|\" per foot", 1.0L / 12},
     {"Percent", "%|percent", 0.01L},
     {"Degrees", "°|deg", pi / 180, Angle},
     {"Ratio, rise to run", "", 1, Ratio, 0, "1:4"},
 };
 
 constexpr Unit feetOf(std::string_view name, int thickness, int width) {
-    return {name, "ft|'|foot|feet", thickness * width / 12.0L};
+    return {name, "ft|'|foot|feet", thickness * width / 12.0L, Feet};
 }
 // In board feet; sizes are nominal.
 constexpr Unit lumber[] = {
@@ -200,6 +200,10 @@ std::optional<long double> read(std::string_view text, const Unit& unit, bool ba
         case Number:
         case Temperature:
             return times(number());
+        case Feet: {
+            const auto inches = number() ? std::nullopt : readFeetInches(text, false);
+            return times(inches ? *inches / 12 : number());
+        }
         case FeetInches:
             return times(readFeetInches(text, bare));
         case Ratio:
@@ -249,6 +253,7 @@ std::string write(long double amount, const Unit& unit, const ResultForm& form) 
         case Lumber:
             return writePiece(value, readPiece(form.replaced).value_or(Piece{}));
         case Number:
+        case Feet:
             break;
     }
     return writeNumber(value);

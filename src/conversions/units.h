@@ -10,6 +10,7 @@ namespace torvane {
 enum class Notation {
     Number,
     Temperature,  // a number on a scale with a zero of its own
+    Feet,         // a number, or feet and inches to be read
     FeetInches,
     Angle,  // of a slope, in degrees
     Ratio,
