@@ -125,7 +125,7 @@ void frmHelp::connectControls() {
     click(ui().cmdContents, "Alt+Home", [this] { turnTo(book_->contentsPage()); });
     click(ui().cmdSmaller, "Ctrl+-", [this] { ui().Page->zoomOut(); });
     click(ui().cmdLarger, "Ctrl++", [this] { ui().Page->zoomIn(); });
-    click(ui().cmdClose, "Escape", [this] { Unload(); });
+    on(*this, ui().cmdClose, &QAbstractButton::clicked, [this] { Unload(); });
     on(*this, new QShortcut(QKeySequence::Find, &window()), &QShortcut::activated, [this] { startSearch(); });
 
     on(*this, ui().Page, &QTextBrowser::backwardAvailable, [this](bool there) { ui().cmdBack->setEnabled(there); });

@@ -1,6 +1,5 @@
 #include "screens/dialogs.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QPointer>
 #include <QScreen>
@@ -47,12 +46,12 @@ QString errorBoxText(const RuntimeFailure& failure) {
 
 int runOverFront(QDialog& dialog) {
     const QPointer<QWidget> before = frontWindow(&dialog);
+    // A message box wraps its text, and so gets its size, when it is shown.
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
+    dialog.show();
+    dialog.hide();
+    dialog.setAttribute(Qt::WA_DontShowOnScreen, false);
     dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.ensurePolished();
-    dialog.adjustSize();
-    // A message box wraps its text, and so gets its size, at this word.
-    QEvent layoutRequest(QEvent::LayoutRequest);
-    QApplication::sendEvent(&dialog, &layoutRequest);
     if (before) {
         standOver(dialog, before);
         QRect place(QPoint(), dialog.size());

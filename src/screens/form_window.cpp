@@ -30,24 +30,25 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    QAbstractButton* pressed = nullptr;
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        pressed = qobject_cast<QPushButton*>(focusWidget());
-    } else if (event->matches(QKeySequence::Cancel)) {
-        const auto shows = [](const auto& button) { return button && button->isVisible() && button->isEnabled(); };
-        const auto escape = std::ranges::find_if(escapes_, shows);
-        if (escape != escapes_.end()) pressed = *escape;
-    }
-    if (!pressed) return QWidget::keyPressEvent(event);
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = enter ? qobject_cast<QPushButton*>(focusWidget()) : nullptr;
+    if (!button) return QWidget::keyPressEvent(event);
     event->accept();
-    pressed->click();
+    button->click();
 }
 
 void giveKeys(QWidget& window) {
     giveMnemonics(window);
+    QList<QPushButton*> escapes;
     for (const QLatin1String word : {QLatin1String("Cancel"), QLatin1String("Close"), QLatin1String("Exit")})
         for (QPushButton* button : window.findChildren<QPushButton*>())
-            if (button->text().remove('&') == word) static_cast<FormWindow&>(window).escapes_.emplace_back(button);
+            if (button->text().remove('&') == word) escapes.append(button);
+    // A shortcut and not a key event: lists keep the keys they do not know.
+    auto* escape = new QShortcut(Qt::Key_Escape, &window);
+    QObject::connect(escape, &QShortcut::activated, &window, [escapes] {
+        const auto shown = std::ranges::find_if(escapes, &QWidget::isVisible);
+        if (shown != escapes.end()) (*shown)->click();
+    });
 }
 
 // Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.

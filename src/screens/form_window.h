@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QAbstractButton>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
-#include <vector>
 
 namespace torvane {
 
@@ -35,12 +33,10 @@ protected:
 private:
     friend class Form;
     friend class RunningHandler;
-    friend void giveKeys(QWidget& window);
     void deleteWhenUnused();
 
     Program& program_;
     Form* form_;
-    std::vector<QPointer<QAbstractButton>> escapes_;  // Escape presses the first of them that shows
     int handlers_ = 0;
     int innermost_ = 0;  // the depth of its innermost handler among all that run; 0 while none of its runs
 };
@@ -70,8 +66,8 @@ void asHandler(Program& program, QWidget* window, const std::function<void()>& b
 // shows it, else the active one, else any that shows; null when there is none but `except`.
 QWidget* frontWindow(const QWidget* except = nullptr);
 
-// Gives a window that was drawn by a form file its keys: letters to its buttons, and Escape, which presses its Cancel,
-// Close or Exit.
+// Gives a window that was drawn by a form file its keys: letters to its buttons, and Escape, which presses the first that shows of
+// its Cancel, Close and Exit.
 void giveKeys(QWidget& window);
 
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "screens/form_window.h"
 #include "widgets/units.h"
@@ -14,8 +16,9 @@ namespace {
 
 constexpr double liftInTwips = 250;
 
-// What a small screen does not show can be scrolled to, and what gets the focus comes into view.
-void scrollContents(QWidget& window) {
+// What a small screen does not show can be scrolled to, and what gets the focus comes into view. Gives the width of the
+// scroll bar.
+int scrollContents(QWidget& window) {
     auto* contents = new QWidget;
     contents->setLayout(window.layout());  // takes its controls along
     auto* area = new QScrollArea(&window);
@@ -29,6 +32,7 @@ void scrollContents(QWidget& window) {
     QObject::connect(qApp, &QApplication::focusChanged, area, [area, contents](QWidget*, QWidget* now) {
         if (now && contents->isAncestorOf(now)) area->ensureWidgetVisible(now);
     });
+    return area->verticalScrollBar()->sizeHint().width();
 }
 
 }  // namespace
@@ -56,9 +60,13 @@ void WindowPlacing::place(QWidget& window) {
     if (mainWindow_) rememberMainWindow();
     // The frame of a window that was never shown is not known; the main window's is as good.
     const QSize room = available().size().shrunkBy(frame_);
-    const QSize least = window.minimumSizeHint();
-    if (least.width() > room.width() || least.height() > room.height()) scrollContents(window);
+    QSize least = window.minimumSizeHint();
+    if (least.width() > room.width() || least.height() > room.height()) least.rwidth() += scrollContents(window);
     window.resize((window.size() * fontScale(window)).expandedTo(least).boundedTo(room));
+
+    // Where a text wraps, the narrowest window needs the most height.
+    if (const QLayout* layout = window.layout(); layout && layout->hasHeightForWidth())
+        window.setMinimumHeight(std::min(layout->totalHeightForWidth(least.width()), room.height()));
 
     const QRect main = geometry_.isNull() ? available() : geometry_;
     const QSize whole = window.size().grownBy(frame_);

@@ -134,6 +134,7 @@ void frmMainMenu::buildMenus(QMenuBar& bar) {
         }
         entries_.insert(action->objectName(), action);
     }
+    entries_.value(QStringLiteral("mnuNewEstimate"))->setShortcut(QKeySequence::New);
     giveMnemonics(bar.actions());
     for (const QAction* entry : std::as_const(entries_))
         if (entry->menu()) giveMnemonics(entry->menu()->actions());

@@ -105,22 +105,28 @@ void ReportList::fitColumnsSoon() {
     fitting_.start(0);
 }
 
-// Each column that cuts a text of the rows in view gets its share of what is free.
+// What is free is shared out among the columns that cut a text of the rows in view; the one that lacks least comes
+// first, so that dates and numbers are whole.
 void ReportList::fitColumns() {
     if (dragged_) return;
-    std::vector<int> cut;
+    struct Lack {
+        int pixels;
+        int column;
+    };
+    std::vector<Lack> lacks;
     for (int column = 0; column < columnCount(); ++column) {
         const int given = givenWidths_[static_cast<std::size_t>(column)];
         const int wanted = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
-        cut.push_back(given > 0 ? std::max(0, wanted - given) : 0);
+        if (given > 0) lacks.push_back({std::max(0, wanted - given), column});
     }
-    const int spare = viewport()->width() - std::reduce(givenWidths_.begin(), givenWidths_.end());
-    const int needed = std::reduce(cut.begin(), cut.end());
-    const double share = needed > 0 ? std::clamp(static_cast<double>(spare) / needed, 0.0, 1.0) : 0;
+    std::ranges::sort(lacks, {}, &Lack::pixels);
+    int spare = std::max(0, viewport()->width() - std::reduce(givenWidths_.begin(), givenWidths_.end()));
+    int left = static_cast<int>(lacks.size());
     const QScopedValueRollback own(fittingNow_, true);
-    for (int column = 0; column < columnCount(); ++column) {
-        const auto at = static_cast<std::size_t>(column);
-        if (givenWidths_[at] > 0) setColumnWidth(column, givenWidths_[at] + static_cast<int>(cut[at] * share));
+    for (const auto& [pixels, column] : lacks) {
+        const int more = std::min(pixels, spare / left--);
+        spare -= more;
+        setColumnWidth(column, givenWidths_[static_cast<std::size_t>(column)] + more);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -47,7 +48,8 @@ void CalculatorWindow::build(QWidget& window) {
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
     area->setMinimumSize(panels->sizeHint());
-    window.resize(layout->sizeHint());
+    const int scrollBar = area->verticalScrollBar()->sizeHint().width();
+    window.resize(layout->sizeHint().grownBy({0, 0, scrollBar, 0}));
     area->setMinimumSize(0, 0);
 }
 

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QGraphicsDropShadowEffect>
 #include <QMenu>
+#include <QShortcut>
 
 #include "estimates/screens/area_panel.h"
 #include "estimates/shared_notes.h"
@@ -93,6 +94,9 @@ void frmOrder::connectControls() {
     on(*this, ui().cmdMainHelp, &QAbstractButton::clicked, [this] { program().help(helpContext()); });
     on(*this, ui().cmdOk, &QAbstractButton::clicked, [this] {
         if (ui().CmdSave->isEnabled()) CmdSave_Click();
+    });
+    on(*this, new QShortcut(QKeySequence::Save, &window()), &QShortcut::activated, [this] {
+        if (ui().CmdSave->isVisible()) ui().CmdSave->click();
     });
     lines_.connect();
     connectAreaPanel(*this);
