@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <ranges>
 #include <span>
 #include <utility>
 
@@ -43,7 +42,8 @@ constexpr bool isLetter(char c) {
 // and the points of abbreviations: "sq. ft." closes with "sq ft", and so does "9-sq ft".
 std::optional<std::string_view> before(std::string_view text, std::string_view word) {
     text = trimmed(text);
-    for (const char c : word | std::views::reverse) {
+    for (auto letter = word.rbegin(); letter != word.rend(); ++letter) {
+        const char c = *letter;
         if (c == ' ') continue;
         while (!isDigit(c) && !text.empty() && (isBlank(text.back()) || (isLetter(c) && text.back() == '.')))
             text.remove_suffix(1);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "conversions/measures.h"
 #include "values/numbers.h"
@@ -181,9 +180,11 @@ std::optional<double> readWithWord(std::string_view text, const Unit& unit) {
     const std::string_view one = unit.name.substr(0, unit.name.size() - (unit.name.ends_with('s') ? 1 : 0));
     for (const std::string_view name : {unit.name, one})
         if (const auto value = readNumber(text, name)) return value;
-    for (const auto word : std::views::split(unit.words, '|'))
-        if (const auto value = readNumber(text, std::string_view(word.begin(), word.end())); value && !word.empty())
-            return value;
+    for (std::string_view words = unit.words; !words.empty();) {
+        const std::string_view word = words.substr(0, words.find('|'));
+        if (const auto value = readNumber(text, word)) return value;
+        words.remove_prefix(std::min(words.size(), word.size() + 1));
+    }
     return std::nullopt;
 }
 
