@@ -3,12 +3,45 @@
 #include <QGridLayout>
 #include <QPointer>
 #include <QScreen>
+#include <algorithm>
+#include <string_view>
 
 #include "screens/form_window.h"
 #include "values/failure.h"
 #include "widgets/texts.h"
 
 namespace torvane {
+
+namespace {
+
+constexpr std::string_view wayBack =
+    "Without its data the program does not start. To come back, look into its folder: rename Larkfen.mdb, if it is there, "
+    "and copy your newest backup (.bak) to the name Larkfen.mdb.";
+
+constexpr std::string_view apostrophe =
+    "Often the reason is an apostrophe or a feet mark (') in what was typed: leave it out. See Help, What you should not "
+    "type.";
+
+// What the user can do about a failure, by words of the failure's text.
+struct Advice {
+    std::string_view words;
+    std::string_view whatToDo;
+};
+constexpr Advice advices[] = {
+    {"Type mismatch", "A number was wanted: type digits only, and a decimal point where there are decimals."},
+    {"Overflow", "A number was larger than the program can hold."},
+    {"syntax error", apostrophe},
+    {"unrecognized token", apostrophe},
+    {"unable to open database file", wayBack},
+    {"file is not a database", wayBack},
+    {"no such table", wayBack},
+    {"malformed", wayBack},
+    {"readonly", "Larkfen.mdb, or the folder in which it lies, is write-protected."},
+    {"disk is full", "Make room on the disk first."},
+    {"File not found", "A file of the program is missing. Install the program again; your data stay."},
+};
+
+}  // namespace
 
 void prepareBox(QMessageBox& box, const QString& text, const QString& title, Buttons buttons) {
     box.setObjectName("MessageBox");
@@ -30,18 +63,17 @@ void prepareBox(QMessageBox& box, const QString& text, const QString& title, But
 }
 
 QString errorBoxText(const RuntimeFailure& failure) {
-    QString text = QStringLiteral("Run-time error %1\n\n").arg(failure.number());
-    text += qstring(failure.text());
-    const QString during = failure.during().empty() ? QString() : QStringLiteral(" while ") + qstring(failure.during());
-    text += QStringLiteral(
-                "\n\nThe program met something that it cannot work with%1, and has to end now; what was saved before "
-                "stays.")
-                .arg(during);
+    QString text = QStringLiteral("Run-time error %1\n\n%2").arg(failure.number()).arg(qstring(failure.text()));
     constexpr qsizetype longestRefused = 400;
     QString refused = qstring(failure.refused());
-    if (refused.isEmpty()) return text;
     if (refused.size() > longestRefused) refused = refused.left(longestRefused) + QChar(0x2026);
-    return text + QStringLiteral("\n\nRefused: ") + refused;
+    if (!refused.isEmpty()) text += QStringLiteral("\n\nRefused: ") + refused;
+    const QString during = failure.during().empty() ? QString() : QStringLiteral(" while ") + qstring(failure.during());
+    text += QStringLiteral("\n\nThe program met something that it cannot work with%1, and has to end now.").arg(during);
+    const auto* const advice = std::ranges::find_if(
+        advices, [&failure](const Advice& each) { return failure.text().find(each.words) != std::string::npos; });
+    if (advice != std::end(advices)) text += QStringLiteral("\n\n") + qstring(advice->whatToDo);
+    return text + QStringLiteral("\n\nWhat was not saved is lost. Start the program again.");
 }
 
 int runOverFront(QDialog& dialog) {

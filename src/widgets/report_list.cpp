@@ -1,12 +1,12 @@
 #include "widgets/report_list.h"
 
+#include <QAbstractTableModel>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
 #include <numeric>
@@ -17,29 +17,71 @@
 
 namespace torvane {
 
-namespace {
-
-QStringList qstrings(const std::vector<std::string>& texts) {
-    QStringList list;
-    list.reserve(static_cast<qsizetype>(texts.size()));
-    for (const std::string& text : texts) list.append(qstring(text));
-    return list;
-}
-
-class RightAligned : public QStyledItemDelegate {
+class ReportList::Rows : public QAbstractTableModel {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using QAbstractTableModel::QAbstractTableModel;
 
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    void setColumns(const std::vector<Column>& columns) {
+        beginResetModel();
+        columns_ = columns;
+        rows_.clear();
+        endResetModel();
     }
+    void clear() {
+        beginResetModel();
+        rows_.clear();
+        endResetModel();
+    }
+    void add(const std::vector<std::vector<std::string>>& rows) {
+        if (rows.empty()) return;
+        beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(rows.size()) - 1);
+        for (const std::vector<std::string>& row : rows) rows_.emplace_back(row).resize(columns_.size());
+        endInsertRows();
+    }
+    void remove(int row) {
+        text(row, 0);
+        beginRemoveRows({}, row, row);
+        rows_.erase(rows_.begin() + row);
+        endRemoveRows();
+    }
+    void set(int row, const std::vector<std::string>& texts) {
+        if (texts.empty()) return;
+        text(row, static_cast<int>(texts.size()) - 1);
+        std::ranges::copy(texts, rows_[static_cast<std::size_t>(row)].begin());
+        emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    }
+    // Failure::Subscript when there is no such cell.
+    const std::string& text(int row, int column) const {
+        if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount()) fail(Failure::Subscript);
+        return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+    int columnCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role == Qt::DisplayRole) return qstring(text(index.row(), index.column()));
+        return role == Qt::TextAlignmentRole ? alignment(index.column()) : QVariant();
+    }
+    QVariant headerData(int section, Qt::Orientation, int role) const override {
+        if (role == Qt::DisplayRole) return qstring(columns_[static_cast<std::size_t>(section)].header);
+        return role == Qt::TextAlignmentRole ? alignment(section) : QVariant();
+    }
+
+private:
+    QVariant alignment(int column) const {
+        const bool numeric = columns_[static_cast<std::size_t>(column)].numeric;
+        return QVariant((numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+    std::vector<Column> columns_;
+    std::vector<std::vector<std::string>> rows_;
 };
 
-}  // namespace
-
-ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
+ReportList::ReportList(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
+    setModel(rows_);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setIndentation(0);
@@ -51,6 +93,7 @@ ReportList::ReportList(QWidget* parent) : QTreeWidget(parent) {
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
     header()->setTextElideMode(Qt::ElideRight);
+    header()->setResizeContentsPrecision(0);  // only the rows in view are measured
     fitting_.setSingleShot(true);
     connect(&fitting_, &QTimer::timeout, this, &ReportList::fitColumns);
     connect(header(), &QHeaderView::sectionResized, this, [this] { dragged_ = dragged_ || !fittingNow_; });
@@ -76,26 +119,17 @@ bool ReportList::viewportEvent(QEvent* event) {
             QToolTip::hideText();
         return true;
     }
-    return QTreeWidget::viewportEvent(event);
+    return QTreeView::viewportEvent(event);
 }
 
 void ReportList::setColumns(const std::vector<Column>& columns) {
-    const int count = static_cast<int>(columns.size());
-    setColumnCount(count);
-    auto* captions = new QTreeWidgetItem;
-    auto* right = new RightAligned(this);
-    for (int index = 0; index < count; ++index) {
-        const Column& column = columns[static_cast<std::size_t>(index)];
-        captions->setText(index, qstring(column.header));
-        captions->setTextAlignment(index, (column.numeric ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        setItemDelegateForColumn(index, column.numeric ? right : nullptr);
-    }
-    setHeaderItem(captions);
+    rows_->setColumns(columns);
     const double scale = fontScale(*this);
     givenWidths_.clear();
-    for (int index = 0; index < count; ++index) {
-        givenWidths_.push_back(pixels(columns[static_cast<std::size_t>(index)].twips * scale));
-        setColumnHidden(index, givenWidths_.back() == 0);  // a width of 0 alone could be dragged open
+    for (const Column& column : columns) {
+        givenWidths_.push_back(pixels(column.twips * scale));
+        // A width of 0 alone could be dragged open.
+        setColumnHidden(static_cast<int>(givenWidths_.size()) - 1, givenWidths_.back() == 0);
     }
     dragged_ = false;
     fitColumns();
@@ -131,7 +165,7 @@ void ReportList::fitColumns() {
 }
 
 void ReportList::resizeEvent(QResizeEvent* event) {
-    QTreeWidget::resizeEvent(event);
+    QTreeView::resizeEvent(event);
     fitColumnsSoon();
 }
 
@@ -140,22 +174,26 @@ void ReportList::AddRow(const std::vector<std::string>& texts) {
 }
 
 void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
-    QList<QTreeWidgetItem*> items;
-    items.reserve(static_cast<qsizetype>(rows.size()));
-    for (const std::vector<std::string>& row : rows) items.append(new QTreeWidgetItem(qstrings(row)));
     fitColumnsSoon();
     const bool first = RowCount() == 0;
-    addTopLevelItems(items);
-    if (first && !items.isEmpty()) makeCurrent(*items.constFirst());
+    rows_->add(rows);
+    if (first && !rows.empty()) makeCurrent(0);
+}
+
+void ReportList::clear() {
+    rows_->clear();
 }
 
 void ReportList::RemoveRow(int row) {
-    item(row);
-    delete takeTopLevelItem(row);
+    rows_->remove(row);
 }
 
 int ReportList::RowCount() const {
-    return topLevelItemCount();
+    return rows_->rowCount();
+}
+
+int ReportList::columnCount() const {
+    return rows_->columnCount();
 }
 
 int ReportList::SelectedRow() const {
@@ -164,30 +202,21 @@ int ReportList::SelectedRow() const {
 }
 
 void ReportList::selectRow(int row) {
-    makeCurrent(item(row));
+    rows_->text(row, 0);
+    makeCurrent(row);
 }
 
 // The current cell must be one that is shown: from a hidden one the arrow keys move on, but select nothing.
-void ReportList::makeCurrent(QTreeWidgetItem& row) {
-    setCurrentItem(&row, firstVisibleColumn());
-}
-
-QTreeWidgetItem& ReportList::item(int row) const {
-    if (row < 0 || row >= RowCount()) fail(Failure::Subscript);
-    return *topLevelItem(row);
+void ReportList::makeCurrent(int row) {
+    setCurrentIndex(rows_->index(row, firstVisibleColumn()));
 }
 
 std::string ReportList::Cell(int row, int column) const {
-    if (column < 0 || column >= columnCount()) fail(Failure::Subscript);
-    return utf8(item(row).text(column));
+    return rows_->text(row, column);
 }
 
 void ReportList::setRow(int row, const std::vector<std::string>& texts) {
-    QTreeWidgetItem& changed = item(row);
-    const int count = static_cast<int>(texts.size());
-    if (count > columnCount()) fail(Failure::Subscript);
-    for (int column = 0; column < count; ++column)
-        changed.setText(column, qstring(texts[static_cast<std::size_t>(column)]));
+    rows_->set(row, texts);
     fitColumnsSoon();
 }
 
@@ -207,14 +236,14 @@ void ReportList::keyboardSearch(const QString& search) {
     if (RowCount() == 0) return;
     const int row = std::max(0, currentIndex().row());
     selectionModel()->setCurrentIndex(model()->index(row, firstVisibleColumn()), QItemSelectionModel::NoUpdate);
-    QTreeWidget::keyboardSearch(search);
+    QTreeView::keyboardSearch(search);
 }
 
 // A click beside the rows, or with Control held, would leave the list without a selected row, which none of its buttons
 // can do anything with.
 QItemSelectionModel::SelectionFlags ReportList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
     if (!index.isValid()) return QItemSelectionModel::NoUpdate;
-    const auto flags = QTreeWidget::selectionCommand(index, event);
+    const auto flags = QTreeView::selectionCommand(index, event);
     const bool takesAway = flags & (QItemSelectionModel::Toggle | QItemSelectionModel::Deselect);
     return takesAway ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows : flags;
 }
@@ -226,23 +255,23 @@ void ReportList::keyPressEvent(QKeyEvent* event) {
         if (row < 0) return;
         QStringList texts;
         for (int column = 0; column < columnCount(); ++column)
-            if (!isColumnHidden(column)) texts.append(item(row).text(column));
+            if (!isColumnHidden(column)) texts.append(qstring(Cell(row, column)));
         QApplication::clipboard()->setText(texts.join('\t'));
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
         if (row >= 0) emit DblClick();
     } else {
-        QTreeWidget::keyPressEvent(event);
+        QTreeView::keyPressEvent(event);
     }
 }
 
 void ReportList::mouseDoubleClickEvent(QMouseEvent* event) {
-    QTreeWidget::mouseDoubleClickEvent(event);
+    QTreeView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton) emit DblClick();
 }
 
 void ReportList::mouseReleaseEvent(QMouseEvent* event) {
-    QTreeWidget::mouseReleaseEvent(event);
+    QTreeView::mouseReleaseEvent(event);
     if (event->button() == Qt::RightButton) emit RightClick(event->globalPosition().toPoint());
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QTimer>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +12,7 @@ namespace torvane {
 // carry keys that code reads by index. What the given widths leave free goes to the columns whose texts are cut, until
 // the user drags a width. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the selected
 // row, separated by tabs; Enter is a double click.
-class ReportList : public QTreeWidget {
+class ReportList : public QTreeView {
     Q_OBJECT
 public:
     struct Column {
@@ -21,7 +21,11 @@ public:
         bool numeric = false;  // right-aligned
     };
     explicit ReportList(QWidget* parent = nullptr);
+    // The columns of a list without rows.
     void setColumns(const std::vector<Column>& columns);
+    int columnCount() const;
+    // Removes all rows.
+    void clear();
     // Appends a row, column by column; selects it if it is the first row of the list.
     void AddRow(const std::vector<std::string>& texts);
     // The same for many rows at once.
@@ -58,12 +62,13 @@ protected:
                                                          const QEvent* event = nullptr) const override;
 
 private:
-    QTreeWidgetItem& item(int row) const;
-    void makeCurrent(QTreeWidgetItem& row);
+    class Rows;  // the texts, which the view reads where they lie
+    void makeCurrent(int row);
     int firstVisibleColumn() const;
     void fitColumnsSoon();
     void fitColumns();
 
+    Rows* rows_;
     std::vector<int> givenWidths_;  // pixels
     QTimer fitting_;
     bool fittingNow_ = false;

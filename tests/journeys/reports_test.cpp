@@ -6,6 +6,8 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <filesystem>
 
@@ -121,7 +123,9 @@ TEST_F(ReportsTest, AFileIsWrittenWhollyOrTheOlderStays) {
         if (exports) exportTo(file, {no(overwrite.text, title)});
         for (const auto room : {std::size_t{100}, size - 1}) {
             const FullDisk disk(room);
-            const auto lost = ok("The report could not be written to " + file + ". Nothing was changed there.", title);
+            const auto lost =
+                ok("The report could not be written to " + file + ". Nothing was changed there. Choose another folder.",
+                   title);
             exports ? exportTo(file, {overwrite, lost}) : print(report, file, {lost});
         }
         EXPECT_EQ(bytes(file), "older");
@@ -175,6 +179,18 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
         EXPECT_EQ(text(report, "lblPage"), label);
         EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), usable);
     }
+    // At the ends of a page the keys turn it; there is none before the first.
+    auto& scroll = find<QScrollArea>(report, "scroll");
+    QScrollBar& bar = *scroll.verticalScrollBar();
+    const auto press = [&](Qt::Key pressed, int from) {
+        bar.setValue(from);
+        key(scroll, pressed);
+        return text(report, "lblPage") + (bar.value() == 0 ? " top" : bar.value() == bar.maximum() ? " end" : "");
+    };
+    EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 top");
+    EXPECT_EQ(press(Qt::Key_Down, 0), "Page 1 of 2");
+    EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 top");
+    EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
     const int before = find<QWidget>(report, "page").width();
     go(report, "cmbZoom=200 %");
     EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);

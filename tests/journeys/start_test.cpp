@@ -54,9 +54,10 @@ TEST_F(StartTest, ABadStartEndsBeforeTheMainWindow) {
         bool secondCopy;
         bool withDatabase;
         std::string ended;
-    } rows[] = {{"starting", false, true, "53 "},
-                {"starting a second copy of itself on the same folder", true, true, "91 "},
-                {"starting", false, false, "14 " + data.database()}};
+    } rows[] = {
+        {"starting", false, true, "53 "},
+        {"starting a second time on this folder (it is already running: look for its window)", true, true, "91 "},
+        {"starting", false, false, "14 " + data.database()}};
     for (const auto& row : rows) {
         if (!row.withDatabase) std::filesystem::remove(data.database());
         const RuntimeFailure failure = endOf([&] {

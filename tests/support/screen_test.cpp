@@ -59,10 +59,10 @@ void clickAt(QWidget& control, QPoint position, Qt::MouseButton button) {
 }
 
 QPoint rowCentre(ReportList& list, int row) {
-    QTreeWidgetItem* item = list.topLevelItem(row);
-    if (!item) throw std::out_of_range(nameOf(list) + " has no row " + std::to_string(row));
-    list.scrollToItem(item);
-    const QRect rect = list.visualItemRect(item);
+    const QModelIndex item = list.model()->index(row, 0);
+    if (!item.isValid()) throw std::out_of_range(nameOf(list) + " has no row " + std::to_string(row));
+    list.scrollTo(item);
+    const QRect rect = list.visualRect(item.siblingAtColumn(list.columnAt(0)));
     return {std::min(rect.center().x(), list.viewport()->width() / 2), rect.center().y()};
 }
 

@@ -113,7 +113,7 @@ void pickInTree(QWidget& control, const QString& text) {
 
 void doubleClick(QWidget& control, const QString& row) {
     auto& list = as<ReportList>(control);
-    const QPoint point(30, list.visualItemRect(list.topLevelItem(row.toInt())).center().y());
+    const QPoint point(30, list.visualRect(list.model()->index(row.toInt(), list.columnAt(0))).center().y());
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, point);
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, point);
 }

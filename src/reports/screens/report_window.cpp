@@ -21,7 +21,7 @@ constexpr int zoomSteps[] = {50, 75, 100, 125, 150, 200};
 constexpr int fitToWidth = 0;  // in the place of a percentage
 
 std::string notWritten(const std::string& file) {
-    return "The report could not be written to " + file + ". Nothing was changed there.";
+    return "The report could not be written to " + file + ". Nothing was changed there. Choose another folder.";
 }
 
 }  // namespace
