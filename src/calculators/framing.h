@@ -16,6 +16,9 @@ inline double slopeFactor(double pitch, double runSquared = 1) {
 
 struct WallFraming : Panel {
     WallFraming() : Panel("frmTab9", "Wall Framing Calculator", 109) {
+        for (Wall* wall : {&exterior, &interior})
+            for (Box* box : {&wall->spacing, &wall->corners, &wall->spaces, &wall->openings})
+                box->says = (wall == &exterior ? "Exterior " : "Interior ") + box->label;
         help("cmdHelp2_9", 5, 1,
              "This calculator will give you the total board footage for framed walls. Input values as stated. Add "
              "factors are general, as is labor factor. This estimator is by no means perfect and will only give a "
@@ -98,6 +101,12 @@ struct BoardFoot : Panel {
         heading("Length (feet)", 0, 2);
         heading("Total BF", 0, 3);
         heading("Size (in)", 4, 0);
+        nameRow("Row 1: ", size1, length1, boardFeet1);
+        nameRow("Row 2: ", size2, length2, boardFeet2);
+        nameRow("Row 3: ", size3, length3, boardFeet3);
+        nameRow("Custom size: ", thickness, customLength, customBoardFeet);
+        thickness.says = "Custom size: Thickness (in)";
+        width.says = "Custom size: Width (in)";
         help("cmdHelp2_11", 6, 1,
              "This calculator will give you the board foot measure for 3 standard sizes of wood and 1 custom size. "
              "Input values as stated.");
@@ -130,6 +139,11 @@ struct BoardFoot : Panel {
     Box total = result("txtTab11_11", "Total BF : ", 6, 3);
 
 private:
+    static void nameRow(const std::string& row, Control& size, Control& length, Control& boardFeet) {
+        size.says = row + "Nominal size";
+        length.says = row + "Length (feet)";
+        boardFeet.says = row + "Total BF";
+    }
     static double section(const List& size) { return size.selected() ? size.selected()->factor : 0; }
 };
 

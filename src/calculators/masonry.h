@@ -12,6 +12,8 @@ struct Blocks : Panel {
         blockSize.start = "16";
         heading("Length (Feet) ", 1, 0);
         heading("# of Blocks", 1, 1);
+        calculate.says = "Calculate # of Blocks along the footer";
+        calculateTotal.says = "Calculate Total # of Blocks";
     }
 
     Box blockSize = input("txtTab1_BlockSize", "Size of Each Block (Inches) e.g. 16\" Block", 0, 0);
@@ -44,7 +46,11 @@ private:
 
 // The depth unit stands over the depths, each result beside the input that completes it.
 struct ConcreteMaterials : Panel {
-    ConcreteMaterials() : Panel("frmTab2", "Concrete Materials Calculators", 102) { inches.setAtStart = true; }
+    ConcreteMaterials() : Panel("frmTab2", "Concrete Materials Calculators", 102) {
+        inches.setAtStart = true;
+        inches.says = "Depth in Inches";
+        feet.says = "Depth in Feet";
+    }
     Box length = input("txtTab2_2", "Length (Feet) ", 0, 0);
     Box width = input("txtTab2_1", "Width (Feet) ", 1, 0);
     Option inches = option("Tab2_Option1", "Inches", 2, 0);
@@ -71,6 +77,7 @@ struct ConcreteMaterials : Panel {
 struct BlockWall : Panel {
     BlockWall() : Panel("frmTab3", "Block Wall Calculator", 103) {
         eightInch.setAtStart = true;
+        for (Option* size : {&eightInch, &twelveInch}) size->says = "Block Size " + size->label;
         heading("Block Size", 2, 0);
     }
 
@@ -108,7 +115,10 @@ struct Bricks : Panel {
     // The areas are alike but for the number that ends each name. The user's own rate stands left of its result.
     struct Area : InnerFrame {
         Area(Bricks& in, Text number, Text caption, int atRow, int atColumn)
-            : InnerFrame(in, "ftmTab5_" + number, caption, atRow, atColumn), bricks(in), n(number) {}
+            : InnerFrame(in, "ftmTab5_" + number, caption, atRow, atColumn), bricks(in), n(number) {
+            ownRate.says = atOwnRate.label;
+            atOwnRate.says = "Bricks at that rate";
+        }
 
         Bricks& bricks;
         const std::string n;
@@ -148,6 +158,8 @@ private:
 // perimeter serves both.
 struct FoundationConcrete : Panel {
     FoundationConcrete() : Panel("frmTab8", "Foundation Concrete Calculator", 108) {
+        computeVolumes.says = "Compute Volumes";
+        computeCosts.says = "Compute Costs";
         for (Box* money : {&yardPrice, &material, &labor, &cost}) money->prefix = "$";
         rule(6);
         help("cmdHelp2_8", 8, 1,

@@ -55,6 +55,7 @@ struct ControlFace {
     std::string start = {};                   // text of a box at the start
     bool setAtStart = false;                  // of an option
     bool opensOnFirst = false;                // of a list: set to its first entry each time its panel is shown
+    std::string says = {};                    // its name for who can't see the panel, where its row does not tell it
 };
 
 struct Control : ControlFace {

@@ -6,7 +6,10 @@
 namespace torvane::panels {
 
 struct TankTrenching : Panel {
-    TankTrenching() : Panel("frmTab28", "Trenching for Tanks", 128) { label("Tank is Round?", 0, 0); }
+    TankTrenching() : Panel("frmTab28", "Trenching for Tanks", 128) {
+        label("Tank is Round?", 0, 0);
+        for (Option* answer : {&round, &square}) answer->says = "Tank is Round? " + answer->label;
+    }
     Option round = option("optTab28_1", "Yes", 0, 0);
     Option square = option("optTab28_2", "No", 1, 0);
     Box diameter = input("txtTab28_1", "Diameter if Round", 2, 0, "LF");

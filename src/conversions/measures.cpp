@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 #include <span>
+#include <utility>
 
 #include "values/letters.h"
 #include "values/numbers.h"
@@ -12,28 +13,76 @@ namespace torvane {
 
 namespace {
 
+// The signs of good typography and what they stand for, which is what the readers know.
+constexpr std::pair<std::string_view, std::string_view> plainSigns[] = {
+    {"’", "'"},    {"‘", "'"},    {"′", "'"},      {"´", "'"},      {"”", "\""},   {"“", "\""},   {"″", "\""},
+    {"''", "\""},  {"½", " 1/2"}, {"⅓", " 1/3"},   {"⅔", " 2/3"},   {"¼", " 1/4"}, {"¾", " 3/4"}, {"⅛", " 1/8"},
+    {"⅜", " 3/8"}, {"⅝", " 5/8"}, {"⅞", " 7/8"},   {"⁄", "/"},      {"×", "x"},    {"–", "-"},    {"−", "-"},
+    {"²", "2"},    {"³", "3"},    {"\u00A0", " "}, {"\u202F", " "},
+};
+
+std::string plain(std::string_view text) {
+    std::string result(text);
+    for (const auto& [sign, meaning] : plainSigns)
+        for (auto at = result.find(sign); at != std::string::npos; at = result.find(sign, at + meaning.size()))
+            result.replace(at, sign.size(), meaning);
+    return result;
+}
+
+std::size_t digitsAt(std::string_view text, std::size_t at) {
+    const auto end = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), isDigit);
+    return static_cast<std::size_t>(end - text.begin()) - at;
+}
+
+constexpr bool isLetter(char c) {
+    return lower(c) >= 'a' && lower(c) <= 'z';
+}
+
+// What stands before the word that a text closes with; nothing where it does not. Case does not count, nor do blanks
+// and the points of abbreviations: "sq. ft." closes with "sq ft", and so does "9-sq ft".
+std::optional<std::string_view> before(std::string_view text, std::string_view word) {
+    text = trimmed(text);
+    for (auto letter = word.rbegin(); letter != word.rend(); ++letter) {
+        const char c = *letter;
+        if (c == ' ') continue;
+        while (!isDigit(c) && !text.empty() && (isBlank(text.back()) || (isLetter(c) && text.back() == '.')))
+            text.remove_suffix(1);
+        if (text.empty() || lower(text.back()) != lower(c)) return std::nullopt;
+        text.remove_suffix(1);
+    }
+    text = trimmed(text);
+    if (isLetter(word.front()) && text.ends_with('-')) text.remove_suffix(1);
+    return text;
+}
+
 // Takes a text apart from the front. Each step skips blanks, and takes nothing when it does not succeed.
 class Reader {
 public:
-    explicit Reader(std::string_view text) : rest_(text) {}
+    explicit Reader(std::string_view text) : text_(plain(text)), rest_(text_) {}
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
 
     bool atEnd() const { return trimmed(rest_).empty(); }
 
-    // In any case; blanks may stand in the text where they stand in the word or not.
+    // In any case, with the point of an abbreviation.
     bool take(std::string_view word) {
-        std::string_view rest = rest_;
-        for (const char c : word) {
-            if (c == ' ') continue;
-            rest = trimmed(rest);
-            if (rest.empty() || lower(rest.front()) != lower(c)) return false;
-            rest.remove_prefix(1);
-        }
-        rest_ = rest;
+        const std::string_view rest = trimmed(rest_);
+        if (!beginsWith(rest, word)) return false;
+        rest_ = rest.substr(word.size());
+        if (isLetter(word.back()) && rest_.starts_with('.')) rest_.remove_prefix(1);
         return true;
     }
 
     bool takeAny(std::span<const std::string_view> words) {
         return std::ranges::any_of(words, [this](std::string_view word) { return take(word); });
+    }
+    bool takeInch() {
+        constexpr std::string_view inch[] = {"\"", "inches", "inch", "in"};
+        return takeAny(inch);
+    }
+    bool takeFeet() {
+        constexpr std::string_view feet[] = {"'", "feet", "foot", "ft"};
+        return takeAny(feet);
     }
 
     double takeSign() {
@@ -56,13 +105,43 @@ public:
         return first;
     }
 
+    // Feet and inches, in inches, to the end of the text. A number without a mark is feet; inches behind such a number
+    // are taken where `bare` allows it.
+    std::optional<double> feetInches(bool bare) {
+        auto amount = quantity();
+        if (!amount) return std::nullopt;
+        if (!takeInch()) {
+            const bool marked = takeFeet();
+            *amount *= 12;
+            if (!atEnd()) {
+                if (!marked && !bare) return std::nullopt;
+                constexpr std::string_view between[] = {"-", ",", "and"};
+                takeAny(between);
+                const auto inches = quantity();
+                if (!inches) return std::nullopt;
+                *amount += *inches;
+                takeInch();
+            }
+        }
+        return atEnd() ? amount : std::nullopt;
+    }
+
     // Without a sign.
     std::optional<double> number() {
         rest_ = trimmed(rest_);
         if (rest_.starts_with('-') || rest_.starts_with('+')) return std::nullopt;
-        const auto [length, value] = numberPrefix(rest_);
-        rest_.remove_prefix(length);
-        return length > 0 ? value : std::nullopt;
+        std::string digits(rest_);
+        std::size_t commas = 0;
+        // 1250,000 and 0,250 are no thousands.
+        std::size_t at = digits.starts_with('0') ? 0 : digitsAt(digits, 0);
+        for (at = at > 3 ? 0 : at; at > 0 && digits.substr(at, 1) == ","; at += 3, ++commas) {
+            if (digitsAt(digits, at + 1) != 3) return std::nullopt;
+            digits.erase(at, 1);
+        }
+        const auto [length, value] = numberPrefix(digits);
+        if (length == 0) return std::nullopt;
+        rest_.remove_prefix(length + commas);
+        return value;
     }
 
 private:
@@ -72,40 +151,31 @@ private:
         return top / *bottom;
     }
 
+    const std::string text_;
     std::string_view rest_;
 };
 
 }  // namespace
 
-std::optional<double> readNumber(std::string_view text, std::string_view symbol) {
+std::optional<double> readNumber(std::string_view text) {
     Reader reader(text);
     const double sign = reader.takeSign();
     const auto value = reader.quantity();
-    reader.take(symbol);
     if (!value || !reader.atEnd()) return std::nullopt;
     return sign * *value;
 }
 
-std::optional<double> readFeetInches(std::string_view text) {
-    constexpr std::string_view feet[] = {"'", "′", "feet", "foot", "ft"};
-    constexpr std::string_view inch[] = {"\"", "''", "″", "inches", "inch", "in"};
+std::optional<double> readNumber(std::string_view text, std::string_view word) {
+    const std::string signs = plain(text);
+    const auto number = before(signs, word);
+    return number ? readNumber(*number) : std::nullopt;
+}
+
+std::optional<double> readFeetInches(std::string_view text, bool bare) {
     Reader reader(text);
     const double sign = reader.takeSign();
-    auto amount = reader.quantity();
-    if (!amount) return std::nullopt;
-    if (!reader.takeAny(inch)) {
-        reader.takeAny(feet);
-        *amount *= 12;
-        if (!reader.atEnd()) {
-            reader.take("-");
-            const auto inches = reader.quantity();
-            if (!inches) return std::nullopt;
-            *amount += *inches;
-            reader.takeAny(inch);
-        }
-    }
-    if (!reader.atEnd()) return std::nullopt;
-    return sign * *amount;
+    const auto inches = reader.feetInches(bare);
+    return inches ? std::optional(sign * *inches) : std::nullopt;
 }
 
 std::string writeFeetInches(double inches, int denominator) {
@@ -143,17 +213,18 @@ std::string writeRatio(double slope) {
 }
 
 std::optional<Piece> readPiece(std::string_view text) {
-    constexpr std::string_view by[] = {"x", "×", "*"};
+    static constexpr std::string_view by[] = {"x", "*", "by"};
     Reader reader(text);
-    double sides[3] = {};
-    for (double& side : sides) {
-        if (&side != sides && !reader.takeAny(by)) return std::nullopt;
-        const auto value = reader.quantity();
-        if (!value) return std::nullopt;
-        side = *value;
-    }
-    if (!reader.atEnd()) return std::nullopt;
-    return Piece{sides[0], sides[1], sides[2]};
+    const auto side = [&reader] {
+        const auto inches = reader.quantity();
+        reader.takeInch();
+        return reader.takeAny(by) ? inches : std::nullopt;
+    };
+    const auto thickness = side();
+    const auto width = side();
+    const auto length = reader.feetInches(false);
+    if (!thickness || !width || !length) return std::nullopt;
+    return Piece{*thickness, *width, *length / 12};
 }
 
 std::string writePiece(double boardFeet, const Piece& like) {

@@ -7,13 +7,17 @@
 namespace torvane {
 
 // Measures as builders write them, to number and back. "Nothing" is the answer to a text that is not wholly understood.
+// Letters may be of either case, marks and fractions those of good typography: 5½” is 5 1/2". Commas may stand between
+// thousands, and nowhere else.
 
-// A number, perhaps with a fraction: "12", "6 1/2", "6-1/2", "3/4", "1e3", with a sign before it. The text may close
-// with `symbol`, in any case and with blanks anywhere.
-std::optional<double> readNumber(std::string_view text, std::string_view symbol = {});
+// A number, perhaps with a fraction: "1,250", "6 1/2", "6-1/2", "3/4", "1e3", with a sign before it.
+std::optional<double> readNumber(std::string_view text);
+// A number with this word behind it. Blanks and the points of abbreviations do not count: "9 sq. ft." has "sq ft".
+std::optional<double> readNumber(std::string_view text, std::string_view word);
 
-// Inches: 12' 6 1/2", 12 ft 6 in, 12'-6-1/2", 7/8". A first number without a mark is feet, one after the feet inches.
-std::optional<double> readFeetInches(std::string_view text);
+// Inches: 12' 6 1/2", 12 ft. 6 in., 12'-6-1/2", 7/8". A first number without a mark is feet; where `bare` is set, one
+// behind it is inches, 12 6 1/2.
+std::optional<double> readFeetInches(std::string_view text, bool bare);
 // To the nearest 1/denominator of an inch, half to even, the fraction in lowest terms: 12' 6 1/2", 9", 1' 0".
 // Empty from 1E15 inches up.
 std::string writeFeetInches(double inches, int denominator);
@@ -24,7 +28,7 @@ std::optional<double> readRatio(std::string_view text);
 // 1:n. Empty where the slope is 0, which no n gives.
 std::string writeRatio(double slope);
 
-// A piece of lumber: "2 x 6 x 14", nominal inches by inches by feet.
+// A piece of lumber, nominal inches by inches by feet: "2 x 6 x 14", 2" x 6" x 14' 6", "2 by 6 by 14".
 struct Piece {
     double thickness = 1;
     double width = 12;

@@ -10,6 +10,7 @@ namespace torvane {
 enum class Notation {
     Number,
     Temperature,  // a number on a scale with a zero of its own
+    Feet,         // a number, or feet and inches to be read
     FeetInches,
     Angle,  // of a slope, in degrees
     Ratio,
@@ -18,8 +19,8 @@ enum class Notation {
 
 struct Unit {
     std::string_view name;
-    std::string_view symbol;  // may be typed behind a number
-    long double factor = 1;   // of the base unit of its category
+    std::string_view words;  // what may stand behind a number besides the name, between bars: "in|inch"
+    long double factor = 1;  // of the base unit of its category
     Notation notation = Notation::Number;
     double zero = 0;                // of a temperature: what the base unit's 0 is on this scale
     std::string_view example = {};  // of a notation that a person may not know
@@ -40,7 +41,10 @@ struct ResultForm {
     std::string_view replaced = {};  // the text whose place the result takes: its size of lumber stays
 };
 
-// The text of the same amount in another unit of the category; empty when the text can't be understood, or when the
+// Whether a text is an amount of the unit, or of another one of its category that it tells: 12' 6" under meters.
+bool understood(std::string_view text, const Unit& unit);
+
+// The text of the same amount in another unit of the category; empty when the text is not understood, or when the
 // other unit has no such amount (a ratio for no slope, an angle of 90 degrees, numbers beyond the range of a double).
 std::string converted(std::string_view text, const Unit& from, const Unit& to, const ResultForm& form = {});
 

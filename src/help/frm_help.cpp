@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTreeWidgetItemIterator>
 
 #include "help/help_book.h"
@@ -100,6 +101,7 @@ void frmHelp::Form_Load() {
     const int contentsWidth = static_cast<int>(260 * fontScale(window()));
     ui().Splitter->setSizes({contentsWidth, window().width() - contentsWidth});
     ui().Splitter->setStretchFactor(1, 1);
+    ui().TabStrip1->tabBar()->setAccessibleName(QStringLiteral("Tabs"));  // it has no name but the tab's in front
     ui().cmdBack->setEnabled(false);
     ui().cmdForward->setEnabled(false);
     connectControls();

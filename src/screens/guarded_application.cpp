@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "screens/program.h"
+#include "widgets/roles.h"
 #include "widgets/style.h"
 
 namespace torvane {
@@ -30,6 +31,7 @@ GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(ar
     // not answer. Below what is no folder there is no such file.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     applyStyle(*this);
+    installRoles();
 }
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {

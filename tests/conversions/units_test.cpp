@@ -18,7 +18,7 @@ const Unit& unit(std::string_view category, std::string_view name) {
 TEST(Conversions, EqualAmounts) {
     const std::pair<const char*, const char*> rows[] = {
         {"Length",
-         "Miles=1;Feet and inches=5280' 0\";Inches=63360;Feet=5280;Yards=1760;Rods=320;Chains=80;Miles=1;"
+         "Miles=1;Feet and inches=5280' 0\";Mils=63360000;Inches=63360;Feet=5280;Yards=1760;Rods=320;Chains=80;Miles=1;"
          "Millimeters=1609344;Centimeters=160934.4;Meters=1609.344;Kilometers=1.609344"},
         {"Area",
          "Square miles=1;Square inches=4014489600;Square feet=27878400;Square yards=3097600;"
@@ -37,6 +37,13 @@ TEST(Conversions, EqualAmounts) {
          "Kips per sq inch=1;Pounds per sq inch=1000;Pounds per sq foot=144000;Inches of water=27679.9047102031;"
          "Feet of water=2306.65872585026;Atmospheres=68.0459639098777;Bars=68.9475729316836;"
          "Pascals=6894757.29316836;Kilopascals=6894.75729316836;Megapascals=6.89475729316836"},
+        {"Power",
+         "Tons of cooling=1;BTU per hour=12000;Thousand BTU per hour=12;Horsepower=4.71617734706645;"
+         "Watts=3516.85284206667;Kilowatts=3.51685284206667"},
+        {"Flow",
+         "Cubic feet per second=1;Cubic feet per minute=60;Gallons per minute=448.831168831169;"
+         "Gallons per hour=26929.8701298701;Liters per second=28.316846592;Liters per minute=1699.01079552;"
+         "Cubic meters per hour=101.9406477312"},
         {"Angle",
          "Turns=0.25;Degrees=90;Minutes of arc=5400;Seconds of arc=324000;Radians=1.5707963267949;Gradians=100"},
         {"Slope", "Degrees=45;Rise in 12=12;Percent=100;Ratio, rise to run=1:1"},
@@ -64,7 +71,11 @@ TEST(Conversions, TextsOfUsers) {
     const std::tuple<const char*, const char*, const char*, std::vector<const char*>, const char*> rows[] = {
         {"Length", "Inches", "Inches", {" - 6-1/2 IN", "-6.5", "- 5 3/2 in"}, "-6.5"},
         {"Length", "Feet", "Feet", {"+ 12 3/4", "51/4ft"}, "12.75"},
-        {"Length", "Feet", "Inches", {"1,250", "1/0", "--1", "", "nan", "12 in"}, ""},
+        {"Length", "Feet", "Feet", {"1,234,567", "1,234,567.0 feet"}, "1234567"},
+        {"Length", "Meters", "Inches", {"12 ft. 6 in.", "12’ 6”", "150\"", "12 ft, 6 in", "12½-foot"}, "150"},
+        {"Area", "Square feet", "Square feet", {"2 sq. yds.", "18", "18 sf", "2 Square yard"}, "18"},
+        {"Temperature", "Celsius", "Celsius", {"212°F", "100"}, "100"},
+        {"Length", "Feet", "Inches", {"7,5", "0,250", "12 6 1/2", "12 apples", "1/0", "--1", "", "nan"}, ""},
         {"Length",
          "Feet and inches",
          "Inches",
@@ -81,11 +92,18 @@ TEST(Conversions, TextsOfUsers) {
         {"Slope", "Ratio, rise to run", "Percent", {"6 / 12", "1:2", "2"}, "50"},
         {"Slope", "Ratio, rise to run", "Percent", {"-8", "-1:8"}, "-12.5"},
         {"Slope", "Ratio, rise to run", "Percent", {"1:0", "1:", "x"}, ""},
+        {"Slope", "Rise in 12", "Percent", {"6/12", "6 in 12", "6\" per foot", "1:2", "6", "50%"}, "50"},
         {"Slope", "Degrees", "Rise in 12", {"30"}, "6.92820323027551"},
         {"Slope", "Degrees", "Percent", {"90", "-90"}, ""},
         {"Board feet", "Inches x inches x feet", "Board feet", {"5/4*6X8", "1 1/4 x 6 x 8"}, "5"},
-        {"Board feet", "Inches x inches x feet", "Board feet", {"2 x 6", "2 x 6 x 8 x"}, ""},
+        {"Board feet", "Inches x inches x feet", "Board feet", {"2 x 6", "2 x 6 x 8 x", "2x6x14 6", "12 ft"}, ""},
+        {"Board feet",
+         "Inches x inches x feet",
+         "Board feet",
+         {"2\" x 6\" x 14' 6\"", "2 by 6 by 14.5 ft", "2x6x174\"", "14.5 bf"},
+         "14.5"},
         {"Board feet", "Board feet", "Inches x inches x feet", {"-20"}, ""},
+        {"Board feet", "Feet of 2 x 4", "Board feet", {"12' 6\"", "12.5", "12.5 ft"}, "8.33333333333333"},
     };
     for (const auto& [category, from, to, texts, result] : rows)
         for (const char* text : texts)

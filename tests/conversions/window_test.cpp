@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
@@ -19,7 +20,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(focusControls(window).nameless, std::set<std::string>{});
+    EXPECT_EQ(unclearControls(window), std::set<std::string>{});
     auto& left = find<QLineEdit>(window, "txtLeft");
     auto& right = find<QLineEdit>(window, "txtRight");
     EXPECT_EQ(utf8(left.selectedText()), "12' 6 1/2\"") << "what is typed takes its place";
@@ -27,7 +28,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
         {"txtLeft", "10'", "10'", "3.048"},
         {"lstRight", "Yards", "10'", "3.33333333333333"},
-        {"lstLeft", "Feet", "10'", ""},
+        {"lstLeft", "Feet", "10'", "3.33333333333333"},
         {"txtRight", "4", "12", "4"},
         {"lstLeft", "Inches", "144", "4"},
         {"lstLeft", "Feet and inches", "12' 0\"", "4"},
@@ -64,6 +65,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     EXPECT_EQ(copied(left), "12' 6 1/2\"") << "what is selected";
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
     type(left, "x");
+    EXPECT_EQ(utf8(find<QLabel>(window, "lblLeft").text()), "Not understood");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227") << "there is no result";
     QTest::keyClick(&left, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());

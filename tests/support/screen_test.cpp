@@ -4,6 +4,7 @@
 #include <unistd.h>
 #include <QAccessible>
 #include <QAction>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
@@ -124,15 +125,22 @@ Texts rows(const QWidget& in) {
     return all;
 }
 
-FocusControls focusControls(QWidget& window) {
-    FocusControls found;
+std::set<std::string> unclearControls(QWidget& window) {
+    std::map<QString, std::vector<std::string>> places;
     for (QWidget* control : window.findChildren<QWidget*>()) {
         const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control);
-        if (control->isVisible() && !nameOf(*control).starts_with("qt_") && told->state().focusable &&
-            told->text(QAccessible::Name).trimmed().isEmpty())
-            found.nameless.insert(nameOf(*control->parent()) + "/" + nameOf(*control));
+        if (!control->isVisible() || nameOf(*control).starts_with("qt_") || !told->state().focusable) continue;
+        QString name = told->text(QAccessible::Name);
+        // Of a drop-down list that is the entry that is selected; it is known by its description or its label.
+        if (qobject_cast<QComboBox*>(control)) name = told->text(QAccessible::Description);
+        const auto labels = told->relations(QAccessible::Label);
+        if (name.isEmpty() && !labels.isEmpty()) name = labels.constFirst().first->text(QAccessible::Name);
+        places[name.trimmed()].push_back(nameOf(*control->parent()) + "/" + nameOf(*control));
     }
-    return found;
+    std::set<std::string> unclear;
+    for (const auto& [name, controls] : places)
+        if (name.isEmpty() || controls.size() > 1) unclear.insert(controls.begin(), controls.end());
+    return unclear;
 }
 
 void click(QWidget& control, Qt::MouseButton button) {

@@ -3,14 +3,17 @@
 //   Speak.exe <engine> <text>
 //
 // It ends with status 0 when the text has been said and 1 when the engine can't. When its standard input ends nobody
-// wants to hear the rest, and it stops.
+// wants to hear the rest, and it stops, whatever the engine is doing.
 
 #include <QCoreApplication>
 #include <QLocale>
 #include <QSocketNotifier>
 #include <QTextToSpeech>
 #include <QTimer>
+#include <chrono>
+#include <cstdio>
 #include <cstdlib>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -68,12 +71,21 @@ private:
     int refused_ = 0;
 };
 
+// An engine that waits for a service which does not answer lets no event through. The end of the standard input, which
+// comes however the program that asked has ended, is heard all the same.
+void endWithStandardInput() {
+    while (std::getchar() != EOF) continue;
+    std::this_thread::sleep_for(std::chrono::milliseconds(400));  // for those that can still stop in order
+    std::_Exit(0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
     if (words.size() != 3) return 2;
+    std::thread(endWithStandardInput).detach();
     const Speaker speaker(words.at(1), words.at(2));
     return QCoreApplication::exec();
 }

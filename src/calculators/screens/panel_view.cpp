@@ -19,6 +19,7 @@ namespace {
 // A cell of the panel's grid takes five columns of the layout.
 enum Part { labelPart, prefixPart, boxPart, unitPart, gapPart, partsInACell };
 
+constexpr int firstRow = 1;  // under the caption of the tab
 constexpr int digitsTyped = 10;
 constexpr int digitsOfAResult = 17;  // with its point, and the space around it
 constexpr QRgb resultColour = qRgb(255, 255, 192);
@@ -30,16 +31,24 @@ PanelView::PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent)
     panel_->desk = this;
     setObjectName(qstring(panel_->frame));
     setTitle(qstring(panel_->caption));
-    new QGridLayout(this);
+    auto* grid = new QGridLayout(this);
+    caption_ = new QLabel(this);
+    caption_->setVisible(panel_->caption.empty());
+    QFont bold = caption_->font();
+    bold.setBold(true);
+    caption_->setFont(bold);
+    grid->addWidget(caption_, 0, 0, 1, -1);
     for (const Control* control : panel_->controls()) {
         QWidget* made = make(*control, gridOf(control->frame).parentWidget());
+        if (made->focusPolicy() & Qt::TabFocus && made->accessibleName().isEmpty())
+            made->setAccessibleName(spokenName(*control));
         made->setObjectName(qstring(control->name));
         widgets_.emplace(control, made);
         place(*control);
     }
-    for (QGridLayout* grid : findChildren<QGridLayout*>()) {
-        grid->setRowStretch(grid->rowCount(), 1);
-        grid->setColumnStretch(grid->columnCount(), 1);
+    for (QGridLayout* one : findChildren<QGridLayout*>()) {
+        one->setRowStretch(one->rowCount(), 1);
+        one->setColumnStretch(one->columnCount(), 1);
     }
 }
 
@@ -90,7 +99,6 @@ QWidget* PanelView::makeBox(const Control& box, QWidget* parent) const {
     made->setText(box.start);
     made->setAlignment(Qt::AlignRight);
     made->setFixedWidth(made->fontMetrics().horizontalAdvance('0') * digitsIn(box));
-    made->setAccessibleName(spokenName(box));
     if (box.kind == ControlKind::Result) {
         made->setReadOnly(true);
         QPalette colours = made->palette();
@@ -113,7 +121,8 @@ int PanelView::digitsIn(const Control& box) const {
 QWidget* PanelView::makeList(const Control& list, QWidget* parent) const {
     auto* made = new DropList(parent);
     for (const ListEntry& entry : list.entries) made->AddItem(entry.text, entry.itemData);
-    made->setAccessibleName(spokenName(list));
+    // Its name is the entry that is selected.
+    if (list.label.empty()) made->setAccessibleDescription(spokenName(list));
     return made;
 }
 
@@ -134,17 +143,31 @@ QWidget* PanelView::makeHelp(const Control& control, QWidget* parent) {
     return made;
 }
 
-// What a screen reader says of a box: the words of its row that stand before it, the heading over it, its unit.
+// What a screen reader says of a control: the frame in which it stands, the words of its row that stand before it, the
+// heading over its rows, its unit.
 QString PanelView::spokenName(const Control& control) const {
+    const std::string frame = control.frame ? control.frame->label + ' ' : std::string();
+    if (!control.says.empty()) return qstring(frame + control.says).simplified();
     std::string_view row = control.label;
-    std::string_view heading;
-    for (const Control* other : panel_->controls()) {
-        if (other->frame != control.frame) continue;
-        if (other->row == control.row && other->column <= control.column && row.empty()) row = other->label;
-        if (other->kind == ControlKind::Heading && other->column == control.column && other->row < control.row)
-            heading = other->label;
+    for (const Control* other : panel_->controls())
+        if (other->frame == control.frame && other->row == control.row && other->column <= control.column &&
+            row.empty())
+            row = other->label;
+    const std::string name = frame + std::string(row) + ' ' + std::string(headingOver(control)) + ' ' + control.unit;
+    return qstring(name).simplified();
+}
+
+// A heading names the boxes under it, down to the first row that has none.
+std::string_view PanelView::headingOver(const Control& control) const {
+    const auto& all = panel_->controls();
+    for (int row = control.row; row >= 0; --row) {
+        const auto above = std::ranges::find_if(all, [&](const Control* one) {
+            return one->frame == control.frame && one->column == control.column && one->row == row;
+        });
+        if (above == all.end() || (*above)->kind == ControlKind::Button) break;
+        if ((*above)->kind == ControlKind::Heading) return (*above)->label;
     }
-    return (qstring(row) + ' ' + qstring(heading) + ' ' + qstring(control.unit)).simplified();
+    return {};
 }
 
 // --- Placing them ----------------------------------------------------------------------------------------------------
@@ -155,7 +178,7 @@ void PanelView::place(const Control& control) {
     const int first = control.column * partsInACell;
     grid.setColumnMinimumWidth(first + gapPart, fontMetrics().horizontalAdvance('0'));
     const auto put = [&](QWidget* widget, Part part, int columns = 1) {
-        grid.addWidget(widget, control.row, first + part, 1, columns);
+        grid.addWidget(widget, control.row + firstRow, first + part, 1, columns);
     };
     const auto putWords = [&](const std::string& text, Part part) {
         if (text.empty()) return;
@@ -210,6 +233,8 @@ void PanelView::keyPressEvent(QKeyEvent* event) {
 
 void PanelView::open(std::string_view tab) {
     tab_ = tab;
+    caption_->setText(qstring(tab));
+    if (panel_->caption.empty()) setAccessibleName(qstring(tab));
     for (const Control* control : panel_->controls())
         if (control->kind == ControlKind::List && control->opensOnFirst)
             static_cast<DropList*>(widgets_.at(control))->select(0);

@@ -8,11 +8,12 @@
 #include "screens/form.h"
 
 class QGridLayout;
+class QLabel;
 
 namespace torvane {
 
-// A panel on the screen: a frame with the panel's controls, which presses no key of its own but Enter: in a box it
-// presses the button that follows.
+// A panel on the screen: a frame with the panel's controls, under the caption of the tab where the frame has none. It
+// presses no key of its own but Enter: in a box it presses the button that follows.
 class PanelView : public QGroupBox, private PanelDesk {
     Q_OBJECT
 public:
@@ -37,6 +38,7 @@ private:
     QWidget* makeHelp(const Control& control, QWidget* parent);
     int digitsIn(const Control& box) const;
     QString spokenName(const Control& control) const;
+    std::string_view headingOver(const Control& control) const;
     void place(const Control& control);
     bool sharesItsCell(const Control& control) const;
     void keyPressEvent(QKeyEvent* event) override;
@@ -44,6 +46,7 @@ private:
     Form& form_;
     const std::unique_ptr<Panel> panel_;
     std::string_view tab_;
+    QLabel* caption_ = nullptr;  // the tab's, over a panel that has none of its own
     std::map<const Control*, QWidget*> widgets_;
 };
 

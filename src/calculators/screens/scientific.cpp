@@ -215,7 +215,7 @@ QWidget* scientific::buildAngle() {
     for (const auto& [caption, says] : units) {
         auto* option = new QRadioButton(QLatin1String(caption), frame);
         option->setObjectName(QStringLiteral("Option2_%1").arg(index));
-        option->setAccessibleName(QLatin1String(says));
+        option->setAccessibleName(QStringLiteral("angle in ") + QLatin1String(says));
         option->setToolTip(QLatin1String(says));
         option->setChecked(index == 0);
         on(*this, option, &QAbstractButton::toggled, [this, index](bool chosen) {

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QToolButton>
 
+#include "widgets/roles.h"
+
 namespace torvane {
 
 namespace {
@@ -42,6 +44,8 @@ protected:
 
 TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(this)) {
     auto* layout = new QGridLayout(this);
+    setRole(*this, QAccessible::PageTabList);
+    setAccessibleName(QStringLiteral("Calculators"));
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     for (int column = 0; column < tabsInARow; ++column) layout->setColumnStretch(column, 1);
@@ -51,8 +55,10 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(th
 void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     const int index = static_cast<int>(tabs_->buttons().size());
     auto* tab = new Tab(this);
+    setRole(*tab, QAccessible::PageTab);
     tab->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
     tab->setText(caption);
+    tab->setAccessibleName(caption);
     tab->setToolTip(toolTip);
     tab->setCheckable(true);
     tab->setChecked(index == 0);

@@ -119,7 +119,15 @@ void ConversionWindow::addSide(QGridLayout& grid, int index, const QString& name
     const QSize room = roomForUnits(*side.units);
     side.units->setMinimumSize(room.width(), room.height() / 2);
     side.units->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    grid.addWidget(caption, 2, column);
+    side.word = new QLabel;
+    side.word->setObjectName("lbl" + name);
+    QFont bold = side.word->font();
+    bold.setBold(true);
+    side.word->setFont(bold);
+    auto* head = new QHBoxLayout;
+    head->addWidget(caption, 1);
+    head->addWidget(side.word);
+    grid.addLayout(head, 2, column);
     grid.addWidget(side.box, 3, column);
     grid.addWidget(side.units, 4, column);
 
@@ -150,9 +158,18 @@ void ConversionWindow::follow() {
     source.box->setPlaceholderText(qstring(from.example));
     result.box->setPlaceholderText(qstring(to.example));
     if (!result.box->text().isEmpty()) result.lastText = utf8(result.box->text());
-    result.box->setText(
-        qstring(converted(utf8(source.box->text()), from, to, {fractions_->currentData().toInt(), result.lastText})));
+    const std::string text = utf8(source.box->text());
+    result.box->setText(qstring(converted(text, from, to, {fractions_->currentData().toInt(), result.lastText})));
+    const bool empty = source.box->text().trimmed().isEmpty();
+    const bool read = understood(text, from);
+    tell(source, empty || read ? QString() : QStringLiteral("Not understood"));
+    tell(result, read && result.box->text().isEmpty() ? QStringLiteral("No such amount") : QString());
     result.box->setCursorPosition(0);
+}
+
+void ConversionWindow::tell(const Side& side, const QString& word) {
+    side.word->setText(word);
+    side.box->setAccessibleDescription(word);
 }
 
 void ConversionWindow::copy() const {

@@ -6,6 +6,7 @@
 
 class QComboBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 class QListWidget;
 
@@ -14,7 +15,7 @@ namespace torvane {
 struct Category;
 
 // The window "Conversions": two boxes with the units of a category under each. What is typed on one side stays, and the
-// other side follows at once, also when a unit is chosen on either side.
+// other side follows at once, also when a unit is chosen on either side. A word over a box says why nothing follows.
 class ConversionWindow : public QWidget {
     Q_OBJECT
 public:
@@ -27,11 +28,13 @@ private:
     struct Side {
         QLineEdit* box = nullptr;
         QListWidget* units = nullptr;
+        QLabel* word = nullptr;
         std::string lastText;  // the last one that was not empty
     };
     void addSide(QGridLayout& grid, int index, const QString& name, const QString& label);
     void startCategory(int index);
     void follow();
+    static void tell(const Side& side, const QString& word);
     void copy() const;
 
     std::array<Side, 2> sides_;
