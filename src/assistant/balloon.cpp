@@ -129,13 +129,14 @@ void Balloon::placeAt(const QRect& character, const QRect& screen) {
     area_->setGeometry(box.toAlignedRect().adjusted(padding, padding, -padding + 1, -padding + 1));
     label_->resize(inner.width() - bar, std::max(text.height(), inner.height()));
 
+    update();
+    if (!isWindow()) return;
     QImage shape(size(), QImage::Format_ARGB32_Premultiplied);
     shape.fill(Qt::transparent);
     QPainter painter(&shape);
     draw(painter);
     painter.end();
     setMask(seenRegion(shape));
-    update();
 }
 
 void Balloon::draw(QPainter& painter) const {
