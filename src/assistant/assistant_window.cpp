@@ -11,16 +11,11 @@
 #include <QWindow>
 
 #include "assistant/balloon.h"
-#include "screens/form_window.h"
 
 namespace torvane {
 
-bool AssistantWindow::desktopPlacesWindows() {
-    return !QGuiApplication::platformName().startsWith("wayland");
-}
-
 AssistantWindow::AssistantWindow(const QSize& size, bool ofItsOwn)
-    // A tool tip's window is the one kind that no desktop with places gives the focus to.
+    // A tool tip's window is the one kind that no other desktop gives the focus to.
     : QWidget(nullptr,
               ofItsOwn ? Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus
                        : Qt::WindowFlags()),

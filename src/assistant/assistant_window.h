@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <string>
 
+#include "screens/form_window.h"
+
 namespace torvane {
 
 class Balloon;
@@ -16,14 +18,13 @@ class Balloon;
 // any window, asks for the text to go, and only without a text is Escape the window's own; the character can be
 // dragged, and its menu sends it away.
 //
-// Where the program can't place its windows it can't be a window of its own: there each new window has the focus, none
-// stays above the others, and a mask does not count. It is a part of the window in front then, and its places are those
-// in that window.
+// On Wayland it is a part of the window in front instead, and its places are those in that window: a window of its own
+// would take the keys each time it appears, and lie below the others.
 class AssistantWindow : public QWidget {
     Q_OBJECT
 public:
     // As large as the drawings; a window of its own or a part of the one in front.
-    explicit AssistantWindow(const QSize& size, bool ofItsOwn = desktopPlacesWindows());
+    explicit AssistantWindow(const QSize& size, bool ofItsOwn = !onWayland());
     ~AssistantWindow() override;
 
     void enter();
@@ -52,7 +53,6 @@ private:
         QRegion mask;
     };
     const Picture& picture(const QByteArray& drawing);
-    static bool desktopPlacesWindows();
     QRect roomAt(const QPoint& place) const;
     bool textShown() const;
     void placeBalloon();

@@ -16,8 +16,9 @@ public:
     explicit Balloon(QWidget* character);
 
     void setText(const QString& text);
-    // Puts the balloon above the character's rectangle, else beside or below it, wholly on the screen, or in the window that is given as one.
-    void placeAt(const QRect& character, const QRect& screen);
+    // Puts the balloon above the character's rectangle, else beside or below it, wholly in the room: the screen, or the
+    // window of which it is a part.
+    void placeAt(const QRect& character, const QRect& room);
 
 signals:
     void clicked();
