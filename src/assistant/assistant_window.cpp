@@ -179,7 +179,8 @@ void AssistantWindow::showMenu(const QPoint& globalPosition) {
 
 void AssistantWindow::takePlace() {
     const bool inSight = entered_ && !qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!ofItsOwn_) standIn(inSight ? windowToStandIn() : nullptr);
+    if (!ofItsOwn_ && inSight) standIn(windowToStandIn());
+    if (!entered_) standIn(nullptr);
     if (speaking_) placeBalloon();
     const bool shown = inSight && (ofItsOwn_ || parentWidget());
     setVisible(shown);
@@ -189,11 +190,11 @@ void AssistantWindow::takePlace() {
     comeToFront();
 }
 
-// The window in front, or the last one as long as the keys are in another program.
+// A text goes to the window in front, as long as the keys are not in another program. Without one the character stays
+// where it is: it would lie over the boxes of each window that opens.
 QWidget* AssistantWindow::windowToStandIn() const {
-    QWidget* const last = parentWidget();
-    if (last && !QApplication::activeModalWidget() && !QApplication::activeWindow()) return last;
-    return frontWindow();
+    const bool comes = speaking_ && (QApplication::activeModalWidget() || QApplication::activeWindow());
+    return parentWidget() && !comes ? parentWidget() : frontWindow();
 }
 
 void AssistantWindow::standIn(QWidget* front) {

@@ -18,8 +18,8 @@ class Balloon;
 // any window, asks for the text to go, and only without a text is Escape the window's own; the character can be
 // dragged, and its menu sends it away.
 //
-// On Wayland it is a part of the window in front instead, and its places are those in that window: a window of its own
-// would take the keys each time it appears, and lie below the others.
+// On Wayland it is a part of the window that was in front when it spoke last, and its places are those in that window: a
+// window of its own would take the keys each time it appears, and lie below the others.
 class AssistantWindow : public QWidget {
     Q_OBJECT
 public:
