@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "screens/form_window.h"
@@ -55,7 +56,9 @@ void WindowPlacing::place(QWidget& window) {
     window.ensurePolished();
     if (mainWindow_) rememberMainWindow();
     // The frame of a window that was never shown is not known; the main window's is as good.
-    const QSize room = available().size().shrunkBy(frame_);
+    QSize room = available().size().shrunkBy(frame_);
+    // Wayland desktops tell neither of the frame that they draw nor of their panels.
+    if (onWayland()) room.rheight() -= 2 * window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QSize least = window.minimumSizeHint();
     if (least.width() > room.width() || least.height() > room.height()) scrollContents(window);
     window.resize((window.size() * fontScale(window)).expandedTo(least).boundedTo(room));
