@@ -229,6 +229,38 @@ TEST_F(AssistantTest, Requests) {
     }
 }
 
+// As on Wayland, where it is a part of a window: it goes with the text, and outlives the window.
+TEST_F(AssistantTest, AsAPartOfTheWindowInWhichItSpeaks) {
+    AssistantWindow part(QSize(40, 60), false);
+    part.showDrawing(Character::load(characterFile(folder, plainCharacter)).animation("Idle")->front().drawing);
+    part.enter();
+    auto form = std::make_unique<QDialog>();
+    form->setModal(true);
+    const auto expect = [&](const QWidget* in, bool inSight, const char* after) {
+        QCoreApplication::processEvents();
+        const auto* text = in ? in->findChild<QLabel*>("Balloon") : nullptr;
+        EXPECT_EQ(part.parentWidget(), in) << after;
+        EXPECT_TRUE(part.isVisible() == inSight && (!text || text->isVisible() == inSight)) << after;
+        EXPECT_TRUE(!in || in->rect().contains(part.geometry())) << after;
+    };
+    other.resize(300, 300);
+    expect(&other, true, "it has come");
+    form->show();
+    expect(&other, true, "a window opens, and there is nothing to say");
+    part.showText("So");
+    expect(form.get(), true, "a text");
+    form->resize(80, 90);
+    expect(form.get(), true, "the window is smaller");
+    question.show();
+    expect(form.get(), false, "a question");
+    question.hide();
+    expect(form.get(), true, "an answer");
+    form.reset();
+    expect(&other, true, "the window has gone for good");
+    part.leave();
+    expect(nullptr, false, "it has left");
+}
+
 // --- The voice -------------------------------------------------------------------------------------------------------
 
 TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaksAndStopsIt) {

@@ -11,14 +11,15 @@
 #include <QWindow>
 
 #include "assistant/balloon.h"
-#include "screens/form_window.h"
 
 namespace torvane {
 
-AssistantWindow::AssistantWindow(const QSize& size)
-    // A tool tip's window is the one kind that no desktop gives the focus to.
+AssistantWindow::AssistantWindow(const QSize& size, bool ofItsOwn)
+    // A tool tip's window is the one kind that no other desktop gives the focus to.
     : QWidget(nullptr,
-              Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus) {
+              ofItsOwn ? Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus
+                       : Qt::WindowFlags()),
+      ofItsOwn_(ofItsOwn) {
     setObjectName("Assistant");
     setWindowTitle("Assistant");
     setAccessibleName("Assistant");
@@ -27,7 +28,12 @@ AssistantWindow::AssistantWindow(const QSize& size)
     setFocusPolicy(Qt::NoFocus);
     resize(size);
     move(100, 100);
-    connect(qApp, &QGuiApplication::focusWindowChanged, this, &AssistantWindow::comeToFront);
+    connect(qApp, &QGuiApplication::focusWindowChanged, this,
+            ofItsOwn ? &AssistantWindow::comeToFront : &AssistantWindow::takePlace);
+}
+
+AssistantWindow::~AssistantWindow() {
+    delete balloon_;
 }
 
 void AssistantWindow::enter() {
@@ -45,17 +51,22 @@ void AssistantWindow::leave() {
 }
 
 void AssistantWindow::moveTo(int x, int y) {
-    const QScreen* screen = QGuiApplication::screenAt(QPoint(x, y));
-    if (!screen) screen = QGuiApplication::primaryScreen();
-    move(whollyOn(screen->availableGeometry(), QRect(QPoint(x, y), size())).topLeft());
+    move(whollyOn(roomAt(QPoint(x, y)), QRect(QPoint(x, y), size())).topLeft());
     if (speaking_) placeBalloon();
+}
+
+QRect AssistantWindow::roomAt(const QPoint& place) const {
+    if (parentWidget()) return parentWidget()->rect();
+    const QScreen* screen = QGuiApplication::screenAt(place);
+    return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
 void AssistantWindow::showDrawing(const QByteArray& drawing) {
     drawing_ = drawing;
     const QRegion& mask = picture(drawing).mask;
-    // A window can't have an empty mask: a character that is out of sight keeps one dot.
-    setMask(mask.isEmpty() ? QRegion(0, height() - 1, 1, 1) : mask);
+    // A window can't have an empty mask: a character that is out of sight keeps one dot. As a part of a window it has
+    // none: the controls below would not be painted where a mask has left them.
+    if (ofItsOwn_) setMask(mask.isEmpty() ? QRegion(0, height() - 1, 1, 1) : mask);
     update();
 }
 
@@ -67,7 +78,6 @@ void AssistantWindow::showText(const std::string& text) {
     }
     balloon_->setText(QString::fromStdString(text));
     speaking_ = true;
-    placeBalloon();
     takePlace();
     QAccessibleEvent spoken(balloon_->findChild<QWidget*>("Balloon"), QAccessible::Alert);
     QAccessible::updateAccessibility(&spoken);
@@ -83,8 +93,7 @@ bool AssistantWindow::textShown() const {
 }
 
 void AssistantWindow::placeBalloon() {
-    const QScreen* at = QGuiApplication::screenAt(geometry().center());
-    balloon_->placeAt(geometry(), (at ? at : screen())->availableGeometry());
+    balloon_->placeAt(geometry(), roomAt(geometry().center()));
 }
 
 const AssistantWindow::Picture& AssistantWindow::picture(const QByteArray& drawing) {
@@ -105,10 +114,16 @@ const AssistantWindow::Picture& AssistantWindow::picture(const QByteArray& drawi
 }
 
 bool AssistantWindow::eventFilter(QObject* watched, QEvent* event) {
+    const auto* widget = qobject_cast<const QWidget*>(watched);
     switch (event->type()) {
+        case QEvent::Resize:
+            if (widget && widget == parentWidget()) moveTo(x(), y());
+            break;
         case QEvent::Show:
         case QEvent::Hide:
-            if (!watched->isWidgetType() || !static_cast<QWidget*>(watched)->isModal()) break;
+            if (!widget || !(ofItsOwn_ ? widget->isModal() : widget->isWindow())) break;
+            // A window that goes for good takes its parts with it.
+            if (event->type() == QEvent::Hide && widget == parentWidget()) standIn(nullptr);
             // It counts as modal only when it has been shown, and no longer when it has gone.
             QMetaObject::invokeMethod(this, &AssistantWindow::takePlace, Qt::QueuedConnection);
             break;
@@ -164,11 +179,33 @@ void AssistantWindow::showMenu(const QPoint& globalPosition) {
 
 void AssistantWindow::takePlace() {
     const bool inSight = entered_ && !qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    setVisible(inSight);
-    if (balloon_) balloon_->setVisible(inSight && speaking_);
-    if (!inSight) return;
-    standOverModal();
+    if (!ofItsOwn_ && inSight) standIn(windowToStandIn());
+    if (!entered_) standIn(nullptr);
+    if (speaking_) placeBalloon();
+    const bool shown = inSight && (ofItsOwn_ || parentWidget());
+    setVisible(shown);
+    if (balloon_) balloon_->setVisible(shown && speaking_);
+    if (!shown) return;
+    if (ofItsOwn_) standOverModal();
     comeToFront();
+}
+
+// A text goes to the window in front, as long as the keys are not in another program. Without one the character stays
+// where it is: it would lie over the boxes of each window that opens.
+QWidget* AssistantWindow::windowToStandIn() const {
+    const bool comes = speaking_ && (QApplication::activeModalWidget() || QApplication::activeWindow());
+    return parentWidget() && !comes ? parentWidget() : frontWindow();
+}
+
+void AssistantWindow::standIn(QWidget* front) {
+    if (front != parentWidget()) {
+        const QPoint place = pos();
+        setParent(front);
+        move(place);
+        if (front) moveTo(place.x(), place.y());
+    }
+    QWidget* const home = front ? front : this;
+    if (balloon_ && balloon_->parentWidget() != home) balloon_->setParent(home);
 }
 
 // A window that stands over the modal one is not blocked by it; with no modal window it stands over none, so that it

@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <string>
 
+#include "screens/form_window.h"
+
 namespace torvane {
 
 class Balloon;
@@ -15,15 +17,19 @@ class Balloon;
 // modal window stands, but is out of sight while that is a message box, which it must not cover. A click, or Escape in
 // any window, asks for the text to go, and only without a text is Escape the window's own; the character can be
 // dragged, and its menu sends it away.
+//
+// On Wayland it is a part of the window that was in front when it spoke last, and its places are those in that window: a
+// window of its own would take the keys each time it appears, and lie below the others.
 class AssistantWindow : public QWidget {
     Q_OBJECT
 public:
-    // As large as the drawings.
-    explicit AssistantWindow(const QSize& size);
+    // As large as the drawings; a window of its own or a part of the one in front.
+    explicit AssistantWindow(const QSize& size, bool ofItsOwn = !onWayland());
+    ~AssistantWindow() override;
 
     void enter();
     void leave();
-    // The upper left corner of the character, moved so that the screen shows all of it.
+    // The upper left corner of the character, moved so that all of it can be seen.
     void moveTo(int x, int y);
     void showDrawing(const QByteArray& drawing);
     void showText(const std::string& text);
@@ -47,14 +53,18 @@ private:
         QRegion mask;
     };
     const Picture& picture(const QByteArray& drawing);
+    QRect roomAt(const QPoint& place) const;
     bool textShown() const;
     void placeBalloon();
     void showMenu(const QPoint& globalPosition);
     void takePlace();
+    QWidget* windowToStandIn() const;
+    void standIn(QWidget* front);
     void standOverModal();
     void comeToFront();
 
-    Balloon* balloon_ = nullptr;
+    const bool ofItsOwn_;
+    Balloon* balloon_ = nullptr;  // the own child, or one of the window in which it stands
     QHash<QByteArray, Picture> pictures_;
     qreal drawnAt_ = 0;
     QByteArray drawing_;

@@ -113,29 +113,30 @@ QSize Balloon::textSize(const QSize& most) const {
     return size + QSize(2, 2);
 }
 
-void Balloon::placeAt(const QRect& character, const QRect& screen) {
+void Balloon::placeAt(const QRect& character, const QRect& room) {
     const QSize frame(2 * padding, 2 * padding);
-    const QSize most = screen.size() - frame - QSize(2 * tail, 2 * tail);
+    const QSize most = room.size() - frame - QSize(2 * tail, 2 * tail);
     const QSize text = textSize(most);
     const int bar = text.height() > most.height() ? area_->verticalScrollBar()->sizeHint().width() : 0;
     const QSize inner = (text + QSize(bar, 0)).boundedTo(most);
 
-    const Side side = sideWithRoom(inner + frame, character, screen);
+    const Side side = sideWithRoom(inner + frame, character, room);
     const QPoint tip = tipOf(side, character);
-    const QRect body = bodyOf(side, inner + frame, character, screen);
+    const QRect body = bodyOf(side, inner + frame, character, room);
     setGeometry(body.united(QRect(tip, QSize(1, 1))).adjusted(-1, -1, 1, 1));
     const QRectF box = QRectF(body.translated(-pos())).adjusted(0.5, 0.5, -0.5, -0.5);
     outline_ = outlineOf(side, box, tip - pos());
     area_->setGeometry(box.toAlignedRect().adjusted(padding, padding, -padding + 1, -padding + 1));
     label_->resize(inner.width() - bar, std::max(text.height(), inner.height()));
 
+    update();
+    if (!isWindow()) return;
     QImage shape(size(), QImage::Format_ARGB32_Premultiplied);
     shape.fill(Qt::transparent);
     QPainter painter(&shape);
     draw(painter);
     painter.end();
     setMask(seenRegion(shape));
-    update();
 }
 
 void Balloon::draw(QPainter& painter) const {

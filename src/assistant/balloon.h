@@ -7,16 +7,18 @@
 
 namespace torvane {
 
-// The word balloon beside the character: a window of its own, so that the character's need not change its size. Its
-// text stands in the label "Balloon" as plain text; one that is too long for the screen can be scrolled.
+// The word balloon beside the character: a window of its own, so that the character's need not change its size, or a
+// part of the window in which that stands. Its text stands in the label "Balloon" as plain text; one that is too long
+// for the screen, or for that window, can be scrolled.
 class Balloon : public QWidget {
     Q_OBJECT
 public:
     explicit Balloon(QWidget* character);
 
     void setText(const QString& text);
-    // Puts the balloon above the character's rectangle, else beside or below it, wholly on the screen.
-    void placeAt(const QRect& character, const QRect& screen);
+    // Puts the balloon above the character's rectangle, else beside or below it, wholly in the room: the screen, or the
+    // window of which it is a part.
+    void placeAt(const QRect& character, const QRect& room);
 
 signals:
     void clicked();

@@ -101,6 +101,10 @@ void standOver(QWidget& window, QWidget* front) {
     above->setTransientParent(below);
 }
 
+bool onWayland() {
+    return QGuiApplication::platformName().startsWith("wayland");
+}
+
 QRect whollyOn(const QRect& screen, QRect window) {
     window.moveLeft(std::max(screen.left(), std::min(window.left(), screen.right() + 1 - window.width())));
     window.moveTop(std::max(screen.top(), std::min(window.top(), screen.bottom() + 1 - window.height())));

@@ -73,6 +73,10 @@ void giveKeys(QWidget& window);
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.
 void standOver(QWidget& window, QWidget* front);
 
+// Whether the desktop speaks Wayland: windows have no place there that the program knows or asks for, none stays above
+// the others unless it is a dialog of theirs, and each new one has the keys.
+bool onWayland();
+
 // The place of a window moved so that the screen shows all of it, or at least its upper left corner.
 QRect whollyOn(const QRect& screen, QRect window);
 

@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -59,7 +60,9 @@ void WindowPlacing::place(QWidget& window) {
     window.ensurePolished();
     if (mainWindow_) rememberMainWindow();
     // The frame of a window that was never shown is not known; the main window's is as good.
-    const QSize room = available().size().shrunkBy(frame_);
+    QSize room = available().size().shrunkBy(frame_);
+    // Wayland desktops tell neither of the frame that they draw nor of their panels.
+    if (onWayland()) room.rheight() -= 2 * window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
     QSize least = window.minimumSizeHint();
     if (least.width() > room.width() || least.height() > room.height()) least.rwidth() += scrollContents(window);
     window.resize((window.size() * fontScale(window)).expandedTo(least).boundedTo(room));

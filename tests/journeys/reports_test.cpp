@@ -9,6 +9,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QWheelEvent>
 #include <filesystem>
 
 #include "journeys/journey.h"
@@ -192,6 +193,12 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 top");
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 end");
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
+    const QPointF centre = scroll.rect().center();
+    for (const int half : {1, 2}) {  // of a step of the wheel
+        QWheelEvent turn(centre, centre, {}, {0, -60}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(scroll.viewport(), &turn);
+        EXPECT_EQ(text(report, "lblPage"), half == 1 ? "Page 1 of 2" : "Page 2 of 2");
+    }
     const int before = find<QWidget>(report, "page").width();
     go(report, "cmbZoom=200 %");
     EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);

@@ -94,6 +94,7 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         {2.675, 2, 2.67, "2.68"},       {-2.5, 0, -2, "-2"},
         {-0.001, 2, 0, "0.00"},         {5e-324, 2, 0, "0.00"},
         {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
+        {0.0009, 2, 0, "0.00"},
     };
     for (const auto& [value, places, rounded, text] : fixed) {
         EXPECT_EQ(roundHalfEven(value, places), rounded) << value;
