@@ -8,5 +8,5 @@ export TORVANE_BUILD=$PWD/$1
 shift
 runtime=$(mktemp -d)
 trap 'rm -rf "$runtime"' EXIT
-XDG_RUNTIME_DIR=$runtime xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- \
+HOME=$runtime XDG_RUNTIME_DIR=$runtime xvfb-run -a -s "-screen 0 1280x1024x24" dbus-run-session -- \
   bash -c 'openbox & /usr/bin/python3 tests/desk/roads_test.py "$@"' roads "$@"

@@ -6,5 +6,5 @@ cd "$1"
 rm -rf tour-test
 mkdir tour-test
 "$scripts/stage.sh" . tour-test/program
-HOME=$PWD/tour-test QT_QPA_PLATFORM=offscreen ./tour tour-test/program tour-test
+HOME=$PWD/tour-test QT_QPA_PLATFORM="offscreen:configfile=$scripts/../tools/tour/screen.json" ./tour tour-test/program tour-test
 pdftotext -layout tour-test/proposal.pdf - | grep -q "Dana Whitfield"

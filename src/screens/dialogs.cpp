@@ -15,12 +15,12 @@ namespace torvane {
 namespace {
 
 constexpr std::string_view wayBack =
-    "Without its data the program does not start. To come back, look into its folder: rename Larkfen.mdb, if it is there, "
-    "and copy your newest backup (.bak) to the name Larkfen.mdb.";
+    "Without its data the program does not start. To come back, look into its folder: rename Larkfen.mdb, if it is "
+    "there, and copy your newest backup (.bak) to the name Larkfen.mdb.";
 
 constexpr std::string_view apostrophe =
-    "Often the reason is an apostrophe or a feet mark (') in what was typed: leave it out. See Help, What you should not "
-    "type.";
+    "Often the reason is an apostrophe or a feet mark (') in what was typed: leave it out. See Help, What you should "
+    "not type.";
 
 // What the user can do about a failure, by words of the failure's text.
 struct Advice {

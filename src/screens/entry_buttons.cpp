@@ -55,8 +55,7 @@ void EntryButtons::cmdOk_Click() {
 }
 
 void EntryButtons::CmdCancel_Click() {
-    ClearClass_();
-    form_.Unload();
+    form_.Unload();  // which clears the record
 }
 
 }  // namespace torvane

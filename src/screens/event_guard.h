@@ -41,7 +41,7 @@ public:
     };
 
     // Makes all handlers inert, shows the run-time error box, commits open write groups and leaves the process with
-    // status 1. Returns only when the box stands already, for another failure.
+    // status 1. A further failure, while the box stands, changes nothing.
     void end(RuntimeFailure failure);
 
 private:

@@ -105,9 +105,9 @@ private:
 };
 
 // How a screen connects a handler: it runs inside the event guard, and the window can't be deleted under it. The
-// handler takes all that the signal gives, the first of it, or nothing; or it is a member of the screen that takes nothing. The
-// connection dies with the sender, and is dead from the moment in which the screen is unloaded; a sender that outlives
-// the screen itself needs a connection of its own.
+// handler takes all that the signal gives, the first of it, or nothing; or it is a member of the screen that takes
+// nothing. The connection dies with the sender, and is dead from the moment in which the screen is unloaded; a sender
+// that outlives the screen itself needs a connection of its own.
 //
 //   on(*this, ui().cmdAdd, &QAbstractButton::clicked, &frmOrder::cmdAdd_Click);
 //   on(*this, ui().list, &ReportList::ColumnClick, [this](int column) { ... });

@@ -66,8 +66,8 @@ void asHandler(Program& program, QWidget* window, const std::function<void()>& b
 // shows it, else the active one, else any that shows; null when there is none but `except`.
 QWidget* frontWindow(const QWidget* except = nullptr);
 
-// Gives a window that was drawn by a form file its keys: letters to its buttons, and Escape, which presses the first that shows of
-// its Cancel, Close and Exit.
+// Gives a window that was drawn by a form file its keys: letters to its buttons, and Escape, which presses the first
+// that shows of its Cancel, Close and Exit.
 void giveKeys(QWidget& window);
 
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.

@@ -179,7 +179,8 @@ void frmMainMenu::Form_Load() {
     setWorkingMenusVisible(false);
     if (previousInstance_) {
         // The assistant is not there yet, so this is where a second copy ends.
-        const Program::Doing doing(program(), "starting a second time on this folder (it is already running: look for its window)");
+        const Program::Doing doing(
+            program(), "starting a second time on this folder (it is already running: look for its window)");
         program().Merlin().Play("Sad");
         program().Merlin().Speak("Previous Instance of this Application is already running");
         Unload();

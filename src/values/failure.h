@@ -8,7 +8,7 @@
 namespace torvane {
 
 // The failures that the program itself raises, by the number shown in the run-time error box. The database engine
-// brings its own numbers (its result codes) and texts.
+// brings its own numbers (its result codes) and texts, the reader of character files its 321.
 enum class Failure : int {
     InvalidCall = 5,
     Overflow = 6,

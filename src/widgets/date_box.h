@@ -6,9 +6,10 @@
 
 namespace torvane {
 
-// The date picker: typed as a text, picked from a calendar (Alt+Down or F4 opens it), or stepped by the arrow keys, which move the part that the
-// caret stands in. A typed text is read when it is done, in the order of the machine's short date; one that is no date,
-// or none from 1601 to 9999, leaves the date as it was. The wheel changes it only while it has the focus.
+// The date picker: typed as a text, picked from a calendar (Alt+Down or F4 opens it), or stepped by the arrow keys,
+// which move the part that the caret stands in. A typed text is read when it is done, in the order of the machine's
+// short date; one that is no date, or none from 1601 to 9999, leaves the date as it was. The wheel changes it only
+// while it has the focus.
 class DateBox : public QDateEdit {
     Q_OBJECT
 public:

@@ -59,7 +59,8 @@ void PictureButton::paintEvent(QPaintEvent*) {
                     isEnabled() ? QIcon::Normal : QIcon::Disabled);
     if (!shown.isEmpty())
         style()->drawItemText(&painter, QRect(left + side + (side > 0 ? gap : 0), 0, width(), height()),
-                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), isEnabled(), shown, QPalette::ButtonText);
+                              Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), isEnabled(), shown,
+                              QPalette::ButtonText);
 }
 
 }  // namespace torvane

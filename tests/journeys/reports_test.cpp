@@ -64,7 +64,7 @@ TEST_F(ReportsTest, EstimatesOfARangeAndAll) {
     EXPECT_EQ(page("DataReport1"), head + "0.00\n");
     go(dates, "Command3");
     EXPECT_EQ(page("DataReport1"), head + "3\n4 Jul 2003\nAnn Lee\n236.00\n5\n31 Jan 2004\nBob Ray\n10.00\n246.00\n");
-    find<DateBox>(dates, "FDate").setValue({2004, 1, 31});
+    for (const char* bound : {"FDate", "TDate"}) find<DateBox>(dates, bound).setValue({2004, 1, 31});
     go(dates, "Command1");
     EXPECT_EQ(page("DataReport1"), head + "5\n31 Jan 2004\nBob Ray\n10.00\n10.00\n");
     go(dates, "Command2");
@@ -190,6 +190,7 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 top");
     EXPECT_EQ(press(Qt::Key_Down, 0), "Page 1 of 2");
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 top");
+    EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 end");
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
     const int before = find<QWidget>(report, "page").width();
     go(report, "cmbZoom=200 %");

@@ -42,8 +42,12 @@ TEST_F(ProgramFolderTest, EachUserHasHisOwnData) {
     // A first start that was cut short is made good.
     fs::create_directories(ofUser.string() + ".new");
     write(ofUser.string() + ".new/Larkfen.mdb.new", "half");
+    const auto owners = [](const fs::path& file) { return fs::status(file).permissions() & fs::perms::owner_all; };
+    fs::permissions(installed / "Larkfen.mdb", fs::perms::owner_read);  // as packages deliver it
     EXPECT_EQ(folder(), ofUser);
     EXPECT_EQ(read("Larkfen.mdb"), "1");
+    EXPECT_EQ(owners(ofUser / "Larkfen.mdb"), fs::perms::owner_read | fs::perms::owner_write);
+    fs::permissions(installed / "Larkfen.mdb", fs::perms::owner_all);
     EXPECT_FALSE(fs::is_symlink(ofUser / "Larkfen.mdb"));
     EXPECT_FALSE(fs::exists(ofUser / "torvane"));
 

@@ -88,12 +88,12 @@ void ReportWindow::showPage(int number) {
     program().say("A part of the report is left empty. " + problem, caption());
 }
 
-// Turned back, the page before is read on from its end.
 void ReportWindow::turn(int pages) {
-    const int before = page_;
-    showPage(page_ + pages);
-    QScrollBar* bar = ui().scroll->verticalScrollBar();
-    bar->setValue(pages < 0 && page_ < before ? bar->maximum() : page_ > before ? 0 : bar->value());
+    const int wanted = page_ + pages;
+    if (wanted < 0 || wanted >= pages_->pageCount()) return;
+    showPage(wanted);
+    // Turned back, the page is read on from its end.
+    if (pages < 0) ui().scroll->verticalScrollBar()->setValue(ui().scroll->verticalScrollBar()->maximum());
 }
 
 void ReportWindow::zoom() {
