@@ -200,6 +200,10 @@ TEST_F(KeyboardTest, CalculatorPanels) {
         expectHelp(window, "tab" + utf8(frames.join(' ').mid(6)) + ".html");
         window.activateWindow();
         const auto panel = tab.panel();
+        const auto& frame = find<QGroupBox>(window, panel->frame);
+        EXPECT_EQ(frame.title(), qstring(panel->caption));
+        EXPECT_EQ(text(frame, "lblTab"), tab.caption) << "which stands over a panel without a caption";
+        EXPECT_EQ(visible(frame, {"lblTab"}), panel->caption.empty() ? "lblTab" : "");
         for (const Control* control : panel->controls()) {
             if (control->kind != ControlKind::Help) continue;
             go(window, control->name);
@@ -213,6 +217,7 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     }
     QWidget& window = *standing("frmCalculators");
     auto* tab = &find<QWidget>(window, "TabStrip1_1");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(tab)->role(), QAccessible::PageTab);
     for (const auto& [arrow, expected] : {std::pair{Qt::Key_Right, "TabStrip1_2"},
                                           {Qt::Key_Down, "TabStrip1_6"},
                                           {Qt::Key_Right, "TabStrip1_7"},

@@ -33,6 +33,7 @@ PanelView::PanelView(Form& form, std::unique_ptr<Panel> panel, QWidget* parent)
     setTitle(qstring(panel_->caption));
     auto* grid = new QGridLayout(this);
     caption_ = new QLabel(this);
+    caption_->setObjectName(QStringLiteral("lblTab"));
     caption_->setVisible(panel_->caption.empty());
     QFont bold = caption_->font();
     bold.setBold(true);
