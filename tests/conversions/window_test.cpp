@@ -34,6 +34,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
         {"lstLeft", "Feet and inches", "12' 0\"", "4"},
         {"lstRight", "Meters", "13' 1 1/2\"", "4"},
         {"cmbFractions", "1/64 inch", "13' 1 31/64\"", "4"},
+        {"cmbFractions", "1/2 inch", "13' 1 1/2\"", "4"},
         {"txtRight", "four", "", "four"},
         {"cmbCategory", "Board feet", "2 x 6 x 14", "14"},
         {"txtRight", "x", "", "x"},
@@ -67,6 +68,9 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     type(left, "x");
     EXPECT_EQ(utf8(find<QLabel>(window, "lblLeft").text()), "Not understood");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227") << "there is no result";
+    right.selectAll();
+    type(right, "2");
+    EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), utf8(left.text())) << "the result is on the left then";
     QTest::keyClick(&left, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
 }

@@ -80,6 +80,10 @@ protected:
         EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;
         for (const auto* button : window.findChildren<PictureButton*>())
             EXPECT_FALSE(picture(button->picture()).isNull()) << utf8(button->objectName());
+        QStringList letters;  // with Alt; a second button of the same letter would only be walked to
+        for (const auto* button : window.findChildren<QPushButton*>())
+            if (!button->shortcut().isEmpty()) letters += button->shortcut().toString();
+        EXPECT_EQ(letters.removeDuplicates(), 0) << utf8(letters.join(' '));
     }
 
     // Enter in a text box presses just this button; "next" is buttonAfter().
@@ -189,6 +193,7 @@ TEST_F(KeyboardTest, CalculatorPanels) {
         const CalculatorGroup& group = calculatorGroups()[entry.group - 1];
         const CalculatorTab& tab = group.tabs[static_cast<std::size_t>(entry.Which - 1)];
         QWidget& window = *standing(group.name);
+        EXPECT_EQ(utf8(window.windowTitle()), "Calculators");
         QStringList frames;
         for (const QGroupBox* frame : window.findChildren<QGroupBox*>())
             if (frame->isVisible() && frame->objectName().startsWith("frmTab")) frames += frame->objectName();
