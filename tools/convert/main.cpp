@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     torvane::applyStyle(application);
     torvane::installRoles();
-    QApplication::setWindowIcon(torvane::picture(QStringLiteral("calculator")));
+    QApplication::setWindowIcon(torvane::picture(QStringLiteral("conversions")));
     torvane::ConversionWindow window;
     Help* help = nullptr;
     QObject::connect(new QShortcut(QKeySequence::HelpContents, &window), &QShortcut::activated, [&window, &help] {
