@@ -73,7 +73,7 @@ public:
     // chosen, and the one that shows every row again.
     template <class Record>
     void connectSearch(QAbstractButton* cmdSearch, QAbstractButton* CmdAll, Record& record,
-                       std::vector<SearchOption> options) {
+                       const std::vector<SearchOption>& options) {
         on(form_, cmdSearch, &QAbstractButton::clicked, [this, &record, options] {
             record().SearchVal = parts_.controls().search->Text();
             for (const auto& [option, field] : options)

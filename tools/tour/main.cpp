@@ -17,6 +17,7 @@
 #include <functional>
 
 #include "assistant/animated_assistant.h"
+#include "conversions/screens/conversion_window.h"
 #include "screens/guarded_application.h"
 #include "screens/qt_host.h"
 #include "shell/screens.h"
@@ -160,13 +161,17 @@ private:
         return nullptr;
     }
 
-    // Every tab of a strip but the one that starts another program.
+    // Every tab of a strip. One starts another program, whose window is made here instead.
     void tabs(QWidget& strip) {
         const QString window = strip.window()->objectName();
         QList<Step> steps;
         for (auto* tab : strip.findChildren<QAbstractButton*>()) {
             const QString caption = tab->text();
-            if (caption == "Conversions") continue;
+            if (caption == "Conversions") {
+                ConversionWindow conversions;
+                picture(conversions, "conversions", conversions.rect());
+                continue;
+            }
             const QString shown = caption == "Scientific Calculator" ? QStringLiteral("scientific") : window;
             steps.append({window, "click", tab->objectName(), {}});
             steps.append({shown, "picture", "-", caption.toLower().replace(' ', '-')});
