@@ -135,7 +135,10 @@ void frmHelp::connectControls() {
     const auto openLine = [this](const QTreeWidgetItem* line) { turnTo(line->data(0, pageRole).toUrl()); };
     on(*this, ui().TreeContents, &QTreeWidget::itemClicked, openLine);
     on(*this, ui().TreeContents, &QTreeWidget::itemActivated, openLine);
-    const auto openFound = [this](const QListWidgetItem* found) { turnTo(found->data(pageRole).toUrl()); };
+    const auto openFound = [this](const QListWidgetItem* found) {
+        const QUrl page = found->data(pageRole).toUrl();
+        page.isEmpty() ? showContents() : turnTo(page);
+    };
     on(*this, ui().lstFound, &QListWidget::itemClicked, openFound);
     on(*this, ui().lstFound, &QListWidget::itemActivated, openFound);
 
@@ -177,6 +180,7 @@ void frmHelp::search() {
         auto* line = new QListWidgetItem(topic.text, &list);
         line->setData(pageRole, topic.page);
     }
+    if (list.count() == 0) list.addItem(QStringLiteral("Nothing found. See the contents."));
     list.setCurrentRow(0);
 }
 

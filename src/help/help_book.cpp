@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QHelpLink>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QXmlStreamReader>
 #include <algorithm>
@@ -17,9 +18,54 @@ QString attribute(const QXmlStreamReader& xml, const char* name) {
     return xml.attributes().value(QLatin1String(name)).toString();
 }
 
-bool holdsAll(const QString& text, const QStringList& words) {
-    return std::ranges::all_of(words, [&](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+// The words of a text, small letters. What ties letters together within a word goes: "e-mail" is "email".
+QStringList wordsOf(QString text) {
+    static const QRegularExpression tie(QStringLiteral("(?<=\\p{L})['’-](?=\\p{L})"));
+    static const QRegularExpression between(QStringLiteral("[^\\p{L}\\p{N}]+"));
+    return text.toLower().remove(tie).split(between, Qt::SkipEmptyParts);
 }
+
+// What is looked for: words without those of which questions are made, each as the beginnings that will do.
+class Sought {
+public:
+    explicit Sought(const QString& text) {
+        static const QStringList idle = wordsOf(QStringLiteral(
+            "a an and are at be can cant do does doesnt dont for from get how i if in into is it me my of on or the "
+            "there this to want was we what when where which why will with wont you your"));
+        const QStringList all = wordsOf(text);
+        for (const QString& word : all)
+            if (!idle.contains(word)) words_.append(word);
+        if (words_.isEmpty()) words_ = all;
+    }
+
+    bool empty() const { return words_.isEmpty(); }
+
+    // How often the words stand in a text; 0 when one of them does not.
+    qsizetype hits(const QStringList& words) const {
+        qsizetype hits = 0;
+        for (const QString& sought : words_) {
+            const qsizetype here =
+                std::ranges::count_if(words, [&](const QString& word) { return begins(word, sought); });
+            if (here == 0) return 0;
+            hits += here;
+        }
+        return hits;
+    }
+
+    // A text of a few words; "dry wall" finds "drywall", too.
+    bool in(const QString& line) const {
+        const QStringList words = wordsOf(line);
+        return hits(words) > 0 || (!empty() && words.join(QString()).startsWith(words_.join(QString())));
+    }
+
+private:
+    static bool begins(const QString& word, const QString& sought) {
+        static const QRegularExpression ending(QStringLiteral("(?<=...)(?:s|es|ed|ing)$"));
+        return word.startsWith(sought) || word.startsWith(QString(sought).remove(ending));
+    }
+
+    QStringList words_;
+};
 
 }  // namespace
 
@@ -77,23 +123,33 @@ const QList<HelpBook::Page>& HelpBook::texts() const {
     for (const QUrl& address : pages_) {
         QTextDocument page;
         page.setHtml(QString::fromUtf8(data(address)));
-        texts_.append({address, page.metaInformation(QTextDocument::DocumentTitle), page.toPlainText()});
+        texts_.append({address, page.metaInformation(QTextDocument::DocumentTitle), wordsOf(page.toPlainText())});
     }
     std::ranges::sort(texts_, {}, &Page::title);
     return texts_;
 }
 
 QList<HelpTopic> HelpBook::search(const QString& text) const {
-    const QString sought = text.simplified();
-    if (sought.isEmpty()) return keywords_;
+    if (text.simplified().isEmpty()) return keywords_;
+    const Sought sought(text);
     QList<HelpTopic> found;
     for (const HelpTopic& keyword : keywords_)
-        if (keyword.text.contains(sought, Qt::CaseInsensitive)) found.append(keyword);
-    const QStringList words = sought.split(QLatin1Char(' '));
-    for (const Page& page : texts()) {
-        const bool listed = std::ranges::any_of(found, [&](const HelpTopic& one) { return one.page == page.address; });
-        if (!listed && holdsAll(page.text, words)) found.append({page.title, page.address});
-    }
+        if (sought.in(keyword.text)) found.append(keyword);
+    // The fewer letters a keyword has besides, the nearer it is.
+    std::ranges::stable_sort(found, {}, [](const HelpTopic& topic) { return topic.text.size(); });
+
+    const auto listed = [&](const Page& page) {
+        return std::ranges::any_of(
+            found, [&](const HelpTopic& one) { return one.page.matches(page.address, QUrl::RemoveFragment); });
+    };
+    for (const Page& page : texts())
+        if (!listed(page) && sought.in(page.title)) found.append({page.title, page.address});
+    std::vector<std::pair<qsizetype, HelpTopic>> pages;
+    for (const Page& page : texts())
+        if (const qsizetype hits = listed(page) ? 0 : sought.hits(page.words); hits > 0)
+            pages.push_back({hits, {page.title, page.address}});
+    std::ranges::stable_sort(pages, std::ranges::greater(), &std::pair<qsizetype, HelpTopic>::first);
+    for (const auto& page : pages) found.append(page.second);
     return found;
 }
 
