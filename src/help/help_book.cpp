@@ -30,8 +30,8 @@ class Sought {
 public:
     explicit Sought(const QString& text) {
         static const QStringList idle = wordsOf(QStringLiteral(
-            "a an and are at be can cant do does doesnt dont for from get how i if in into is it me my of on or the "
-            "there this to want was we what when where which why will with wont you your"));
+            "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it me my of on or put the "
+            "many much need there this to want was we what when where which why will with wont would you your"));
         const QStringList all = wordsOf(text);
         for (const QString& word : all)
             if (!idle.contains(word)) words_.append(word);
@@ -56,6 +56,11 @@ public:
     bool in(const QString& line) const {
         const QStringList words = wordsOf(line);
         return hits(words) > 0 || (!empty() && words.join(QString()).startsWith(words_.join(QString())));
+    }
+
+    bool wholeIn(const QString& line) const {
+        const QStringList words = wordsOf(line);
+        return std::ranges::all_of(words_, [&](const QString& word) { return words.contains(word); });
     }
 
 private:
@@ -135,8 +140,9 @@ QList<HelpTopic> HelpBook::search(const QString& text) const {
     QList<HelpTopic> found;
     for (const HelpTopic& keyword : keywords_)
         if (sought.in(keyword.text)) found.append(keyword);
-    // The fewer letters a keyword has besides, the nearer it is.
-    std::ranges::stable_sort(found, {}, [](const HelpTopic& topic) { return topic.text.size(); });
+    // A keyword is nearer when it has the very words, and when it has less besides.
+    std::ranges::stable_sort(
+        found, {}, [&](const HelpTopic& topic) { return std::pair(!sought.wholeIn(topic.text), topic.text.size()); });
 
     const auto listed = [&](const Page& page) {
         return std::ranges::any_of(
