@@ -30,8 +30,9 @@ class Sought {
 public:
     explicit Sought(const QString& text) {
         static const QStringList idle = wordsOf(QStringLiteral(
-            "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it me my of on or put the "
-            "many much need there this to want was we what when where which why will with wont would you your"));
+            "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it make many "
+            "me much my need of on or put the there this to want was we what when where which why will with wont would "
+            "you your"));
         const QStringList all = wordsOf(text);
         for (const QString& word : all)
             if (!idle.contains(word)) words_.append(word);
