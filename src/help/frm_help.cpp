@@ -176,11 +176,16 @@ void frmHelp::markInContents(const QUrl& page) {
 void frmHelp::search() {
     QListWidget& list = *ui().lstFound;
     list.clear();
-    for (const HelpTopic& topic : book_->search(ui().txtSearch->text())) {
+    const QString text = ui().txtSearch->text();
+    QList<HelpTopic> topics = book_->search(text);
+    if (topics.isEmpty()) {
+        topics = book_->nearest(text);
+        topics.prepend({QStringLiteral("Nothing found. See the contents."), {}});
+    }
+    for (const HelpTopic& topic : topics) {
         auto* line = new QListWidgetItem(topic.text, &list);
         line->setData(pageRole, topic.page);
     }
-    if (list.count() == 0) list.addItem(QStringLiteral("Nothing found. See the contents."));
     list.setCurrentRow(0);
 }
 

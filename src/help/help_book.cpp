@@ -6,6 +6,7 @@
 #include <QTextDocument>
 #include <QXmlStreamReader>
 #include <algorithm>
+#include <ranges>
 
 #include "values/failure.h"
 #include "widgets/texts.h"
@@ -40,6 +41,7 @@ public:
     }
 
     bool empty() const { return words_.isEmpty(); }
+    const QStringList& words() const { return words_; }
 
     // How often the words stand in a text; 0 when one of them does not.
     qsizetype hits(const QStringList& words) const {
@@ -157,6 +159,24 @@ QList<HelpTopic> HelpBook::search(const QString& text) const {
             pages.push_back({hits, {page.title, page.address}});
     std::ranges::stable_sort(pages, std::ranges::greater(), &std::pair<qsizetype, HelpTopic>::first);
     for (const auto& page : pages) found.append(page.second);
+    return found;
+}
+
+QList<HelpTopic> HelpBook::nearest(const QString& text) const {
+    std::vector<std::pair<double, HelpTopic>> near;
+    for (const HelpTopic& keyword : keywords_) near.push_back({0, keyword});
+    const Sought all(text);
+    for (const QString& word : all.words()) {
+        const Sought sought(word);
+        const auto has = [&](const auto& one) { return sought.in(one.second.text); };
+        const auto those = std::ranges::count_if(near, has);
+        for (auto& one : near)
+            if (has(one)) one.first += 1.0 / static_cast<double>(those);
+    }
+    std::ranges::stable_sort(near, std::ranges::greater(), &std::pair<double, HelpTopic>::first);
+    QList<HelpTopic> found;
+    for (const auto& [weight, keyword] : near | std::views::take(10))
+        if (weight > 0) found.append(keyword);
     return found;
 }
 
