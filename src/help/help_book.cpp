@@ -32,8 +32,8 @@ public:
     explicit Sought(const QString& text) {
         static const QStringList idle = wordsOf(QStringLiteral(
             "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it make many "
-            "me much my need of on or put the there this to want was we what when where which why will with wont would "
-            "you your"));
+            "me much my need of on or put set the there this to want was we what when where which why will with wont "
+            "would you your"));
         const QStringList all = wordsOf(text);
         for (const QString& word : all)
             if (!idle.contains(word)) words_.append(word);
@@ -171,7 +171,7 @@ QList<HelpTopic> HelpBook::nearest(const QString& text) const {
         const auto has = [&](const auto& one) { return sought.in(one.second.text); };
         const auto those = std::ranges::count_if(near, has);
         for (auto& one : near)
-            if (has(one)) one.first += 1.0 / static_cast<double>(those);
+            if (has(one)) one.first += (sought.wholeIn(one.second.text) ? 2.0 : 1.0) / static_cast<double>(those);
     }
     std::ranges::stable_sort(near, std::ranges::greater(), &std::pair<double, HelpTopic>::first);
     QList<HelpTopic> found;
