@@ -31,9 +31,9 @@ class Sought {
 public:
     explicit Sought(const QString& text) {
         static const QStringList idle = wordsOf(QStringLiteral(
-            "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it make many "
-            "me much my need of on or put set the there this to want was we what when where which why will with wont "
-            "would you your"));
+            "a an and are at be can cant did do does doesnt dont for from get has have how i if in into is it make "
+            "many me much my need of on or put set the there this to want was we what when where which why will with "
+            "wont would you your"));
         const QStringList all = wordsOf(text);
         for (const QString& word : all)
             if (!idle.contains(word)) words_.append(word);
@@ -131,7 +131,13 @@ const QList<HelpBook::Page>& HelpBook::texts() const {
     for (const QUrl& address : pages_) {
         QTextDocument page;
         page.setHtml(QString::fromUtf8(data(address)));
-        texts_.append({address, page.metaInformation(QTextDocument::DocumentTitle), wordsOf(page.toPlainText())});
+        const QString title = page.metaInformation(QTextDocument::DocumentTitle);
+        QString names = title;
+        for (const HelpTopic& keyword : keywords_)
+            if (keyword.page.matches(address, QUrl::RemoveFragment)) names += QLatin1Char('\n') + keyword.text;
+        constexpr int nameCounts = 5;
+        names = (names + QLatin1Char('\n')).repeated(nameCounts);
+        texts_.append({address, title, wordsOf(names + page.toPlainText())});
     }
     std::ranges::sort(texts_, {}, &Page::title);
     return texts_;
