@@ -6,7 +6,6 @@
 #include <QTextDocument>
 #include <QXmlStreamReader>
 #include <algorithm>
-#include <ranges>
 
 #include "values/failure.h"
 #include "widgets/texts.h"
@@ -181,8 +180,8 @@ QList<HelpTopic> HelpBook::nearest(const QString& text) const {
     }
     std::ranges::stable_sort(near, std::ranges::greater(), &std::pair<double, HelpTopic>::first);
     QList<HelpTopic> found;
-    for (const auto& [weight, keyword] : near | std::views::take(10))
-        if (weight > 0) found.append(keyword);
+    for (const auto& [weight, keyword] : near)
+        if (weight > 0 && found.size() < 10) found.append(keyword);
     return found;
 }
 
