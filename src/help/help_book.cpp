@@ -19,7 +19,7 @@ QString attribute(const QXmlStreamReader& xml, const char* name) {
 }
 
 // The words of a text, small letters. What ties letters together within a word goes: "e-mail" is "email".
-QStringList wordsOf(QString text) {
+QStringList wordsOf(const QString& text) {
     static const QRegularExpression tie(QStringLiteral("(?<=\\p{L})['’-](?=\\p{L})"));
     static const QRegularExpression between(QStringLiteral("[^\\p{L}\\p{N}]+"));
     return text.toLower().remove(tie).split(between, Qt::SkipEmptyParts);
