@@ -135,7 +135,10 @@ void frmHelp::connectControls() {
     const auto openLine = [this](const QTreeWidgetItem* line) { turnTo(line->data(0, pageRole).toUrl()); };
     on(*this, ui().TreeContents, &QTreeWidget::itemClicked, openLine);
     on(*this, ui().TreeContents, &QTreeWidget::itemActivated, openLine);
-    const auto openFound = [this](const QListWidgetItem* found) { turnTo(found->data(pageRole).toUrl()); };
+    const auto openFound = [this](const QListWidgetItem* found) {
+        const QUrl page = found->data(pageRole).toUrl();
+        page.isEmpty() ? showContents() : turnTo(page);
+    };
     on(*this, ui().lstFound, &QListWidget::itemClicked, openFound);
     on(*this, ui().lstFound, &QListWidget::itemActivated, openFound);
 
@@ -173,7 +176,13 @@ void frmHelp::markInContents(const QUrl& page) {
 void frmHelp::search() {
     QListWidget& list = *ui().lstFound;
     list.clear();
-    for (const HelpTopic& topic : book_->search(ui().txtSearch->text())) {
+    const QString text = ui().txtSearch->text();
+    QList<HelpTopic> topics = book_->search(text);
+    if (topics.isEmpty()) {
+        topics = book_->nearest(text);
+        topics.prepend({QStringLiteral("Nothing found. See the contents."), {}});
+    }
+    for (const HelpTopic& topic : topics) {
         auto* line = new QListWidgetItem(topic.text, &list);
         line->setData(pageRole, topic.page);
     }

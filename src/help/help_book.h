@@ -38,15 +38,20 @@ public:
     // A page, picture or style sheet; empty when there is none.
     QByteArray data(const QUrl& address) const;
 
-    // The keywords that contain the text, then the pages with each of its words; every keyword for an empty text.
-    // Letters of either case are the same.
+    // The keywords in which each word of the text begins a word, the nearest first; then the pages of whose title that
+    // is true; then those in whose text or keywords it is, the one with most such words first. Every keyword for an
+    // empty text. Letters of either case are the same, the endings -s, -ed and -ing count for nothing, nor do words
+    // such as "how".
     QList<HelpTopic> search(const QString& text) const;
+    // For a text that finds nothing: up to ten keywords with some of its words. The rarer a word is, the more it
+    // counts; one that stands there as it was typed counts twice.
+    QList<HelpTopic> nearest(const QString& text) const;
 
 private:
     struct Page {
         QUrl address;
         QString title;
-        QString text;
+        QStringList words;
     };
     QUrl address(const QString& name) const;
     void readProject();

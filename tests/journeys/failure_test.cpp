@@ -32,7 +32,7 @@ const Boxes saved{ok("Estimate Saved")};
 const Boxes saveName{yes("Do you want to save the record?", "Save Data")};
 
 const Ending endings[] = {
-    {"writing the price to the catalogue", "mnuNewEstimate", "", "cmbItems=Joist; TxtMaterial=; TxtQty",
+    {"writing the price to the catalog", "mnuNewEstimate", "", "cmbItems=Joist; TxtMaterial=; TxtQty",
      "1 update Item set Material= where Itemid=1", update, price, "10.0;"},
     {"adding the line", "mnuNewEstimate", "drop table Item", "TxtQty=1; cmdAdd", "1 "},
     {"changing the line", "edit", "", "CmdSave; CmdEdit; cmdEditApply", "9 ", saved},

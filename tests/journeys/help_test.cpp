@@ -49,7 +49,12 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(page(), "tab26.html");
     go(help, "cmdContents");
     EXPECT_EQ(page(), "index.html");
-    key(found, Qt::Key_Escape);
+    type(box, "qwxz gutter");
+    EXPECT_EQ(utf8(found.item(0)->text()), "Nothing found. See the contents.");
+    EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";
+    key(box, Qt::Key_Return);
+    EXPECT_TRUE(find<QTreeWidget>(help, "TreeContents").hasFocus());
+    key(help, Qt::Key_Escape);
     EXPECT_FALSE(standing("frmHelp"));
     choose("mnuHelpSearch");
     EXPECT_EQ(page(), "index.html");

@@ -103,7 +103,7 @@ void LineEntry::askMasterPrice(const PriceBox& changed) {
                                        " Price. Do you want to update this price in Main File?",
                                    "Change master file price?"))
         return;
-    const Program::Doing doing(screen_.program(), "writing the price to the catalogue");
+    const Program::Doing doing(screen_.program(), "writing the price to the catalog");
     ClsItem master(screen_.program().dataAccess());
     (master.*changed.update)(ui().cmbItems->ItemData(pricedEntry_), box.Text());
 }
