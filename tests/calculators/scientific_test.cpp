@@ -88,6 +88,7 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"View,copy", " 0"},
         {"3,push,4,push,5,push,View,View,View,View,copy", " 34"},
         {"3,push,View,AC,del,View", " 0"},
+        {"3,push,4,push,del,copy", " 34"},
         {"Rnd,Rnd", " .9378707"},
         {"'7é,Back", "7"},
     };
