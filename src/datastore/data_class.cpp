@@ -35,15 +35,37 @@ ListRows DataClass::readRows(std::string_view statement) {
     return rows;
 }
 
+bool DataClass::isKept(const std::string& ordered) {
+    return kept_.ordered == ordered && kept_.writes == connection_.writes();
+}
+
+// SQLite leaves the order of a single ordered subquery as it is, and takes a condition on it inside.
+RowArray DataClass::keptPage(std::size_t first) {
+    const std::string from = joined(" from (", kept_.ordered, ")");
+    if (kept_.keys.empty()) {
+        const RowArray keys = query(joined("select ", kept_.key, from));
+        for (int row = 0; row < keys.rows(); ++row) kept_.keys.push_back(textOf(keys(0, row)));
+    }
+    std::string wanted;
+    const std::size_t end = std::min(kept_.keys.size(), first + static_cast<std::size_t>(PageSize));
+    for (std::size_t row = first; row < end; ++row) wanted += (row == first ? "" : ",") + kept_.keys[row];
+    return query(joined("select *", from, " where ", kept_.key, " in (", wanted, ")"));
+}
+
 ListRows DataClass::readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
                              std::string_view AscOrDesc) {
     constexpr long farthest = std::numeric_limits<long>::max() / std::numeric_limits<std::int16_t>::max();
     const std::int64_t first = (std::clamp(Page, 1L, farthest) - 1) * positionedBy_;
+    const int size = std::max<int>(PageSize, 0);
+    const std::string ordered = inOrder(statement, FldName, AscOrDesc);
+    const bool again = size > 0 && isKept(ordered);
     RowArray rows =
-        query(joined(inOrder(statement, FldName, AscOrDesc), " limit ", std::max<int>(PageSize, 0), " offset ", first));
-    const double count = toDouble(query(joined("select count(*) from (", statement, ")"))(0, 0));
+        again ? keptPage(static_cast<std::size_t>(first)) : query(joined(ordered, " limit ", size, " offset ", first));
+    const double count = again ? static_cast<double>(kept_.keys.size())
+                               : toDouble(query(joined("select count(*) from (", statement, ")"))(0, 0));
     if (count == 0) return std::nullopt;
     if (Page < 1 || PageSize < 1) fail(Failure::InvalidCall);
+    if (!again) kept_ = {ordered, rows.name(0), connection_.writes(), {}};
     positionedBy_ = PageSize;
     PageCount = pagesOf(static_cast<long>(count), PageSize);
     RecordCount = narrowToInt16(count);

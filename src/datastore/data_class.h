@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "datastore/data_access.h"
 #include "datastore/store.h"
@@ -51,6 +53,18 @@ protected:
     bool leftOpen_ = false;
 
 private:
+    // The list that was read last, whose pages are fetched by their keys from the second read on, as long as nothing is
+    // written: sorting all rows for each page would cost more with each page.
+    struct Kept {
+        std::string ordered;  // the statement with its order
+        std::string key;      // its first column
+        std::uint64_t writes = 0;
+        std::vector<std::string> keys;  // of every row, in order; empty before the second read
+    };
+    bool isKept(const std::string& ordered);
+    RowArray keptPage(std::size_t first);
+
+    Kept kept_;
     std::int16_t positionedBy_ = 10;
 };
 

@@ -41,6 +41,11 @@ void Connection::execute(std::string_view statement) {
     file_->execute(statement);
 }
 
+std::uint64_t Connection::writes() {
+    file_->ready();
+    return file_->writes();
+}
+
 void grouped(Connection& connection, const std::function<void()>& body) {
     // Kept for the length of the group, whatever becomes of the connection meanwhile.
     const std::shared_ptr<StoreFile> file = connection.file_;

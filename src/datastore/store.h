@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -57,6 +58,8 @@ public:
     // Carries out one statement that gives no rows (insert, update, delete). It takes effect at once, or with the write
     // group that is open. Failure::InvalidCall for a statement that gives rows.
     void execute(std::string_view statement);
+    // Rises with each write to the file, by whomever: what was read at the same count still stands.
+    std::uint64_t writes();
 
 private:
     friend void grouped(Connection& connection, const std::function<void()>& body);

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -33,6 +34,8 @@ public:
     void ready();
     void execute(std::string_view statement);
     RowArray query(std::string_view statement);
+    // Statements carried out and files opened so far; another program's write opens the file anew.
+    std::uint64_t writes() const { return writes_; }
 
     // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.
     void beginGroup();
@@ -77,6 +80,7 @@ private:
     Gate gate_;
     Identity identity_;
     std::map<std::string, std::unique_ptr<Compiled>, std::less<>> cache_;
+    std::uint64_t writes_ = 0;
     int depth_ = 0;
     bool committedEarly_ = false;
 };

@@ -225,7 +225,21 @@ TEST_F(StoreTest, TiesKeepOneOrderOverAllPages) {
         for (long number = 2; number <= pages; ++number) joined += page(number);
         EXPECT_EQ(joined, all);
         EXPECT_EQ(list.RecordCount, 40);
+        EXPECT_EQ(page(pages + 1), "none");
     }
+}
+
+TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
+    List list(access);
+    long pages = 0;
+    const auto page = [&] { return dump(*list.readPageOrAll("Select Id,Name from Rooms", 1, pages, "Name", "A")); };
+    for (int reading = 0; reading < 3; ++reading) EXPECT_EQ(page(), "2|Attic;1|Kitchen;");
+    connection.execute("update Rooms set Name = 'Loft' where Id = 2");
+    EXPECT_EQ(page(), "1|Kitchen;2|Loft;");
+    grouped(connection, [&] {
+        addRoom();
+        EXPECT_EQ(page(), "3|Hall;1|Kitchen;2|Loft;");
+    });
 }
 
 }  // namespace
