@@ -67,13 +67,13 @@ void estimates(Sample& sample) {
         raw.execute("commit");
     };
     compare(
-        "estimate of 1,000 lines saved again", 2, [&] { order.Save(); }, [&] { transaction(replacing); });
+        "estimate of 1,000 lines saved again", {.ratio = 2}, [&] { order.Save(); }, [&] { transaction(replacing); });
 
     screen.mode = "A";
     std::int32_t next = Sample::most;
     std::int32_t rawNext = Sample::most;
     compare(
-        "new estimate of 1,000 lines saved", 2,
+        "new estimate of 1,000 lines saved", {.ratio = 2},
         [&] {
             order.OrderNo = ++next;
             order.Save();
@@ -87,7 +87,7 @@ void estimates(Sample& sample) {
         });
 
     compare(
-        "estimate of 1,000 lines loaded", 3,
+        "estimate of 1,000 lines loaded", {.ratio = 2},
         [&] {
             // As into the screen's record, which has been cleared when its window closed.
             ClsOrder fresh(sample.access, screen);

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <concepts>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -9,10 +10,16 @@ namespace torvane::bench {
 
 double median(std::vector<double> values);
 
-// Prints a line: a figure of ours against that of the same work without us, and whether their ratio keeps its limit.
-void printRatio(const char* name, double limit, double ours, double raw, const char* unit);
-// Prints a line for a figure that has a limit of its own.
-void printFigure(const char* name, double limit, double ours, const char* unit);
+// What a figure may come to: `least`, or `ratio` of the same work without us where that is more.
+struct Mark {
+    double least = 0;
+    double ratio = 0;
+};
+
+// Prints a line: a figure of ours, its mark, and beside it that of the same work without us (0: there is none).
+void print(const std::string& name, Mark mark, double ours, double raw, const char* unit = "ms");
+// Whether every figure so far has kept its mark.
+bool allKept();
 
 // The time that a work takes, in milliseconds; a work that gives a number has measured itself.
 template <typename Work>
@@ -26,10 +33,10 @@ double timed(Work&& work) {
     }
 }
 
-// Runs `ours` and `raw` by turns, after a warm-up of each, and prints the ratio of their medians. Running by turns lets
-// a slow moment of a shared machine fall on both; short works are repeated until such moments are the exception.
+// Runs `ours` and `raw` by turns, after a warm-up of each, and prints their medians. Running by turns lets a slow moment
+// of a shared machine fall on both; short works are repeated until such moments are the exception.
 template <typename Ours, typename Raw>
-void compare(const char* name, double limit, Ours ours, Raw raw) {
+void compare(const std::string& name, Mark mark, Ours ours, Raw raw) {
     constexpr std::size_t fewest = 15;
     constexpr std::size_t most = 300;
     constexpr double enoughMilliseconds = 400;
@@ -43,7 +50,7 @@ void compare(const char* name, double limit, Ours ours, Raw raw) {
         rawTimes.push_back(timed(raw));
         sum += oursTimes.back() + rawTimes.back();
     }
-    printRatio(name, limit, median(oursTimes), median(rawTimes), "ms");
+    print(name, mark, median(oursTimes), median(rawTimes));
 }
 
 }  // namespace torvane::bench

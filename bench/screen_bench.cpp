@@ -85,7 +85,7 @@ void fillData(Sample& sample, Screen& screen) {
         texts.append(row);
     }
     compare(
-        "list of 1,000 lines filled (FillData)", 2,
+        "list of 1,000 lines filled (FillData)", {.ratio = 2},
         [&] {
             screen.setLines(0);
             const double without = screen.load();
@@ -115,7 +115,7 @@ void fillItems(Sample& sample, Screen& full) {
     QStringList names;
     for (int item = 1; item <= Sample::most; ++item) names.append(QStringLiteral("Item %1").arg(item));
     compare(
-        "drop-down list of 32,767 items filled (FillItems)", 3,
+        "drop-down list of 32,767 items filled (FillItems)", {.ratio = 3},
         [&] {
             const double without = empty.load();
             return full.load() - without;
@@ -159,7 +159,7 @@ void addLine(Screen& screen) {
     }
     if (list.RowCount() != Sample::largeOrderLines + addedLines)
         throw std::runtime_error("there are " + std::to_string(list.RowCount()) + " lines");
-    printFigure("a line added to 1,000, painted", 16, median(times), "ms");
+    print("a line added to 1,000, painted", {.least = 16}, median(times), 0);
     screen.act([&] { screen.order.Unload(); });
 }
 
