@@ -1,11 +1,9 @@
 #include "masters/category_nodes.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
-#include <map>
 #include <string_view>
-#include <unordered_map>
+#include <utility>
 
 #include "values/letters.h"
 
@@ -18,40 +16,63 @@ constexpr std::string_view marks[] = {"C", "C1_", "C2_"};
 
 }  // namespace
 
-std::vector<CategoryNode> categoryNodes(const ListRows& categories, const ListRows& items) {
-    std::vector<CategoryNode> nodes{{"R", "Categories", -1}};
-    if (!categories) return nodes;
+CategoryNodes::CategoryNodes() {
+    add(-1, {"R", "Categories"}, {});
+}
 
-    std::map<int, std::vector<int>> childrenOf;  // rows of categories by the key of their parent
-    for (int row = 0; row < categories->rows(); ++row) childrenOf[int16OrZero((*categories)(3, row))].push_back(row);
-    // The children of the root, and only they, are sorted by name.
-    std::ranges::stable_sort(childrenOf[0], [&](int a, int b) {
-        return compareWithoutCase(textOrEmpty((*categories)(1, a)), textOrEmpty((*categories)(1, b))) < 0;
-    });
-    std::unordered_map<std::string, std::vector<CategoryNode>> itemsUnder;  // by each beginning of their category's key
-    for (int row = 0; items && row < items->rows(); ++row) {
-        const std::string category = textOrEmpty((*items)(2, row));
-        for (std::size_t digits = 1; digits <= category.size(); ++digits)
-            itemsUnder[category.substr(0, digits)].push_back(
-                {"I" + textOf((*items)(0, row)), textOrEmpty((*items)(1, row)), -1});
+CategoryNodes::CategoryNodes(ListRows categories, ListRows items) : CategoryNodes() {
+    categories_ = std::move(categories);
+    items_ = std::move(items);
+    if (!categories_) return;
+    for (int row = 0; row < categories_->rows(); ++row) {
+        toInt16((*categories_)(0, row));  // only its failure matters
+        categoriesOf_[int16OrZero((*categories_)(3, row))].push_back(row);
     }
+    // The children of the root, and only they, are sorted by name.
+    std::ranges::stable_sort(categoriesOf_[0], [&](int a, int b) {
+        return compareWithoutCase(textOrEmpty((*categories_)(1, a)), textOrEmpty((*categories_)(1, b))) < 0;
+    });
+    for (int row = 0; items_ && row < items_->rows(); ++row) itemsOf_[textOrEmpty((*items_)(2, row))].push_back(row);
+}
 
-    const std::function<void(int, int, std::size_t)> addChildren = [&](int parentKey, int parentNode,
-                                                                       std::size_t level) {
-        if (level == std::size(marks)) return;
-        for (const int row : childrenOf[parentKey]) {
-            const std::string key = textOf((*categories)(0, row));
-            const int node = static_cast<int>(nodes.size());
-            nodes.push_back({std::string(marks[level]) + key, textOrEmpty((*categories)(1, row)), parentNode});
-            for (CategoryNode item : itemsUnder[key]) {
-                item.parent = node;
-                nodes.push_back(std::move(item));
-            }
-            addChildren(toInt16((*categories)(0, row)), node, level + 1);
-        }
-    };
-    addChildren(0, 0, 0);
-    return nodes;
+void CategoryNodes::add(int parent, Node node, Inside inside) {
+    if (parent >= 0) {
+        std::vector<int>& siblings = insides_[static_cast<std::size_t>(parent)].children;
+        node.parent = parent;
+        node.place = static_cast<int>(siblings.size());
+        siblings.push_back(static_cast<int>(nodes_.size()));
+    }
+    nodes_.push_back(std::move(node));
+    insides_.push_back(std::move(inside));
+}
+
+const std::vector<int>& CategoryNodes::children(int number) {
+    Inside& inside = insides_[static_cast<std::size_t>(number)];
+    if (std::exchange(inside.known, true)) return inside.children;
+    for (const int row : itemsUnder(inside))
+        add(number, {"I" + textOf((*items_)(0, row)), textOrEmpty((*items_)(1, row))}, {.known = true});
+    if (inside.level == std::size(marks)) return inside.children;
+    for (const int row : categoriesOf_[inside.key])
+        add(number,
+            {std::string(marks[inside.level]) + textOf((*categories_)(0, row)), textOrEmpty((*categories_)(1, row))},
+            {.key = toInt16((*categories_)(0, row)), .level = inside.level + 1});
+    return inside.children;
+}
+
+bool CategoryNodes::hasChildren(int number) const {
+    const Inside& inside = insides_[static_cast<std::size_t>(number)];
+    if (inside.known) return !inside.children.empty();
+    return !itemsUnder(inside).empty() || (inside.level < std::size(marks) && categoriesOf_.contains(inside.key));
+}
+
+std::vector<int> CategoryNodes::itemsUnder(const Inside& category) const {
+    std::vector<int> rows;
+    if (category.level == 0) return rows;
+    const std::string key = std::to_string(category.key);
+    for (auto found = itemsOf_.lower_bound(key); found != itemsOf_.end() && found->first.starts_with(key); ++found)
+        rows.insert(rows.end(), found->second.begin(), found->second.end());
+    std::ranges::sort(rows);
+    return rows;
 }
 
 }  // namespace torvane

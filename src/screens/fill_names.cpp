@@ -11,7 +11,7 @@ void fillNames(DropList& list, const std::optional<RowArray>& rows) {
     entries.reserve(static_cast<std::size_t>(rows->rows()));
     for (int row = 0; row < rows->rows(); ++row)
         entries.push_back({textOrEmpty((*rows)(1, row)), toInt32((*rows)(0, row))});
-    list.fill(entries);
+    list.fill(std::move(entries));
     list.select(0);
 }
 

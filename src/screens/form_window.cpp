@@ -111,15 +111,21 @@ QRect whollyOn(const QRect& screen, QRect window) {
     return window;
 }
 
+namespace {
+
+int running = 0;  // handlers, each inside the one before
+
+}  // namespace
+
 RunningHandler::RunningHandler(QWidget* window) : window_(window), given_(window != nullptr) {
     if (!given_) return;
     auto& entered = static_cast<FormWindow&>(*window);
     ++entered.handlers_;
-    const FormWindow* const outer = FormWindow::handling();
-    outer_ = std::exchange(entered.innermost_, outer ? outer->innermost_ + 1 : 1);
+    outer_ = std::exchange(entered.innermost_, ++running);
 }
 
 RunningHandler::~RunningHandler() {
+    if (given_) --running;
     if (auto* window = static_cast<FormWindow*>(window_.data())) {
         --window->handlers_;
         window->innermost_ = outer_;

@@ -1,40 +1,60 @@
 #include "widgets/drop_list.h"
 
+#include <QAbstractListModel>
 #include <QListView>
+#include <utility>
 
 #include "values/failure.h"
 #include "widgets/texts.h"
 
 namespace torvane {
 
-DropList::DropList(QWidget* parent) : QComboBox(parent) {
+class DropList::Texts : public QAbstractListModel {
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void set(int count, std::function<std::string(int)> text) {
+        beginResetModel();
+        count_ = count;
+        text_ = std::move(text);
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : count_; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        const bool shown = index.isValid() && (role == Qt::DisplayRole || role == Qt::EditRole);
+        return shown ? qstring(text_(index.row())) : QVariant();
+    }
+
+private:
+    int count_ = 0;
+    std::function<std::string(int)> text_;
+};
+
+DropList::DropList(QWidget* parent) : QComboBox(parent), texts_(new Texts(this)) {
     setFocusPolicy(Qt::StrongFocus);
     setMaxVisibleItems(16);
     setPlaceholderText(" ");  // else the first entry would select itself
     // Else the first show measures every entry.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(12);
-    setModel(&texts_);
+    setModel(texts_);
     connect(this, &QComboBox::activated, this, &DropList::Click);
 }
 
 void DropList::Clear() {
-    fill({});
+    fill({}, {});
 }
 
-void DropList::AddItem(std::string_view text, int itemData) {
-    addItem(qstring(text));
-    itemData_.push_back(itemData);
+void DropList::fill(std::vector<Entry> entries) {
+    std::vector<int> itemData;
+    for (const Entry& entry : entries) itemData.push_back(entry.itemData);
+    fill(std::move(itemData),
+         [entries = std::move(entries)](int index) { return entries[static_cast<std::size_t>(index)].text; });
 }
 
-void DropList::fill(const std::vector<Entry>& entries) {
-    QStringList texts;
-    itemData_.clear();
-    for (const Entry& entry : entries) {
-        texts.append(qstring(entry.text));
-        itemData_.push_back(entry.itemData);
-    }
-    texts_.setStringList(texts);
+void DropList::fill(std::vector<int> itemData, std::function<std::string(int)> text) {
+    itemData_ = std::move(itemData);
+    texts_->set(static_cast<int>(itemData_.size()), std::move(text));
     setCurrentIndex(-1);
 }
 
@@ -53,8 +73,8 @@ void DropList::select(int index) {
 }
 
 void DropList::selectItemData(int itemData) {
-    for (int index = 0; index < ListCount(); ++index)
-        if (ItemData(index) == itemData) select(index);
+    for (std::size_t index = 0; index < itemData_.size(); ++index)
+        if (itemData_[index] == itemData) select(static_cast<int>(index));
 }
 
 int DropList::ItemData(int index) const {

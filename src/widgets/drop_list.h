@@ -1,10 +1,9 @@
 #pragma once
 
 #include <QComboBox>
-#include <QStringListModel>
 #include <QWheelEvent>
+#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace torvane {
@@ -12,7 +11,7 @@ namespace torvane {
 // A drop-down list whose entries carry a number (item data). Nothing is selected until somebody selects. `Click` fires
 // on each act of selecting, by the user (also of the entry that stands already) or by `select`, and not on clearing,
 // filling or the wheel, which changes no drop-down list at all. ListIndex is -1 while nothing is selected. The entries
-// are changed by Clear, AddItem and fill only.
+// are changed by Clear and fill only.
 class DropList : public QComboBox {
     Q_OBJECT
 public:
@@ -22,9 +21,9 @@ public:
         int itemData = 0;
     };
     void Clear();
-    void AddItem(std::string_view text, int itemData);
-    // The whole list at once; what a long list wants.
-    void fill(const std::vector<Entry>& entries);
+    void fill(std::vector<Entry> entries);
+    // The same for a long list: a number for each entry, and its text whenever it is to be shown.
+    void fill(std::vector<int> itemData, std::function<std::string(int index)> text);
     int ListCount() const;
     int ListIndex() const;
     // Selects an entry and fires Click. Failure::InvalidCall when there is no such entry; -1 clears the selection.
@@ -48,7 +47,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
-    QStringListModel texts_;
+    class Texts;
+    Texts* texts_;
     std::vector<int> itemData_;
 };
 

@@ -26,12 +26,19 @@ TestHost::Box keepPrice(const std::string& kind) {
               "Change master file price?");
 }
 
-// The tree as text: a line per node, indented by its level.
-std::string outline(const QTreeWidgetItem& node, std::size_t level = 0) {
-    std::string text =
-        std::string(level, ' ') + utf8(node.data(0, Qt::UserRole).toString() + " " + node.text(0)) + "\n";
-    for (int i = 0; i < node.childCount(); ++i) text += outline(*node.child(i), level + 1);
+// The tree from this node on as text: a line per node, indented by its level.
+std::string outline(CategoryTree& tree, const QModelIndex& node, std::size_t level = 0) {
+    tree.setCurrentIndex(node);
+    std::string text = std::string(level, ' ') + tree.selectedKey() + " " + utf8(node.data().toString()) + "\n";
+    for (int i = 0; i < node.model()->rowCount(node); ++i)
+        text += outline(tree, node.model()->index(i, 0, node), level + 1);
     return text;
+}
+
+QModelIndex nodeOf(const CategoryTree& tree, std::string_view text) {
+    const QAbstractItemModel& nodes = *tree.model();
+    return nodes.match(nodes.index(0, 0), Qt::DisplayRole, qstring(text), 1, Qt::MatchExactly | Qt::MatchRecursive)
+        .value(0);
 }
 
 class EstimateTest : public JourneyTest {
@@ -49,7 +56,7 @@ protected:
     void take(const QWidget& in, const Names& items) {
         auto& tree = find<CategoryTree>(in, "TreeCategory");
         for (const std::string_view name : items) {
-            tree.setCurrentItem(tree.findItems(qstring(name), Qt::MatchExactly | Qt::MatchRecursive).value(0));
+            tree.setCurrentIndex(nodeOf(tree, name));
             key(tree, Qt::Key_Return);
         }
     }
@@ -301,7 +308,7 @@ TEST_F(EstimateTest, TheTreeOfTheSheetIsThreeLevelsDeepAndMatchesKeysByTheirFirs
             (1, '1', 'Plank', 1, 1, 1, 1), (2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1),
             (4, '4', 'Hidden', 4, 1, 1, 1), (5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1))");
     auto& tree = find<CategoryTree>(sheet(), "TreeCategory");
-    EXPECT_EQ(outline(*tree.topLevelItem(0)),
+    EXPECT_EQ(outline(tree, tree.model()->index(0, 0)),
               "R Categories\n C2 öl\n  I5 Red\n C1 Wood\n  I2 Girder\n  I1 Plank\n"
               "  C1_12 Beams\n   I2 Girder\n   C2_3 Glue\n    I3 Epoxy\n");
 }
@@ -313,8 +320,8 @@ TEST_F(EstimateTest, TheSheetCollectsItemsAndMovesThemToTheEstimate) {
         "insert into Item select i, i, 'Plank ' || i, 1, 1, 1, 0, 0, 0, 1, '' from n");
     QWidget& sheetWindow = sheet();
     auto& tree = find<CategoryTree>(sheetWindow, "TreeCategory");
-    const QTreeWidgetItem* last = tree.findItems("Brick", Qt::MatchExactly | Qt::MatchRecursive).value(0);
-    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualItemRect(last).center())) << "opens with the end in sight";
+    EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualRect(nodeOf(tree, "Brick")).center()))
+        << "opens with the end in sight";
     QWidget& order = screens->order.window();
     go(order, "cmbUnits=Bag");
     take(sheetWindow, {"Categories", "Framing"});

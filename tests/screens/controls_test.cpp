@@ -82,7 +82,11 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     } rows[] = {
         {"selected twice", [&] { choice.select(1), choice.select(1); }, "b, b", 1},
         {"by number, each that fits", [&] { choice.selectItemData(4); }, "a, c", 2},
-        {"added and found", [&] { choice.Clear(), choice.AddItem("z", 5), choice.selectItemData(5); }, "z", 0},
+        {"added and found",
+         [&] {
+             choice.fill({{"z", 5}}), choice.selectItemData(5);
+         },
+         "z", 0},
         {"none", [&] { choice.select(0), choice.selectItemData(6), choice.select(-1); }, "a"},
         {"picked twice", [&] { pickInList(choice, 1), pickInList(choice, 1); }, "b, b", 1},
         {"arrows to choose", [&] { key(choice, Qt::Key_Down), key(choice, Qt::Key_Down); }, "a, b", 1},

@@ -104,10 +104,11 @@ void pick(QWidget& box, const QString& text) {
 }
 
 void pickInTree(QWidget& control, const QString& text) {
-    auto& tree = as<QTreeWidget>(control);
-    const auto found = tree.findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    auto& tree = as<QTreeView>(control);
+    const QAbstractItemModel& nodes = *tree.model();
+    const auto found = nodes.match(nodes.index(0, 0), Qt::DisplayRole, text, 1, Qt::MatchExactly | Qt::MatchRecursive);
     if (found.isEmpty()) stop(QStringLiteral("the tree has no %1").arg(text));
-    tree.setCurrentItem(found.constFirst());
+    tree.setCurrentIndex(found.constFirst());
     tree.setFocus();
     QTest::keyClick(&tree, Qt::Key_Return);
 }

@@ -121,7 +121,9 @@ int PanelView::digitsIn(const Control& box) const {
 
 QWidget* PanelView::makeList(const Control& list, QWidget* parent) const {
     auto* made = new DropList(parent);
-    for (const ListEntry& entry : list.entries) made->AddItem(entry.text, entry.itemData);
+    std::vector<DropList::Entry> entries;
+    for (const ListEntry& entry : list.entries) entries.push_back({std::string(entry.text), entry.itemData});
+    made->fill(std::move(entries));
     // Its name is the entry that is selected.
     if (list.label.empty()) made->setAccessibleDescription(spokenName(list));
     return made;

@@ -1,18 +1,20 @@
 #pragma once
 
-#include <QTreeWidget>
+#include <QTreeView>
 #include <string>
+
+#include "masters/category_nodes.h"
 
 namespace torvane {
 
 // The tree of categories and their items. Each node bears a key, whose first letter tells what it is. Enter on a node
 // is a double click; the arrow keys expand and collapse.
-class CategoryTree : public QTreeWidget {
+class CategoryTree : public QTreeView {
     Q_OBJECT
 public:
     explicit CategoryTree(QWidget* parent = nullptr);
-    // A node that stands in no tree yet.
-    static QTreeWidgetItem* node(const std::string& key, const std::string& text);
+    // Selects the root; the last node of all is in sight as soon as the tree has its size.
+    void show(CategoryNodes nodes);
     // Key of the selected node; "" when none is selected.
     std::string selectedKey() const;
 
@@ -21,6 +23,10 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    class Nodes;  // which the view reads where they lie
+    Nodes* nodes_;
 };
 
 }  // namespace torvane

@@ -1,7 +1,6 @@
 #include "estimates/screens/frm_list.h"
 
 #include "estimates/screens/frm_order.h"
-#include "masters/category_nodes.h"
 #include "masters/cls_master.h"
 #include "screens/fill_names.h"
 #include "ui_frm_list.h"
@@ -39,23 +38,11 @@ void frmList::Form_Load() {
 }
 
 void frmList::RefreshTree() {
-    CategoryTree& tree = *ui().TreeCategory;
     long PageCount = 0;
-    const auto categories = Category().GetAllCategories(-1, PageCount, "ParentCategory, Catname", "A");
+    auto categories = Category().GetAllCategories(-1, PageCount, "ParentCategory, Catname", "A");
     // Read once and handed out, in place of a query for each category.
-    const auto items = Item().GetItemsOfCategories("ItemName", "A");
-    const std::vector<CategoryNode> nodes = categoryNodes(categories, items);
-    std::vector<QTreeWidgetItem*> inTree;
-    inTree.reserve(nodes.size());
-    for (const CategoryNode& node : nodes) {
-        inTree.push_back(CategoryTree::node(node.key, node.text));
-        if (node.parent >= 0) inTree[static_cast<std::size_t>(node.parent)]->addChild(inTree.back());
-    }
-    tree.addTopLevelItem(inTree.front());
-    tree.setCurrentItem(inTree.front());
-    // When the window has its size: before, nobody knows what is in sight.
-    const auto showLast = [&tree, last = inTree.back()] { tree.scrollToItem(last); };
-    QMetaObject::invokeMethod(&tree, showLast, Qt::QueuedConnection);
+    auto items = Item().GetItemsOfCategories("ItemName", "A");
+    ui().TreeCategory->show({std::move(categories), std::move(items)});
 }
 
 void frmList::InitListView() {

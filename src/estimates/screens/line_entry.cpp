@@ -71,14 +71,15 @@ void LineEntry::InitListView() {
 
 void LineEntry::FillItems() {
     pricedEntry_ = -1;
-    const auto items = screen_.Order().GetComboItems();
+    const auto items = std::make_shared<const ListRows>(screen_.Order().GetComboItems());
+    std::vector<int> keys;
+    for (int row = 0; *items && row < (*items)->rows(); ++row) keys.push_back(toInt32((**items)(0, row)));
     // The prices come first: selecting an item reads them.
-    std::vector<DropList::Entry> prices;
-    for (int row = 0; items && row < items->rows(); ++row)
-        prices.push_back({priceEntry(*items, row), toInt32((*items)(0, row))});
-    ui().cmbPrices->fill(prices);
-    if (items) ui().cmbPrices->select(0);
-    fillNames(*ui().cmbItems, items);
+    ui().cmbPrices->fill(keys, [items](int row) { return priceEntry(**items, row); });
+    ui().cmbItems->fill(keys, [items](int row) { return textOrEmpty((**items)(1, row)); });
+    if (keys.empty()) return;
+    ui().cmbPrices->select(0);
+    ui().cmbItems->select(0);
 }
 
 LinePanel LineEntry::panel() {

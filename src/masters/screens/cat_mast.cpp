@@ -11,7 +11,7 @@ void FillCatg(DropList& cmbParent, clsCategory& categories) {
     if (const auto rows = categories.GetComboCategories())
         for (int row = 0; row < rows->rows(); ++row)
             entries.push_back({textOrEmpty((*rows)(1, row)), toInt32((*rows)(0, row))});
-    cmbParent.fill(entries);
+    cmbParent.fill(std::move(entries));
     cmbParent.select(0);
 }
 

@@ -82,7 +82,7 @@ void ItemMast::FillCatg() {
         const std::int16_t key = toInt16((*rows)(0, row));
         entries.push_back({textOrEmpty((*rows)(1, row)) + category.GetParentName(key), key});
     }
-    list.fill(entries);
+    list.fill(std::move(entries));
     list.select(0);
     list.setVisible(true);
     for (QWidget* standIn : std::initializer_list<QWidget*>{ui().txtCatName, ui().CmdSelCat, ui().cmdAddCat})

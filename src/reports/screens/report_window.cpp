@@ -42,8 +42,10 @@ void ReportWindow::Form_Load() {
     click(ui().cmdPdf, [this] { exportTo("PDF", {".pdf"}, writePdf); });
     click(ui().cmdHtml, [this] { exportTo("HTML", {".html", ".htm"}, writeHtml); });
     click(ui().cmdClose, [this] { Unload(); });
-    for (const int step : zoomSteps) ui().cmbZoom->AddItem(generalText(step) + " %", step);
-    ui().cmbZoom->AddItem("Fit to width", fitToWidth);
+    std::vector<DropList::Entry> zooms;
+    for (const int step : zoomSteps) zooms.push_back({generalText(step) + " %", step});
+    zooms.push_back({"Fit to width", fitToWidth});
+    ui().cmbZoom->fill(std::move(zooms));
     on(*this, ui().cmbZoom, &DropList::Click, [this] { zoom(); });
     ui().cmbZoom->selectItemData(100);
     on(*this, ui().scroll, &PageScroll::Turn, [this](int pages) { turn(pages); });
