@@ -13,7 +13,8 @@
 #include "sample.h"
 #include "screens/guarded_application.h"
 
-// Prints one line per measurement, of all groups or of those that are named. Status 1 when a figure is over its mark or
+// Prints one line per measurement, of all groups or of those that are named, at the largest sizes or, with "tenth" as the
+// first argument, at a tenth of them, which shows how each grows. Status 1 when a figure is over its mark or
 // could not be measured; on a busy machine one may be over by chance.
 int main(int argc, char** argv) {
     using namespace torvane;
@@ -27,8 +28,13 @@ int main(int argc, char** argv) {
     }
     int status = 0;
     try {
+        std::vector<std::string> named(argv + 1, argv + argc);
+        if (!named.empty() && named.front() == "tenth") {
+            std::puts("At a tenth of the sizes that the names tell:");
+            bench::Sample::takeATenth();
+            named.erase(named.begin());
+        }
         bench::Sample sample(folder);
-        const std::vector<std::string> named(argv + 1, argv + argc);
         const std::pair<const char*, void (*)(bench::Sample&)> groups[] = {
             {"lists", bench::lists},     {"estimates", bench::estimates},     {"screens", bench::screens},
             {"masters", bench::masters}, {"reports", bench::sheetAndReports}, {"start", bench::start}};

@@ -12,28 +12,38 @@ namespace {
 // The numbers are scattered by prime factors, so that no list is sorted by chance.
 constexpr const char* names = R"sql(
 create temp table Number (n integer primary key);
-with recursive a(n) as (select 1 union all select n+1 from a where n < 32767) insert into Number select n from a;
-insert into Category select n, 'Category ' || (n * 7919 % 500), case when n > 50 then n % 50 + 1 end from Number
-    where n <= 500;
+with recursive a(n) as (select 1 union all select n+1 from a where n < @most) insert into Number select n from a;
+insert into Category select n, 'Category ' || (n * 7919 % @categories), case when n > 50 then n % 50 + 1 end from Number
+    where n <= @categories;
 insert into Units select n, 'Unit ' || n from Number where n <= 30;
 insert into Rooms select n, 'Room ' || n from Number where n <= 30;
 insert into States select n, 'State ' || n from Number where n <= 51;
 )sql";
 constexpr const char* rows = R"sql(
-insert into Item select n, n * 7919 % 32768, 'Item ' || (n * 104729 % 32768), n % 500 + 1, n % 30 + 1,
+insert into Item select n, n * 7919 % 32768, 'Item ' || (n * 104729 % 32768), n % @categories + 1, n % 30 + 1,
     (n * 31 % 10000) / 100.0, (n * 17 % 5000) / 100.0, n % 90, (n % 400) / 8.0, n % 12 + 1, 'Each' from Number;
 insert into Customer (CustId, CustName, BStreet1, BCity, BState, BPhone, BEmail)
     select n, 'Customer ' || (n * 7919 % 32768), n || ' Main Street', 'City ' || n % 500, n % 51 + 1, '555-' || n,
            'c' || n || '@example.com' from Number;
 insert into OrderInfo (OrderNo, CustId, RepId, OrderDate, SStreet1, SCity, SState, ShipId, Amount, Tax, Total,
                        UPSTracking, Notes, Overhead)
-    select n, n * 7919 % 32768 + 1, 0, date('2003-01-01', (n % 3650) || ' days'), n || ' Side Street',
+    select n, n * 7919 % @most + 1, 0, date('2003-01-01', (n % 3650) || ' days'), n || ' Side Street',
            'City ' || n % 500, n % 51 + 1, 0, n, 5, n * 1.05, '', 'As agreed', 10 from Number;
 insert into OrderItem
-    select o.n, (o.n * 131 + l.n) % 32767 + 1, l.n % 9 + 1, (l.n * 37 % 1000) / 4.0, l.n % 30 + 1, l.n % 30 + 1,
+    select o.n, (o.n * 131 + l.n) % @most + 1, l.n % 9 + 1, (l.n * 37 % 1000) / 4.0, l.n % 30 + 1, l.n % 30 + 1,
            l.n % 7, l.n * 1.25, l.n / 8.0
-    from Number o, Number l where l.n <= 31 and o.n <> 7 order by o.n, l.n limit 999000;
+    from Number o, Number l where l.n <= 31 and o.n <> 7 order by o.n, l.n limit @others;
 )sql";
+
+std::string sized(std::string sql) {
+    const std::pair<std::string, long> sizes[] = {{"@most", Sample::most},
+                                                  {"@categories", Sample::categories},
+                                                  {"@others", Sample::lines - Sample::largeOrderLines}};
+    for (const auto& [name, size] : sizes)
+        for (auto place = sql.find(name); place != std::string::npos; place = sql.find(name))
+            sql.replace(place, name.size(), std::to_string(size));
+    return sql;
+}
 
 std::string largeOrderStatement() {
     std::string sql = "insert into OrderItem values ";
@@ -94,16 +104,23 @@ long Raw::read(const std::string& select) {
 Sample::Sample(const std::string& folder)
     : folder_(made(folder)), host(folder_), access{host, store}, raw(folder_ + "/raw.db") {}
 
+void Sample::takeATenth() {
+    largeOrderLines /= 10;
+    most /= 10;
+    categories /= 10;
+    lines /= 10;
+}
+
 std::string Sample::made(const std::string& folder) {
     const std::filesystem::path base(folder);
     const std::filesystem::path full = base / "Larkfen.mdb";
     {
         Raw maker(full);
         maker.execute("pragma synchronous = off; pragma journal_mode = off");
-        maker.execute("begin; " + schemaText() + names + "commit");
+        maker.execute("begin; " + schemaText() + sized(names) + "commit");
         std::filesystem::create_directory(base / "empty");
         std::filesystem::copy_file(full, base / "empty/Larkfen.mdb");
-        maker.execute(std::string("begin; ") + rows + largeOrderStatement() + "; commit");
+        maker.execute("begin; " + sized(rows) + largeOrderStatement() + "; commit");
         if (maker.read("select 1 from OrderItem") != lines) throw std::runtime_error("the sample has other lines");
     }
     std::filesystem::copy_file(full, base / "raw.db");

@@ -51,21 +51,23 @@ private:
 };
 
 // A business as large as the 16-bit counts of the lists allow: 32,767 items in 500 categories, as many customers and
-// estimates, 1,000,000 lines. Made anew in an empty folder: one database for us, the same one for SQLite alone, and one
+// estimates, 1,000,000 lines; or a tenth of that. Made anew in an empty folder: one database for us, the same one for SQLite alone, and one
 // without items.
 class Sample {
 public:
     explicit Sample(const std::string& folder);
 
-    static constexpr std::int32_t largeOrder = 7;  // the estimate of 1,000 lines
-    static constexpr int largeOrderLines = 1000;
-    static constexpr int most = 32767;
-    static constexpr int categories = 500;
-    // The items of the large estimate's lines are scattered over the catalogue.
-    static constexpr int itemOfLine(int line) { return line * 31 % most + 1; }
-    static constexpr int categoryOfItem(int item) { return item % categories + 1; }
+    // Before the first sample is made.
+    static void takeATenth();
 
-    static constexpr long lines = 1'000'000;
+    static constexpr std::int32_t largeOrder = 7;  // the estimate of 1,000 lines
+    static inline int largeOrderLines = 1000;
+    static inline int most = 32767;
+    static inline int categories = 500;
+    static inline long lines = 1'000'000;
+    // The items of the large estimate's lines are scattered over the catalogue.
+    static int itemOfLine(int line) { return line * 31 % most + 1; }
+    static int categoryOfItem(int item) { return item % categories + 1; }
 
     const std::string& folder() const { return folder_; }
     std::string emptyCatalogue() const { return folder_ + "/empty"; }

@@ -143,7 +143,7 @@ void addLine(Screen& screen) {
     std::vector<double> times;
     for (int i = 0; i < addedLines; ++i) {
         screen.act([&] {
-            items.select(i * 1000 + 1);
+            items.select(i * (Sample::most / addedLines));
             quantity.setText("3");
         });
         list.scrollToBottom();
