@@ -57,7 +57,6 @@ TEST_F(HelpTest, SearchesKeywordsFirstAndThenThePages) {
                                      {"does not do", "limits.html"},
                                      {"hip rafters", "tab12.html"},
                                      {"something wrong", "trouble.html"},
-                                     {"square corners", "tab16.html"},
                                      {"2652 + 7956", "tab8.html"}}) {
         const QList<HelpTopic> found = book.search(text);
         ASSERT_FALSE(found.isEmpty()) << text;
