@@ -10,6 +10,7 @@
 
 #include "screens/form.h"
 #include "widgets/mnemonics.h"
+#include "widgets/units.h"
 
 namespace torvane {
 
@@ -40,15 +41,26 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 void giveKeys(QWidget& window) {
     giveMnemonics(window);
     QList<QPushButton*> escapes;
-    for (const QLatin1String word : {QLatin1String("Cancel"), QLatin1String("Close"), QLatin1String("Exit")})
+    for (const char* word : {"Close Notes", "Cancel", "Close", "Exit"})
         for (QPushButton* button : window.findChildren<QPushButton*>())
-            if (button->text().remove('&') == word) escapes.append(button);
+            if (button->text().remove('&') == QLatin1String(word)) escapes.append(button);
     // A shortcut and not a key event: lists keep the keys they do not know.
     auto* escape = new QShortcut(Qt::Key_Escape, &window);
     QObject::connect(escape, &QShortcut::activated, &window, [escapes] {
         const auto shown = std::ranges::find_if(escapes, &QWidget::isVisible);
         if (shown != escapes.end()) (*shown)->click();
     });
+}
+
+void growWithType(QWidget& window) {
+    const double scale = fontScale(window);
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        if (control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_"))) continue;
+        control->setMinimumSize(control->minimumSize() * scale);
+        const QSize most = control->maximumSize();
+        const auto grown = [scale](int pixels) { return pixels == QWIDGETSIZE_MAX ? pixels : qRound(pixels * scale); };
+        control->setMaximumSize(grown(most.width()), grown(most.height()));
+    }
 }
 
 // Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.

@@ -67,8 +67,11 @@ void asHandler(Program& program, QWidget* window, const std::function<void()>& b
 QWidget* frontWindow(const QWidget* except = nullptr);
 
 // Gives a window that was drawn by a form file its keys: letters to its buttons, and Escape, which presses the first
-// that shows of its Cancel, Close and Exit.
+// that shows of its Close Notes, Cancel, Close and Exit.
 void giveKeys(QWidget& window);
+
+// Widens what the form file bounds, which is given for the usual type.
+void growWithType(QWidget& window);
 
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.
 void standOver(QWidget& window, QWidget* front);

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -60,6 +62,16 @@ QRect scaled(const Twips& place, double scale) {
             pixels(place.height * scale)};
 }
 
+// The largest at which the window, with its frame and menus, is wholly on the screen.
+double scaleOfTheScreen(const QWidget& window) {
+    const QSize room = window.screen()->availableGeometry().size();
+    const int frameAndMenus = 3 * window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSizeF usual = scaled(clientSize, 1).size();
+    const double fits = std::min(room.width() / (usual.width() + frameAndMenus / 3.0),
+                                 (room.height() - frameAndMenus) / usual.height());
+    return std::max(1.0, fits);
+}
+
 void artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {
     auto* image = new QLabel(&area);
     image->setObjectName(QLatin1String(name));
@@ -98,10 +110,14 @@ void frmMainMenu::build(QWidget& window) {
     auto* bar = new QMenuBar(&window);
     layout->setMenuBar(bar);
     auto* area = new QWidget(&window);
-    const double scale = fontScale(window);
+    const double scale = std::min(fontScale(window), scaleOfTheScreen(window));
     // What stands in it keeps together in the middle of a larger window.
     area->setFixedSize(scaled(clientSize, scale).size());
     layout->addWidget(area, 0, Qt::AlignCenter);
+
+    QFont fits = area->font();
+    fits.setPointSizeF(fits.pointSizeF() * scale / fontScale(window));
+    area->setFont(fits);
 
     auto* caption = new QLabel(QLatin1String(title), area);
     caption->setObjectName(QStringLiteral("Label1"));

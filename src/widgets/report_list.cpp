@@ -139,8 +139,8 @@ void ReportList::fitColumnsSoon() {
     fitting_.start(0);
 }
 
-// What is free is shared out among the columns that cut a text of the rows in view; the one that lacks least comes
-// first, so that dates and numbers are whole.
+// A column that cuts a text of the rows in view, or its header, gets what others do not need; the one that lacks least
+// comes first, so that dates and numbers are whole. Where nothing is cut the given widths stand.
 void ReportList::fitColumns() {
     if (dragged_) return;
     struct Lack {
@@ -148,20 +148,29 @@ void ReportList::fitColumns() {
         int column;
     };
     std::vector<Lack> lacks;
+    std::vector<int> widths = givenWidths_;
     for (int column = 0; column < columnCount(); ++column) {
-        const int given = givenWidths_[static_cast<std::size_t>(column)];
+        int& width = widths[static_cast<std::size_t>(column)];
+        if (width == 0) continue;
         const int wanted = std::max(sizeHintForColumn(column), header()->sectionSizeHint(column));
-        if (given > 0) lacks.push_back({std::max(0, wanted - given), column});
+        lacks.push_back({std::max(0, wanted - width), column});
+        width = std::min(width, wanted);
     }
     std::ranges::sort(lacks, {}, &Lack::pixels);
-    int spare = std::max(0, viewport()->width() - std::reduce(givenWidths_.begin(), givenWidths_.end()));
-    int left = static_cast<int>(lacks.size());
-    const QScopedValueRollback own(fittingNow_, true);
-    for (const auto& [pixels, column] : lacks) {
-        const int more = std::min(pixels, spare / left--);
+    int spare = std::max(0, viewport()->width() - std::reduce(widths.begin(), widths.end()));
+    const auto widen = [&](int column, int most) {
+        const int more = std::min(most, spare);
         spare -= more;
-        setColumnWidth(column, givenWidths_[static_cast<std::size_t>(column)] + more);
-    }
+        widths[static_cast<std::size_t>(column)] += more;
+    };
+    int left = static_cast<int>(lacks.size());
+    for (const auto& [pixels, column] : lacks) widen(column, std::min(pixels, spare / left--));
+    // What is still free gives the others their widths back.
+    for (const auto& [pixels, column] : lacks)
+        widen(column,
+              std::max(0, givenWidths_[static_cast<std::size_t>(column)] - widths[static_cast<std::size_t>(column)]));
+    const QScopedValueRollback own(fittingNow_, true);
+    for (const auto& [pixels, column] : lacks) setColumnWidth(column, widths[static_cast<std::size_t>(column)]);
 }
 
 void ReportList::resizeEvent(QResizeEvent* event) {

@@ -9,8 +9,8 @@
 namespace torvane {
 
 // The report list: rows of texts under headers. Column 0 is the row's own text; the columns of width 0 are hidden and
-// carry keys that code reads by index. What the given widths leave free goes to the columns whose texts are cut, until
-// the user drags a width. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the selected
+// carry keys that code reads by index. A column whose texts are cut gets what the others do not need, until the user
+// drags a width. Sorted by the database, never by the list. Ctrl+C copies the visible texts of the selected
 // row, separated by tabs; Enter is a double click.
 class ReportList : public QTreeView {
     Q_OBJECT

@@ -79,10 +79,8 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 
 void TextBox::mouseDoubleClickEvent(QMouseEvent* event) {
     static const QRegularExpression number(QStringLiteral("^[-+]?[0-9.,]+$"));
-    if (event->button() == Qt::LeftButton && number.match(text()).hasMatch())
-        selectAll();
-    else
-        QLineEdit::mouseDoubleClickEvent(event);
+    QLineEdit::mouseDoubleClickEvent(event);  // also makes a third click take the whole line
+    if (event->button() == Qt::LeftButton && number.match(text()).hasMatch()) selectAll();
 }
 
 void TextBox::setResult(bool result) {

@@ -34,7 +34,7 @@ public:
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(page);
         const int letter = fontMetrics().averageCharWidth();
-        resize(QSize(80 * letter, 90 * letter).boundedTo(screen()->availableSize() * 0.9));
+        resize(QSize(104 * letter, 90 * letter).boundedTo(screen()->availableSize() * 0.9));
     }
 
 private:

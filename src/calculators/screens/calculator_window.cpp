@@ -9,6 +9,7 @@
 
 #include "calculators/screens/panel_view.h"
 #include "calculators/screens/tab_strip.h"
+#include "widgets/mnemonics.h"
 #include "widgets/picture_button.h"
 #include "widgets/texts.h"
 #include "widgets/units.h"
@@ -47,13 +48,13 @@ void CalculatorWindow::build(QWidget& window) {
     layout->addWidget(TabStrip1_);
     layout->addWidget(area, 1);
     layout->addWidget(foot(&window));
-    area->setMinimumSize(panels->sizeHint());
+    area->setMinimumSize(largestPanel());
     const int scrollBar = area->verticalScrollBar()->sizeHint().width();
-    window.resize(layout->sizeHint().grownBy({0, 0, scrollBar, 0}));
+    window.resize(layout->sizeHint().grownBy({0, 0, scrollBar, scrollBar}));
     area->setMinimumSize(0, 0);
 }
 
-// All panels lie one upon the other, and take the room of the largest, so that nothing moves when another one shows.
+// All panels lie one upon the other.
 QWidget* CalculatorWindow::makePanels() {
     auto* panels = new QWidget;
     auto* cell = new QGridLayout(panels);
@@ -61,15 +62,18 @@ QWidget* CalculatorWindow::makePanels() {
     for (const CalculatorTab& tab : group_.tabs) {
         if (!tab.panel || panels_.contains(tab.panel)) continue;
         auto* view = new PanelView(*this, tab.panel(), panels);
-        QSizePolicy policy = view->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        view->setSizePolicy(policy);
+        giveMnemonics(*view);
         view->hide();
         cell->addWidget(view, 0, 0);
         panels_.emplace(tab.panel, view);
     }
-    panels->setMinimumSize(panels->sizeHint());
     return panels;
+}
+
+QSize CalculatorWindow::largestPanel() const {
+    QSize largest;
+    for (const auto& [make, panel] : panels_) largest = largest.expandedTo(panel->sizeHint());
+    return largest;
 }
 
 QWidget* CalculatorWindow::foot(QWidget* parent) {
@@ -84,7 +88,7 @@ QWidget* CalculatorWindow::foot(QWidget* parent) {
     auto* label = new QLabel(QStringLiteral("How to Transfer?"), foot);
     label->setObjectName(qstring(group_.helpLabel));
     label->setBuddy(help);
-    auto* close = new QPushButton(QStringLiteral("Close"), foot);
+    auto* close = new QPushButton(QStringLiteral("Clo&se"), foot);
     close->setObjectName(QStringLiteral("Command2"));
     layout->addWidget(help);
     layout->addWidget(label);

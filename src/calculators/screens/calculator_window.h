@@ -33,6 +33,7 @@ protected:
 
 private:
     QWidget* makePanels();
+    QSize largestPanel() const;
     QWidget* foot(QWidget* parent);
 
     const CalculatorGroup& group_;

@@ -245,8 +245,11 @@ void PanelView::open(std::string_view tab) {
     const auto takesKeys = [this](const Control* control) {
         return widgets_.at(control)->focusPolicy() & Qt::TabFocus;
     };
-    if (const auto first = std::ranges::find_if(panel_->controls(), takesKeys); first != panel_->controls().end())
-        widgets_.at(*first)->setFocus(Qt::TabFocusReason);  // what stands there is typed over
+    const auto first = std::ranges::find_if(panel_->controls(), takesKeys);
+    if (first == panel_->controls().end()) return;
+    widgets_.at(*first)->setFocus(Qt::TabFocusReason);
+    // What stands there is typed over, also when the window is yet to come.
+    if (auto* box = qobject_cast<TextBox*>(widgets_.at(*first))) box->selectAll();
 }
 
 // --- What formulas ask -----------------------------------------------------------------------------------------------

@@ -30,6 +30,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
         const int step = event->key() == Qt::Key_Right  ? 1
                          : event->key() == Qt::Key_Left ? -1
                          : event->key() == Qt::Key_Down ? tabsInARow

@@ -7,7 +7,8 @@ class QButtonGroup;
 namespace torvane {
 
 // A strip of tabs that shows all of its captions at once, in rows: one that scrolls would hide most of them. Only a
-// click moves the mark, and a click on the marked tab counts, too. The arrows walk along the tabs, Space clicks.
+// click moves the mark, and a click on the marked tab counts, too. The arrows walk along the tabs, Space and
+// Enter click.
 class TabStrip : public QWidget {
     Q_OBJECT
 public:

@@ -15,7 +15,9 @@ void PageScroll::keyPressEvent(QKeyEvent* event) {
     const bool down = event->key() == Qt::Key_PageDown || event->key() == Qt::Key_Down;
     const bool up = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_Up;
     const int direction = down ? 1 : -1;
-    if ((down || up) && atEnd(direction))
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+        emit TurnToEnd(event->key() == Qt::Key_Home ? -1 : 1);
+    else if ((down || up) && atEnd(direction))
         emit Turn(direction);
     else
         QScrollArea::keyPressEvent(event);

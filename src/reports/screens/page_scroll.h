@@ -5,15 +5,16 @@
 namespace torvane {
 
 // What a page is read through. At its lower end Page Down, Down and the wheel go on to the next page, at its upper end
-// the other way; the wheel with Ctrl zooms.
+// the other way; Home and End go to the first and the last page, the wheel with Ctrl zooms.
 class PageScroll : public QScrollArea {
     Q_OBJECT
 public:
     using QScrollArea::QScrollArea;
 
 signals:
-    void Turn(int pages);  // 1 or -1
-    void Zoom(int steps);  // 1 or -1
+    void Turn(int pages);           // 1 or -1
+    void TurnToEnd(int direction);  // to the last page: 1, to the first: -1
+    void Zoom(int steps);           // 1 or -1
     void Resized();
 
 protected:

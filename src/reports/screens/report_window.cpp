@@ -49,6 +49,8 @@ void ReportWindow::Form_Load() {
     on(*this, ui().cmbZoom, &DropList::Click, [this] { zoom(); });
     ui().cmbZoom->selectItemData(100);
     on(*this, ui().scroll, &PageScroll::Turn, [this](int pages) { turn(pages); });
+    on(*this, ui().scroll, &PageScroll::TurnToEnd,
+       [this](int direction) { showPage(direction < 0 ? 0 : pages_->pageCount() - 1); });
     on(*this, ui().scroll, &PageScroll::Resized, [this] { zoom(); });
     on(*this, ui().scroll, &PageScroll::Zoom, [this](int steps) {
         const int last = static_cast<int>(std::size(zoomSteps)) - 1;
@@ -103,11 +105,15 @@ void ReportWindow::zoom() {
     ui().page->setZoom(chosen == fitToWidth ? PageView::zoomOfWidth(ui().scroll->viewport()->width()) : chosen);
 }
 
+std::string ReportWindow::proposedName() {
+    std::string proposed = of_.empty() ? caption() : caption() + " " + of_;
+    std::ranges::replace(proposed, '/', '-');
+    return proposed;
+}
+
 void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write write) {
     const std::string title = caption();
-    std::string proposed = of_.empty() ? title : title + " " + of_;
-    std::ranges::replace(proposed, '/', '-');
-    const auto name = program().host().askSaveName(proposed + utf8(endings.front()),
+    const auto name = program().host().askSaveName(proposedName() + utf8(endings.front()),
                                                    std::string(kind) + " (*" + utf8(endings.join(" *")) + ")");
     if (!name) return;
     const bool ended = std::ranges::any_of(
@@ -133,7 +139,7 @@ void ReportWindow::print() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageSize(QPageSize(QPageSize::Letter));
     printer.setFullPage(true);
-    printer.setDocName(qstring(caption()));
+    printer.setDocName(qstring(proposedName()));  // a file to print to is offered under it
     QPrintDialog dialog(&printer, &window());
     dialog.setObjectName(QStringLiteral("PrintDialog"));
     dialog.setMinMax(1, pages_->pageCount());

@@ -30,6 +30,8 @@ private:
     void zoom();
     void print();
     using Write = Exported (*)(const ReportPages&, const std::string&, const ExportProgress&);
+    // The name that a file with the report is offered under, without an ending.
+    std::string proposedName();
     // The first of the endings is given to a name that has none of them.
     void exportTo(const char* kind, const QStringList& endings, Write write);
 
