@@ -33,6 +33,7 @@ TEST(Conversions, EqualAmounts) {
          "Grams=25401172.72;Kilograms=25401.17272;Metric tons=25.40117272"},
         {"Temperature", "Fahrenheit=-459.67;Celsius=-273.15;Kelvin=0"},
         {"Temperature", "Celsius=0.1;Fahrenheit=32.18;Kelvin=273.25"},
+        {"Temperature", "Fahrenheit=32.1;Celsius=0.0555555556"},
         {"Pressure",
          "Kips per sq inch=1;Pounds per sq inch=1000;Pounds per sq foot=144000;Inches of water=27679.9047102031;"
          "Feet of water=2306.65872585026;Atmospheres=68.0459639098777;Bars=68.9475729316836;"

@@ -23,9 +23,16 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     EXPECT_EQ(unclearControls(window), std::set<std::string>{});
     auto& left = find<QLineEdit>(window, "txtLeft");
     auto& right = find<QLineEdit>(window, "txtRight");
+    EXPECT_EQ(utf8(window.windowTitle()), "Conversions");
+    EXPECT_TRUE(left.hasFocus());
     EXPECT_EQ(utf8(left.selectedText()), "12' 6 1/2\"") << "what is typed takes its place";
-    // A control, the text that is typed or the entry that is picked, and then the texts of both boxes.
-    const std::tuple<const char*, const char*, const char*, const char*> steps[] = {
+    const struct {
+        const char* control;
+        const char* text;  // that is typed, or the entry that is picked
+        const char* left;
+        const char* right;
+        const char* word = "";  // over the boxes
+    } steps[] = {
         {"txtLeft", "10'", "10'", "3.048"},
         {"lstRight", "Yards", "10'", "3.33333333333333"},
         {"lstLeft", "Feet", "10'", "3.33333333333333"},
@@ -35,13 +42,18 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
         {"lstRight", "Meters", "13' 1 1/2\"", "4"},
         {"cmbFractions", "1/64 inch", "13' 1 31/64\"", "4"},
         {"cmbFractions", "1/2 inch", "13' 1 1/2\"", "4"},
-        {"txtRight", "four", "", "four"},
+        {"txtRight", "four", "", "four", "Not understood"},
         {"cmbCategory", "Board feet", "2 x 6 x 14", "14"},
-        {"txtRight", "x", "", "x"},
+        {"txtRight", "x", "", "x", "Not understood"},
         {"txtRight", "20", "2 x 6 x 20", "20"},
+        {"cmbCategory", "Slope", "1", "4.76364169072618"},
+        {"lstRight", "Ratio, rise to run", "1", "1:12"},
+        {"txtLeft", "0", "0", "", "No such amount"},
+        {"txtLeft", " ", " ", ""},
         {"cmbCategory", "Length", "12' 6 1/2\"", "3.8227"},
     };
-    for (const auto& [name, text, leftText, rightText] : steps) {
+    for (const auto& [name, text, leftText, rightText, word] : steps) {
+        SCOPED_TRACE(std::string(name) + " " + text);
         auto& control = find<QWidget>(window, name);
         if (auto* units = qobject_cast<QListWidget*>(&control)) {
             const QRect entry = units->visualItemRect(units->findItems(text, Qt::MatchExactly).constFirst());
@@ -52,9 +64,20 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
             static_cast<QLineEdit&>(control).selectAll();
             type(control, text);
         }
-        EXPECT_EQ(utf8(left.text()), leftText) << text;
-        EXPECT_EQ(utf8(right.text()), rightText) << text;
+        EXPECT_EQ(utf8(left.text()), leftText);
+        EXPECT_EQ(utf8(right.text()), rightText);
+        EXPECT_EQ(utf8(find<QLabel>(window, "lblLeft").text() + find<QLabel>(window, "lblRight").text()), word);
+        const QString unit = find<QListWidget>(window, "lstLeft").currentItem()->text();
+        const bool inFeet = unit == "Feet and inches";
+        EXPECT_EQ(find<QComboBox>(window, "cmbFractions").isEnabled(), inFeet);
+        EXPECT_EQ(utf8(left.placeholderText()), inFeet                             ? "12' 6 1/2\""
+                                                : unit == "Inches x inches x feet" ? "2 x 6 x 14"
+                                                                                   : "");
     }
+    EXPECT_EQ(right.cursorPosition(), 0) << "a long result shows its beginning";
+    QStringList fractions;
+    for (int each = 0; each < 6; ++each) fractions += find<QComboBox>(window, "cmbFractions").itemText(each);
+    EXPECT_EQ(utf8(fractions.join(", ")), "1/2 inch, 1/4 inch, 1/8 inch, 1/16 inch, 1/32 inch, 1/64 inch");
 
     const auto copied = [](QWidget& from) {
         QTest::keySequence(&from, QKeySequence::Copy);
@@ -64,14 +87,17 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     EXPECT_EQ(copied(left), "3.8227");
     left.selectAll();
     EXPECT_EQ(copied(left), "12' 6 1/2\"") << "what is selected";
-    EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227");
+    click(window, "cmdCopy");
+    EXPECT_EQ(utf8(QGuiApplication::clipboard()->text()), "3.8227");
     type(left, "x");
-    EXPECT_EQ(utf8(find<QLabel>(window, "lblLeft").text()), "Not understood");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), "3.8227") << "there is no result";
     right.selectAll();
     type(right, "2");
     EXPECT_EQ(copied(find<QListWidget>(window, "lstLeft")), utf8(left.text())) << "the result is on the left then";
     QTest::keyClick(&left, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    window.show();
+    click(window, "cmdClose");
     EXPECT_FALSE(window.isVisible());
 }
 
