@@ -105,6 +105,7 @@ TEST(Conversions, TextsOfUsers) {
          {"2\" x 6\" x 14' 6\"", "2 by 6 by 14.5 ft", "2x6x174\"", "14.5 bf"},
          "14.5"},
         {"Board feet", "Board feet", "Inches x inches x feet", {"-20"}, ""},
+        {"Board feet", "Board feet", "Inches x inches x feet", {"0"}, "1 x 12 x 0"},
         {"Board feet", "Feet of 2 x 4", "Board feet", {"12' 6\"", "12.5", "12.5 ft"}, "8.33333333333333"},
     };
     for (const auto& [category, from, to, texts, result] : rows)

@@ -233,6 +233,9 @@ TEST_F(KeyboardTest, CalculatorPanels) {
         tab = QApplication::focusWidget();
         EXPECT_EQ(utf8(tab->objectName()), expected);
     }
+    EXPECT_TRUE(find<QAbstractButton>(window, "TabStrip1_1").isChecked()) << "the arrows only walk";
+    key(*tab, Qt::Key_Space);
+    EXPECT_EQ(visible(window, {"frmTab1", "frmTab2"}), "frmTab2");
     EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"}) << "by the menu only";
 }
 
