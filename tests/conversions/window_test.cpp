@@ -21,6 +21,7 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_EQ(unclearControls(window), std::set<std::string>{});
+    EXPECT_EQ(misplacedControls(window), std::set<std::string>{});
     auto& left = find<QLineEdit>(window, "txtLeft");
     auto& right = find<QLineEdit>(window, "txtRight");
     EXPECT_EQ(utf8(window.windowTitle()), "Conversions");

@@ -27,6 +27,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     choose("mnuHelpSearch");
     QWidget& help = *standing("frmHelp");
     EXPECT_EQ(unclearControls(help), std::set<std::string>{});
+    EXPECT_EQ(misplacedControls(help), std::set<std::string>{});
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
     EXPECT_TRUE(box.hasFocus());

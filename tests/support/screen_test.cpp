@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QComboBox>
+#include <QGraphicsEffect>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
@@ -141,6 +142,23 @@ std::set<std::string> unclearControls(QWidget& window) {
     for (const auto& [name, controls] : places)
         if (name.isEmpty() || controls.size() > 1) unclear.insert(controls.begin(), controls.end());
     return unclear;
+}
+
+std::set<std::string> misplacedControls(const QWidget& window) {
+    std::set<std::string> misplaced;
+    // A frame that is set off by a shadow lies above on purpose.
+    const auto seen = [](const QWidget& control) { return control.isVisible() && !control.graphicsEffect(); };
+    for (const QWidget* control : window.findChildren<QWidget*>()) {
+        if (!seen(*control)) continue;
+        const QWidget& parent = *control->parentWidget();
+        if (!parent.rect().contains(control->geometry()) && nameOf(parent) != "qt_scrollarea_viewport")
+            misplaced.insert(nameOf(*control) + " is cut");
+        for (const QWidget* other : parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            if (other != control && seen(*other) &&
+                control->geometry().intersects(other->geometry().adjusted(1, 1, -1, -1)))  // borders may meet
+                misplaced.insert(nameOf(*control) + " and " + nameOf(*other));
+    }
+    return misplaced;
 }
 
 void click(QWidget& control, Qt::MouseButton button) {

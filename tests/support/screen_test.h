@@ -51,6 +51,8 @@ ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
 // What takes the focus in a window and has for an assistive program no name or that of another control, by its place.
 std::set<std::string> unclearControls(QWidget& window);
+// What lies upon something else, or partly outside, where it is not seen whole or not clicked.
+std::set<std::string> misplacedControls(const QWidget& window);
 
 // --- What a user does, by way of the window system. What is hidden or disabled fails the test; what a modal window
 //     blocks is not reached. All handlers have run when these return. ---
