@@ -26,8 +26,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(page(), "index.html");
     choose("mnuHelpSearch");
     QWidget& help = *standing("frmHelp");
-    EXPECT_EQ(unclearControls(help), std::set<std::string>{});
-    EXPECT_EQ(misplacedControls(help), std::set<std::string>{});
+    EXPECT_EQ(badControls(help), std::set<std::string>{});
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
     EXPECT_TRUE(box.hasFocus());

@@ -75,8 +75,7 @@ protected:
         std::ranges::sort(way);
         std::ranges::sort(all);
         EXPECT_EQ(way, all);
-        EXPECT_EQ(unclearControls(window), std::set<std::string>{});
-        EXPECT_EQ(misplacedControls(window), std::set<std::string>{});
+        EXPECT_EQ(badControls(window), std::set<std::string>{});
         const auto role = QAccessible::queryAccessibleInterface(&window)->role();
         EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;
         for (const auto* button : window.findChildren<PictureButton*>())

@@ -49,10 +49,9 @@ std::string enabled(const QWidget& in, const Names& controls);
 // The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
 ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
-// What takes the focus in a window and has for an assistive program no name or that of another control, by its place.
-std::set<std::string> unclearControls(QWidget& window);
-// What lies upon something else, or partly outside, where it is not seen whole or not clicked.
-std::set<std::string> misplacedControls(const QWidget& window);
+// What lies upon something else or partly outside, and is not seen whole or not clicked; and what takes the focus and has
+// for an assistive program no name or that of another control, by its place.
+std::set<std::string> badControls(QWidget& window);
 
 // --- What a user does, by way of the window system. What is hidden or disabled fails the test; what a modal window
 //     blocks is not reached. All handlers have run when these return. ---
