@@ -124,7 +124,29 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
         EXPECT_EQ(list.SelectedRow(), row.row);
     }
     for (const int outside : {-2, 3}) EXPECT_THROW(choice.select(outside), RuntimeFailure);
-    for (const int outside : {-1, 3}) EXPECT_THROW((void)list.Cell(0, outside), RuntimeFailure);
+    list.AddRows({{"7"}, {"8"}, {"9"}});
+    for (const int outside : {-1, 3}) {
+        EXPECT_THROW((void)choice.ItemData(outside), RuntimeFailure);
+        EXPECT_THROW((void)list.Cell(0, outside), RuntimeFailure);
+        EXPECT_THROW((void)list.Cell(outside, 0), RuntimeFailure);
+    }
+}
+
+// Else a price or a date would be read in part.
+TEST_F(ControlsTest, ColumnsShareWhatIsFreeUntilOneIsDragged) {
+    ReportList& list = *form.list;
+    const QAbstractItemView& view = list;
+    list.setRow(0, {"7", std::string(200, 'n'), "a price with a remark"});
+    settle();
+    EXPECT_EQ(list.columnWidth(2), view.sizeHintForColumn(2)) << "the one that lacks least is whole";
+    EXPECT_EQ(list.header()->length(), list.viewport()->width()) << "the other one has the rest";
+    list.header()->resizeSection(1, 60);
+    form.window().resize(600, 700);
+    settle();
+    EXPECT_EQ(list.columnWidth(1), 60);
+    EXPECT_EQ(list.columnWidth(2), view.sizeHintForColumn(2));
+    list.setColumns({{"Name", 300}, {"A long heading", 300}});
+    EXPECT_EQ(list.header()->length(), list.header()->sectionSizeHint(1) + list.header()->sectionSizeHint(0));
 }
 
 // From November 23, 2026, reached by Tab.
