@@ -76,6 +76,7 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"45,tan", " .999203990105043"},
         {"1,atan", " 45.0228246533569"},
         {"1000,log", " 3"},
+        {"10,ln", " 2.30258509299405"},
         {"699.9,e(x]", " 9.17715113695707E+303"},
         {"2.5,1/ X", " .5"},
         {"46299.9,X ²", " 2143690000"},
@@ -112,6 +113,7 @@ TEST_F(ScientificTest, RefusesWhatItCantCompute) {
         {"5,npr,1,±,=", "ILLEGAL  ENTRIES  of  N ,R ", " 5"},
         {"13,npr,2,=", "VALUE TOO LARGE", " 3.25677409010742E-07"},
         {"5,ncr,.5,=", "ILLEGAL  NEAGETIVE  FACTORIAL", " .5, fails 11"},
+        {"5,npr,5,=", "ILLEGAL  NEAGETIVE  FACTORIAL", " 5, fails 11"},
         {"0,ln", " ILLEGAL.  LOG  NON  POSITIVE ", " 0"},
         {"1,±,log", " ILLEGAL. LOG  NON  POSITIVE ", "-1"},
         {"700,e(x]", " OVERFLOW. VALUE TOO BIG ", " 700"},
@@ -147,7 +149,7 @@ TEST_F(ScientificTest, EachKeyPressCountsOnceAndStillReachesTheFocus) {
     } steps[] = {
         {"Command2_4", "12.5", " 12.5", 4}, {"Command2_4", "*2x,%", " 2", 2}, {"Command2_4", "\r", " 25", 0},
         {"Command1_7", "3 ", " 37", 1},     {"Option2_0", "4", " 374", 1},    {"Command2_4", "D", " 0", 1},
-        {"Command2_4", "5+3c=", " 0", 6},   {"Text1", "7", " 77", 1},         {"Text1", "c", " 0c", 2},
+        {"Command2_4", "5+3c4=", " 4", 7},  {"Text1", "7", " 77", 1},         {"Text1", "c", " 0c", 2},
     };
     for (const auto& step : steps) {
         SCOPED_TRACE(step.typed);
@@ -157,6 +159,9 @@ TEST_F(ScientificTest, EachKeyPressCountsOnceAndStillReachesTheFocus) {
         EXPECT_EQ(find<TextBox>(window, "Text1").Text(), step.display);
         EXPECT_EQ(calculator.host.beeps, step.beeps);
     }
+    key(find<QWidget>(window, "Command1_7"), Qt::Key_Right);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "Command1_8");
+    EXPECT_EQ(calculator.label("Label2"), " 0c") << "the arrows press nothing";
     calculator.press("EXIT");
     EXPECT_FALSE(calculator.form.loaded());
 }

@@ -165,6 +165,20 @@ TEST_F(FindingTest, PagesOfFifteen) {
           {"CmdNext", "131|Record 16 - 16 of 16|CmdPrev"}});
     clickHeader(list(window), 1);
     EXPECT_EQ(keys(window), "101") << "what was found is sorted, and the page stays";
+    // Those of one city keep one order over all pages, also where an index is read backwards.
+    data.execute("create index ByCity on Customer (BCity)");
+    go(window, "txtCustName=; cmdSearch");
+    std::string inX, inY;
+    for (int customer = 101; customer <= 132; ++customer) (customer % 2 ? inX : inY) += std::to_string(customer) + " ";
+    for (const std::string& expected : {inX + inY, inY + inX}) {
+        clickHeader(list(window), 2);
+        std::string all;
+        for (const char* turn : {"CmdNext", "CmdNext", "CmdPrev; CmdPrev"}) {
+            all += keys(window) + " ";
+            go(window, turn);
+        }
+        EXPECT_EQ(all, expected);
+    }
 }
 
 // --- Estimates -------------------------------------------------------------------------------------------------------

@@ -12,8 +12,6 @@
 #include "calculators/screens/tab_strip.h"
 #include "journeys/journey.h"
 #include "shell/menu_tree.h"
-#include "widgets/picture_button.h"
-#include "widgets/pictures.h"
 
 namespace torvane {
 namespace {
@@ -82,8 +80,6 @@ protected:
         EXPECT_EQ(window.pos(), opened) << "over the middle of the main window";
         const auto role = QAccessible::queryAccessibleInterface(&window)->role();
         EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;
-        for (const auto* button : window.findChildren<PictureButton*>())
-            EXPECT_FALSE(picture(button->picture()).isNull()) << utf8(button->objectName());
         QStringList letters;  // with Alt; a second button of the same letter would only be walked to
         for (const auto* button : window.findChildren<QPushButton*>())
             if (!button->shortcut().isEmpty()) letters += button->shortcut().toString();

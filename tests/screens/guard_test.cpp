@@ -19,7 +19,7 @@ TEST_F(GuardTest, NothingRunsWhileTheFailureIsShown) {
     form.Show();
     form.second->setFocus();
     ticks.start(1);
-    ASSERT_TRUE(waitFor([&] { return !log.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !log.empty(); }));
     whileFailureShows = [&] {
         log.clear();
         form.first->setText("x");

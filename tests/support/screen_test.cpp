@@ -232,10 +232,6 @@ void settle() {
     }
 }
 
-bool waitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition);
-}
-
 ScreenTest::ScreenTest()
     : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
     ::alarm(patience);  // ends a test that waits in a modal window

@@ -74,8 +74,6 @@ void closeBox(QWidget& window);
 
 // Lets everything run that waits, deletions too.
 void settle();
-// Runs events until the condition holds; false when it does not in time.
-bool waitFor(const std::function<bool()>& condition);
 
 // A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if an
 // expected box has not come, or a modal window that was waited for. It fails at once, and nothing runs after it, if the
