@@ -82,12 +82,13 @@ TEST(Conversions, TextsOfUsers) {
         {"Length", "Feet and inches", "Inches", "6\" 3;12' x", ""},
         {"Length", "Inches", "Feet and inches", "-0.01", "0\""},
         {"Length", "Inches", "Feet and inches", "-6.5", "-6 1/2\""},
+        {"Length", "Inches", "Feet and inches", "0.5", "1/2\""},
         {"Length", "Inches", "Feet and inches", "11.99;12", "1' 0\""},
         {"Length", "Inches", "Feet and inches", "12.0625", "1' 1/16\""},
         {"Length", "Kilometers", "Feet and inches", "1e308;1e12", ""},
         {"Slope", "Ratio, rise to run", "Percent", "6 / 12;1:2;2", "50"},
         {"Slope", "Ratio, rise to run", "Percent", "-8;-1:8", "-12.5"},
-        {"Slope", "Ratio, rise to run", "Percent", "1:0;1:;x", ""},
+        {"Slope", "Ratio, rise to run", "Percent", "1:0;1:;:8;x", ""},
         {"Slope", "Rise in 12", "Percent", "6/12;6 in 12;6\" per foot;1:2;6;50%", "50"},
         {"Slope", "Degrees", "Rise in 12", "30", "6.92820323027551"},
         {"Slope", "Rise in 12", "Percent", "3:1", "300"},
@@ -99,6 +100,7 @@ TEST(Conversions, TextsOfUsers) {
         {"Board feet", "Board feet", "Inches x inches x feet", "-20", ""},
         {"Board feet", "Board feet", "Inches x inches x feet", "0", "1 x 12 x 0"},
         {"Board feet", "Feet of 2 x 4", "Board feet", "12' 6\";12.5;12.5 ft", "8.33333333333333"},
+        {"Board feet", "Feet of 2 x 4", "Board feet", "12 6", ""},
     };
     for (const auto& [category, from, to, texts, result] : rows) {
         std::istringstream stream(texts);

@@ -86,7 +86,7 @@ protected:
         EXPECT_EQ(letters.removeDuplicates(), 0) << utf8(letters.join(' '));
     }
 
-    // Enter in a text box presses just this button; "next" is buttonAfter().
+    // Enter in a text box, and no other key, presses just this button; "next" is buttonAfter().
     static void expectPressed(QWidget& window, const std::string& pressed) {
         std::string log;
         QObject scope;
@@ -96,7 +96,7 @@ protected:
         for (auto* box : window.findChildren<TextBox*>()) {
             if (!takesFocus(*box) || box->isReadOnly()) continue;
             SCOPED_TRACE(utf8(box->objectName()));
-            key(*box, Qt::Key_Return);
+            for (const Qt::Key one : {Qt::Key_Up, Qt::Key_Return}) key(*box, one);
             EXPECT_EQ(std::exchange(log, ""), pressed == "next" ? buttonAfter(*box) : pressed) << "Enter";
         }
         EXPECT_TRUE(window.isVisible());

@@ -49,23 +49,19 @@ TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
 }
 
 TEST_F(StartTest, ABadStartEndsBeforeTheMainWindow) {
-    const struct {
-        const char* during;
-        bool secondCopy;
-        bool withDatabase;
-        std::string ended;
-    } rows[] = {
+    // What is going on, whether a copy runs already, whether there is a database, and how it ends.
+    const std::tuple<const char*, bool, bool, std::string> rows[] = {
         {"starting", false, true, "53 "},
         {"starting a second time on this folder (it is already running: look for its window)", true, true, "91 "},
         {"starting", false, false, "14 " + data.database()}};
-    for (const auto& row : rows) {
-        if (!row.withDatabase) std::filesystem::remove(data.database());
-        const RuntimeFailure failure = endOf([&] {
-            start(row.secondCopy, [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
+    for (const auto& [during, secondCopy, withDatabase, ended] : rows) {
+        if (!withDatabase) std::filesystem::remove(data.database());
+        const RuntimeFailure failure = endOf([&, second = secondCopy] {
+            start(second, [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
         });
-        EXPECT_EQ(std::to_string(failure.number()) + " " + failure.refused(), row.ended);
-        EXPECT_EQ(failure.during(), row.during);
-        EXPECT_EQ(std::filesystem::exists(data.database()), row.withDatabase);
+        EXPECT_EQ(std::to_string(failure.number()) + " " + failure.refused(), ended);
+        EXPECT_EQ(failure.during(), during);
+        EXPECT_EQ(std::filesystem::exists(data.database()), withDatabase);
     }
 }
 

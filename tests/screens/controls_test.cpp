@@ -73,6 +73,7 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     DropList& choice = *form.choice;
     ReportList& list = *form.list;
     QWidget& area = *list.viewport();
+    const QPoint first(30, 5);  // in the first row, and in the first header
     const struct {
         const char* name;
         std::function<void()> act;
@@ -94,17 +95,11 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
         {"copied without the key", [&] { key(list, Qt::Key_C, Qt::ControlModifier), note(copied()); }, "Brick\t0.50"},
         {"double click below the rows",
          [&] { mouse(QTest::mouseDClick, area, area.rect().bottomLeft() + QPoint(20, -3)); }, "DblClick 0"},
-        {"click with Control on the selected row",
-         [&] {
-             mouse(QTest::mouseClick, area, {30, 5}, Qt::ControlModifier);
-         },
+        {"click with Control on the selected row", [&] { mouse(QTest::mouseClick, area, first, Qt::ControlModifier); },
          ""},
         {"right button", [&] { clickRow(list, 1, Qt::RightButton); }, "RightClick", -1, 1},
         {"menu key", [&] { QApplication::sendEvent(&area, &menu); }, "RightClick"},
-        {"quick second click on a header",
-         [&] {
-             mouse(QTest::mouseDClick, *list.header()->viewport(), {30, 5});
-         },
+        {"quick second click on a header", [&] { mouse(QTest::mouseDClick, *list.header()->viewport(), first); },
          "Column 1, Column 1"},
         {"Enter in an empty list", [&] { list.clear(), key(list, Qt::Key_Return), type(list, "s"); }, "", -1, -1},
     };

@@ -62,6 +62,7 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     };
+    const auto use = [&](Mouse act) { mouse(act, *form.button, {5, 5}); };
     const Row rows[] = {
         {"Tab", [&] { key(*form.first, Qt::Key_Tab); }},
         {"a button", [&] { click(*form.button); }, "LostFocus, Yes, Click"},
@@ -76,10 +77,7 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
          [&] { run([&] { form.second->setFocus(), form.first->setText(log + "5"), note("done"); }); },
          "Change, done, LostFocus, Yes"},
         {"a button, not before it is let go",
-         [&] {
-             mouse(QTest::mousePress, *form.button, {5, 5}), settle(), note("held"),
-                 mouse(QTest::mouseRelease, *form.button, {5, 5});
-         },
+         [&] { use(QTest::mousePress), settle(), note("held"), use(QTest::mouseRelease); },
          "held, LostFocus, Yes, Click"},
         {"a list, not before it is closed",
          [&] { click(*form.choice), settle(), note("open"), form.choice->hidePopup(); }, "open, LostFocus, Yes"},

@@ -41,12 +41,8 @@ TEST(Numbers, LenientReading) {
 }
 
 TEST(Numbers, StrictReading) {
-    const struct {
-        const char* text;
-        const char* asDouble;
-        const char* asInt16;
-        const char* asInt32;
-    } rows[] = {
+    // The text, and then as a double, in 16 bits and in 32.
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {" -1.5e0\t", "-1.5", "-2", "-2"},
         {"32767.5", "32767.5", "fails 6", "32768"},
         {"-32768.5", "-32768.5", "-32768", "-32768"},
@@ -54,11 +50,12 @@ TEST(Numbers, StrictReading) {
         {"-2147483648", "-2147483648", "fails 6", "-2147483648"},
         {"-1e999", "fails 6", "fails 6", "fails 6"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(outcome([&] { return strictDouble(row.text); }), row.asDouble);
-        EXPECT_EQ(outcome([&] { return strictInt16(row.text); }), row.asInt16) << row.text;
-        EXPECT_EQ(outcome([&] { return strictInt32(row.text); }), row.asInt32) << row.text;
-        EXPECT_EQ(isNumeric(row.text), *row.asDouble != 'f') << row.text;
+    for (const auto& [number, asDouble, asInt16, asInt32] : rows) {
+        const std::string_view text = number;
+        EXPECT_EQ(outcome([&] { return strictDouble(text); }), asDouble);
+        EXPECT_EQ(outcome([&] { return strictInt16(text); }), asInt16) << text;
+        EXPECT_EQ(outcome([&] { return strictInt32(text); }), asInt32) << text;
+        EXPECT_EQ(isNumeric(text), *asDouble != 'f') << text;
     }
     for (const char* text : {"", "  ", "12abc", "1 2", "- 5", "7,5", "1e", ".", "nan", "0x10"}) {
         EXPECT_EQ(outcome([&] { return strictDouble(text); }), "fails 13") << text;
