@@ -171,16 +171,21 @@ TEST_F(KeyboardTest, EveryWindow) {
 }
 
 TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
+    data.useHelpBook();
     QWidget& order = newEstimate();
     go(order, "cmbRooms=Deck; cmbItems=Joist; cmdAdd");
     doubleClickRow(order, 0);
     expectTabsThrough(order, "ListView1");
     expectPressed(order, "");
     go(order, "cmdEditCanc; cmdImport");
-    find<QWidget>(order, "rtfNotes").setFocus();
     expectTabsThrough(order, "rtfNotes");
-    go(order, "Command2; cmdItemList");
+    const QRect lines = find<QWidget>(order, "Frame1").geometry(), notes = find<QWidget>(order, "frmNotes").geometry();
+    EXPECT_TRUE(notes.bottom() == lines.bottom() && notes.width() < lines.width() && notes.intersects(lines));
+    go(order, "Command2");
+    EXPECT_TRUE(find<QWidget>(order, "txtNotes").hasFocus());
+    go(order, "cmdItemList");
     expectTabsThrough(*standing("frmList"), "TreeCategory");
+    expectHelp(*standing("frmList"), "item-sheet.html");
 }
 
 TEST_F(KeyboardTest, CalculatorPanels) {
