@@ -241,6 +241,9 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     EXPECT_TRUE(find<QAbstractButton>(window, "TabStrip1_1").isChecked()) << "the arrows only walk";
     key(*tab, Qt::Key_Space);
     EXPECT_EQ(visible(window, {"frmTab1", "frmTab2"}), "frmTab2");
+    auto& third = *QAccessible::queryAccessibleInterface(&find<QWidget>(window, "TabStrip1_3"));
+    third.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(third.state().selected && find<QWidget>(window, "frmTab3").isVisible()) << "for who can't see it";
     EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"}) << "by the menu only";
 }
 

@@ -14,7 +14,7 @@ protected:
     std::string visibleMenus() {
         std::string names;
         for (const MenuEntry& menu : menuTree())
-            if (menu.parent.empty() && entry(menu.name).isVisible()) names += std::string(menu.name) + " ";
+            if (menu.parent.empty() && entry(menu.name).isVisible()) names += utf8(entry(menu.name).text()) + " ";
         return names;
     }
 };
@@ -22,10 +22,10 @@ protected:
 TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
     start(false, [&](const std::string& file) {
         EXPECT_EQ(file, data.path() + "/Merlin.ACS");
-        EXPECT_EQ(visibleMenus(), "mnuHelp mnuExit ");
+        EXPECT_EQ(visibleMenus(), "&Help E&xit ");
         return recordingAssistant();
     });
-    EXPECT_EQ(visibleMenus(), "mnuFile mnuInventory mnuEstimates mnuCalc mnuReport mnuBlank mnuHelp mnuExit ");
+    EXPECT_EQ(visibleMenus(), "&File &Mater Tables &Estimates &Calculators &Reports &Notes Area &Help E&xit ");
     EXPECT_EQ(calls, (Texts{"Show", "MoveTo 100 100", "Play Wave", "Speak Hello", "Play Greet",
                             "Speak Welcome to Torvane Construction Estimator", "Hide"}));
     QWidget& window = screens->mainMenu.window();
