@@ -67,9 +67,8 @@ TEST(Conversions, TheOtherSideFollowsAndIsCopied) {
         EXPECT_EQ(left.placeholderText() == "12' 6 1/2\"", inFeet) << "what is asked for";
     }
     EXPECT_EQ(right.cursorPosition(), 0) << "a long result shows its beginning";
-    QStringList fractions;
-    for (int each = 0; each < 6; ++each) fractions += find<QComboBox>(window, "cmbFractions").itemText(each);
-    EXPECT_EQ(utf8(fractions.join(", ")), "1/2 inch, 1/4 inch, 1/8 inch, 1/16 inch, 1/32 inch, 1/64 inch");
+    for (const char* fraction : {"1/2 inch", "1/4 inch", "1/8 inch", "1/16 inch", "1/32 inch", "1/64 inch"})
+        EXPECT_GE(find<QComboBox>(window, "cmbFractions").findText(fraction), 0) << fraction;
 
     const auto copied = [](QWidget& from) {
         QTest::keySequence(&from, QKeySequence::Copy);

@@ -76,6 +76,7 @@ TEST_F(FindingTest, AHeaderSortsByItsColumn) {
         const QWidget& window = opened(entryName);
         auto& view = list(window);
         int column = view.columnCount() - static_cast<int>(columns.size());
+        EXPECT_TRUE(view.header()->isSortIndicatorShown());
         EXPECT_EQ(view.header()->sortIndicatorSection(), column) << "the mark at the opening";
         for (const std::string& expected : columns) {
             clickHeader(view, column);

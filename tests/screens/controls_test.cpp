@@ -150,6 +150,7 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         const char* typed;
         const char* expected;  // as the box shows it then
     } rows[] = {{"en_US", {}, "3/5/2026", "3/5/2026"},
+                {"en_US", {}, "1/1/1601", "1/1/1601"},
                 {"en_US", {}, "2/30/2026", "11/23/2026"},
                 {"en_US", {Qt::Key_Home}, "3/5/2026", "3/5/2026"},
                 {"en_US", {Qt::Key_End, Qt::Key_Left}, "3/5/2026", "3/5/2026"},
