@@ -59,6 +59,8 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     choose("mnuHelpSearch");
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(enabled(*standing("frmHelp"), {"cmdBack", "cmdForward"}), "") << "a new reading";
+    choose("mnuHelpContents");
+    EXPECT_TRUE(find<QTreeWidget>(*standing("frmHelp"), "TreeContents").hasFocus());
     EXPECT_EQ(filesIn(data.path()), before);
 }
 

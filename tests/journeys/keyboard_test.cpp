@@ -164,7 +164,7 @@ TEST_F(KeyboardTest, EveryWindow) {
         if (!row.inForm) visit(window);
         if (!row.inForm) continue;
         whenModal(visit);
-        doubleClickRow(window, 0);
+        doubleClickRow(list(window), 0);
         closeBox(window);
     }
     EXPECT_EQ(calls, Texts{}) << "the assistant speaks when it is asked";
@@ -174,7 +174,7 @@ TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
     data.useHelpBook();
     QWidget& order = newEstimate();
     go(order, "cmbRooms=Deck; cmbItems=Joist; cmdAdd");
-    doubleClickRow(order, 0);
+    doubleClickRow(list(order), 0);
     expectTabsThrough(order, "ListView1");
     expectPressed(order, "");
     go(order, "cmdEditCanc; cmdImport");
@@ -228,16 +228,14 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     QWidget& window = *standing("frmCalculators");
     auto* tab = &find<QWidget>(window, "TabStrip1_1");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(tab)->role(), QAccessible::PageTab);
-    for (const auto& [arrow, expected] : {std::pair{Qt::Key_Right, "TabStrip1_2"},
-                                          {Qt::Key_Down, "TabStrip1_6"},
-                                          {Qt::Key_Right, "TabStrip1_7"},
-                                          {Qt::Key_Up, "TabStrip1_3"},
-                                          {Qt::Key_Left, "TabStrip1_2"}}) {
+    std::string way;
+    for (const Qt::Key arrow : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Left}) {
         window.activateWindow();
         key(*tab, arrow);
         tab = QApplication::focusWidget();
-        EXPECT_EQ(utf8(tab->objectName()), expected);
+        way += utf8(tab->objectName()) + " ";
     }
+    EXPECT_EQ(way, "TabStrip1_2 TabStrip1_6 TabStrip1_7 TabStrip1_3 TabStrip1_2 ");
     EXPECT_TRUE(find<QAbstractButton>(window, "TabStrip1_1").isChecked()) << "the arrows only walk";
     key(*tab, Qt::Key_Space);
     EXPECT_EQ(visible(window, {"frmTab1", "frmTab2"}), "frmTab2");

@@ -8,8 +8,6 @@
 namespace torvane {
 namespace {
 
-using Boxes = std::vector<TestHost::Box>;
-
 const Names customerBoxes{"TxtCname",    "TxtBstreet1", "TxtBstreet2", "TxtBcity",   "CmbBState", "TxtBZip",
                           "TxtBCountry", "TxtBPhone",   "TxtBfax",     "TxtBMobile", "TxtBEmail", "TxtBUrl"};
 const Names itemBoxes{"txtCode",  "TxtName",     "CmbCat",      "TxtQty",      "cmbUnit",

@@ -172,10 +172,6 @@ void doubleClickRow(ReportList& list, int row) {
     settle();
 }
 
-void doubleClickRow(const QWidget& in, int row) {
-    doubleClickRow(list(in), row);
-}
-
 void clickHeader(ReportList& list, int column) {
     QHeaderView& header = *list.header();
     const int left = header.sectionViewportPosition(column);
@@ -278,7 +274,7 @@ void ScreenTest::takeSteps(const QWidget& in, std::string_view steps, std::funct
             closeBox(*in.window());
         } else if (one.startsWith("row ")) {
             const int row = one.section(' ', 1, 1).toInt();
-            one.endsWith(" twice") ? doubleClickRow(in, row) : clickRow(list(in), row);
+            one.endsWith(" twice") ? doubleClickRow(list(in), row) : clickRow(list(in), row);
         } else if (!one.contains('=')) {
             click(in, name);
         } else if (auto* choices = in.findChild<DropList*>(qstring(name))) {

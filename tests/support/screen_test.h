@@ -60,7 +60,6 @@ void click(QWidget& control, Qt::MouseButton button = Qt::LeftButton);
 void click(const QWidget& in, std::string_view control);
 void clickRow(ReportList& list, int row, Qt::MouseButton button = Qt::LeftButton);
 void doubleClickRow(ReportList& list, int row);
-void doubleClickRow(const QWidget& in, int row);
 void clickHeader(ReportList& list, int column);
 // Opens the list and takes the entry with this text, or with this index.
 void pickInList(DropList& list, std::string_view text);
