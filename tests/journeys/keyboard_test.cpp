@@ -75,8 +75,7 @@ protected:
         EXPECT_EQ(way, all);
         EXPECT_EQ(badControls(window), std::set<std::string>{});
         const QPoint opened = window.pos();
-        if (window.objectName() != "frmMainMenu" && window.objectName() != "frmCalculators")
-            program.placing().place(window);
+        if (window.objectName() != "frmCalculators") program.placing().place(window);
         EXPECT_EQ(window.pos(), opened) << "over the middle of the main window";
         const auto role = QAccessible::queryAccessibleInterface(&window)->role();
         EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;

@@ -107,6 +107,7 @@ TEST(ShortDateOfLocales, GoesOutAndComesBack) {
             EXPECT_EQ(readTypedDate(text, style), date) << utf8(locale.name()) << ": " << text;
         }
     }
+    EXPECT_EQ(shortDateOf(QLocale("de_DE")).monthNames.front(), "Januar");
 }
 
 }  // namespace
