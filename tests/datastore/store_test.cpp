@@ -159,8 +159,6 @@ TEST_F(StoreTest, AGroupIsSeenAtOnceAndKeptWhateverEndsIt) {
         EXPECT_EQ(dump(another.query("select count(*) from Rooms")), "4;");
         EXPECT_EQ(rooms(), "3") << "as other programs see it";
         EXPECT_EQ(numberOf([&] { store.settle(file); }), SQLITE_BUSY);
-        store.commitOpenGroups();
-        EXPECT_EQ(rooms(), "4") << "the program ends in the middle";
     });
 }
 
@@ -207,27 +205,6 @@ struct List : DataClass {
     explicit List(const DataAccess& access) : DataClass(access) {}
     using DataClass::readPageOrAll;
 };
-
-TEST_F(StoreTest, TiesKeepOneOrderOverAllPages) {
-    folder.execute(
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < 40) "
-        "insert into Units select i, 'u' || (i % 3) from n;"
-        "create index UnitsByName on Units (Name)");  // read backwards, it turns the rows of a tie round
-    List list(access);
-    for (const auto& [direction, first] : {std::pair{"A", "3|u0;6|u0;"}, {"D", "2|u2;5|u2;"}}) {
-        long pages = 0;
-        const auto page = [&, by = direction](long number) {
-            return dump(*list.readPageOrAll("Select Id,Name from Units", number, pages, "Name", by));
-        };
-        const std::string all = page(-1);
-        EXPECT_TRUE(all.starts_with(first)) << all;
-        std::string joined = page(1);
-        for (long number = 2; number <= pages; ++number) joined += page(number);
-        EXPECT_EQ(joined, all);
-        EXPECT_EQ(list.RecordCount, 40);
-        EXPECT_EQ(page(pages + 1), "none");
-    }
-}
 
 TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
     List list(access);

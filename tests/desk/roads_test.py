@@ -120,10 +120,6 @@ class OfficeRoads(DeskTest):
         write("10")
         press("Return")
         self.reads("Ceiling SF", "120")
-        self.choose("Calculators", "Group 1", "Scientific Calculator")
-        self.comes("# Scientific Calc #")
-        write("12*3=")
-        self.reads("display", " 36")
 
     def test_backup_and_restore(self):
         copy = self.home + "/Monday.bak"
@@ -157,12 +153,6 @@ class BadDays(DeskTest):
                    f"no failure {failure}")
         press("Return")
         self.ends_with(1)
-
-    def test_a_database_that_is_not_there(self):
-        os.remove(self.database())
-        self.start()
-        self.ends_by(14)
-        self.assertFalse(os.path.exists(self.database()))
 
     def test_a_second_copy_ends_and_leaves_the_first_alone(self):
         self.start()

@@ -8,8 +8,6 @@
 namespace torvane {
 namespace {
 
-using Boxes = std::vector<TestHost::Box>;
-
 struct Ending {
     const char* during;
     const char* opened;  // entries of the menu, or "edit" (estimate 3), separated by "; "

@@ -26,7 +26,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(page(), "index.html");
     choose("mnuHelpSearch");
     QWidget& help = *standing("frmHelp");
-    EXPECT_EQ(unclearControls(help), std::set<std::string>{});
+    EXPECT_EQ(badControls(help), std::set<std::string>{});
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
     EXPECT_TRUE(box.hasFocus());
@@ -59,6 +59,8 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     choose("mnuHelpSearch");
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(enabled(*standing("frmHelp"), {"cmdBack", "cmdForward"}), "") << "a new reading";
+    choose("mnuHelpContents");
+    EXPECT_TRUE(find<QTreeWidget>(*standing("frmHelp"), "TreeContents").hasFocus());
     EXPECT_EQ(filesIn(data.path()), before);
 }
 

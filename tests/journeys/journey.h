@@ -10,6 +10,8 @@
 
 namespace torvane {
 
+using Boxes = std::vector<TestHost::Box>;
+
 // The whole program over a database file in a folder of its own. The small business in it:
 //   items      1 "Joist" (10, labor 4, quantity 2, sub-labor 5, equipment 6), 2 "Nails" (2.5, default quantity 0),
 //              3 "Brick" (0.5, labor 20, quantity 100, equipment 1.25)

@@ -12,8 +12,6 @@
 #include "calculators/screens/tab_strip.h"
 #include "journeys/journey.h"
 #include "shell/menu_tree.h"
-#include "widgets/picture_button.h"
-#include "widgets/pictures.h"
 
 namespace torvane {
 namespace {
@@ -75,18 +73,19 @@ protected:
         std::ranges::sort(way);
         std::ranges::sort(all);
         EXPECT_EQ(way, all);
-        EXPECT_EQ(unclearControls(window), std::set<std::string>{});
+        EXPECT_EQ(badControls(window), std::set<std::string>{});
+        const QPoint opened = window.pos();
+        if (window.objectName() != "frmCalculators") program.placing().place(window);
+        EXPECT_EQ(window.pos(), opened) << "over the middle of the main window";
         const auto role = QAccessible::queryAccessibleInterface(&window)->role();
         EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;
-        for (const auto* button : window.findChildren<PictureButton*>())
-            EXPECT_FALSE(picture(button->picture()).isNull()) << utf8(button->objectName());
         QStringList letters;  // with Alt; a second button of the same letter would only be walked to
         for (const auto* button : window.findChildren<QPushButton*>())
             if (button->isVisible() && !button->shortcut().isEmpty()) letters += button->shortcut().toString();
         EXPECT_EQ(letters.removeDuplicates(), 0) << utf8(letters.join(' '));
     }
 
-    // Enter in a text box presses just this button; "next" is buttonAfter().
+    // Enter in a text box, and no other key, presses just this button; "next" is buttonAfter().
     static void expectPressed(QWidget& window, const std::string& pressed) {
         std::string log;
         QObject scope;
@@ -96,7 +95,7 @@ protected:
         for (auto* box : window.findChildren<TextBox*>()) {
             if (!takesFocus(*box) || box->isReadOnly()) continue;
             SCOPED_TRACE(utf8(box->objectName()));
-            key(*box, Qt::Key_Return);
+            for (const Qt::Key one : {Qt::Key_Up, Qt::Key_Return}) key(*box, one);
             EXPECT_EQ(std::exchange(log, ""), pressed == "next" ? buttonAfter(*box) : pressed) << "Enter";
         }
         EXPECT_TRUE(window.isVisible());
@@ -164,23 +163,28 @@ TEST_F(KeyboardTest, EveryWindow) {
         if (!row.inForm) visit(window);
         if (!row.inForm) continue;
         whenModal(visit);
-        doubleClickRow(window, 0);
+        doubleClickRow(list(window), 0);
         closeBox(window);
     }
     EXPECT_EQ(calls, Texts{}) << "the assistant speaks when it is asked";
 }
 
 TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
+    data.useHelpBook();
     QWidget& order = newEstimate();
     go(order, "cmbRooms=Deck; cmbItems=Joist; cmdAdd");
-    doubleClickRow(order, 0);
+    doubleClickRow(list(order), 0);
     expectTabsThrough(order, "ListView1");
     expectPressed(order, "");
     go(order, "cmdEditCanc; cmdImport");
-    find<QWidget>(order, "rtfNotes").setFocus();
     expectTabsThrough(order, "rtfNotes");
-    go(order, "Command2; cmdItemList");
+    const QRect lines = find<QWidget>(order, "Frame1").geometry(), notes = find<QWidget>(order, "frmNotes").geometry();
+    EXPECT_TRUE(notes.bottom() == lines.bottom() && notes.width() < lines.width() && notes.intersects(lines));
+    go(order, "Command2");
+    EXPECT_TRUE(find<QWidget>(order, "txtNotes").hasFocus());
+    go(order, "cmdItemList");
     expectTabsThrough(*standing("frmList"), "TreeCategory");
+    expectHelp(*standing("frmList"), "item-sheet.html");
 }
 
 TEST_F(KeyboardTest, CalculatorPanels) {
@@ -223,16 +227,20 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     QWidget& window = *standing("frmCalculators");
     auto* tab = &find<QWidget>(window, "TabStrip1_1");
     EXPECT_EQ(QAccessible::queryAccessibleInterface(tab)->role(), QAccessible::PageTab);
-    for (const auto& [arrow, expected] : {std::pair{Qt::Key_Right, "TabStrip1_2"},
-                                          {Qt::Key_Down, "TabStrip1_6"},
-                                          {Qt::Key_Right, "TabStrip1_7"},
-                                          {Qt::Key_Up, "TabStrip1_3"},
-                                          {Qt::Key_Left, "TabStrip1_2"}}) {
+    std::string way;
+    for (const Qt::Key arrow : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_Left}) {
         window.activateWindow();
         key(*tab, arrow);
         tab = QApplication::focusWidget();
-        EXPECT_EQ(utf8(tab->objectName()), expected);
+        way += utf8(tab->objectName()) + " ";
     }
+    EXPECT_EQ(way, "TabStrip1_2 TabStrip1_6 TabStrip1_7 TabStrip1_3 TabStrip1_2 ");
+    EXPECT_TRUE(find<QAbstractButton>(window, "TabStrip1_1").isChecked()) << "the arrows only walk";
+    key(*tab, Qt::Key_Space);
+    EXPECT_EQ(visible(window, {"frmTab1", "frmTab2"}), "frmTab2");
+    auto& third = *QAccessible::queryAccessibleInterface(&find<QWidget>(window, "TabStrip1_3"));
+    third.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(third.state().selected && find<QWidget>(window, "frmTab3").isVisible()) << "for who can't see it";
     EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"}) << "by the menu only";
 }
 

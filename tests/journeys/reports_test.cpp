@@ -20,8 +20,6 @@
 namespace torvane {
 namespace {
 
-using Boxes = std::vector<TestHost::Box>;
-
 class ReportsTest : public JourneyTest {
 protected:
     // What stands on the page that a report window shows.
@@ -109,7 +107,7 @@ TEST_F(ReportsTest, AFileIsWrittenWhollyOrTheOlderStays) {
         const std::string file = typed + ending;
         const bool exports = std::string_view(button) != "cmdPrint";
         const auto exportTo = [&, pressed = button](std::optional<std::string> to, const Boxes& boxes) {
-            host.answerSaveName(std::move(to));
+            host.answerName(std::move(to));
             go(report, pressed, boxes);
         };
         if (exports) {
@@ -144,25 +142,21 @@ TEST_F(ReportsTest, ACancelledExportLeavesTheOlder) {
 }
 
 TEST_F(ReportsTest, PrintsThePagesThatAreAskedFor) {
-    struct Row {
-        QPrinter::PrintRange range;
-        QPrinter::PageOrder order;
-        bool collate;
-        std::vector<int> pages;  // of four, from page 2 to 3, three copies; the third is in the preview
-    };
-    for (const Row& row :
-         {Row{QPrinter::PageRange, QPrinter::FirstPageFirst, true, {1, 2, 1, 2, 1, 2}},
-          Row{QPrinter::PageRange, QPrinter::LastPageFirst, false, {2, 2, 2, 1, 1, 1}},
-          Row{QPrinter::CurrentPage, QPrinter::LastPageFirst, true, {2, 2, 2}},
-          Row{QPrinter::AllPages, QPrinter::LastPageFirst, true, {3, 2, 1, 0, 3, 2, 1, 0, 3, 2, 1, 0}}}) {
+    // Three copies of four pages, from page 2 to 3; the third is in the preview.
+    const std::tuple<QPrinter::PrintRange, QPrinter::PageOrder, bool, std::vector<int>> rows[] = {
+        {QPrinter::PageRange, QPrinter::FirstPageFirst, true, {1, 2, 1, 2, 1, 2}},
+        {QPrinter::PageRange, QPrinter::LastPageFirst, false, {2, 2, 2, 1, 1, 1}},
+        {QPrinter::CurrentPage, QPrinter::LastPageFirst, true, {2, 2, 2}},
+        {QPrinter::AllPages, QPrinter::LastPageFirst, true, {3, 2, 1, 0, 3, 2, 1, 0, 3, 2, 1, 0}}};
+    for (const auto& [range, order, collate, pages] : rows) {
         QPrinter printer;
         printer.setOutputFileName(QStringLiteral("x.pdf"));
         printer.setCopyCount(3);
-        printer.setCollateCopies(row.collate);
-        printer.setPageOrder(row.order);
+        printer.setCollateCopies(collate);
+        printer.setPageOrder(order);
         printer.setFromTo(2, 3);
-        printer.setPrintRange(row.range);
-        EXPECT_EQ(pagesToPrint(printer, 4, 2), row.pages);
+        printer.setPrintRange(range);
+        EXPECT_EQ(pagesToPrint(printer, 4, 2), pages);
     }
 }
 
@@ -172,14 +166,14 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
                      ", 7, '2010-01-01', 1)");
     go(prompt(), "Command3");
     QWidget& report = *standing("DataReport1");
-    for (const auto& [button, label, usable] : {std::tuple{"cmdLast", "Page 2 of 2", "cmdFirst cmdPrevious"},
-                                                {"cmdPrevious", "Page 1 of 2", "cmdNext cmdLast"},
-                                                {"cmdNext", "Page 2 of 2", "cmdFirst cmdPrevious"},
-                                                {"cmdFirst", "Page 1 of 2", "cmdNext cmdLast"}}) {
-        go(report, button);
-        EXPECT_EQ(text(report, "lblPage"), label);
-        EXPECT_EQ(enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"}), usable);
-    }
+    const auto look = [&] {
+        return text(report, "lblPage") + " " + enabled(report, {"cmdFirst", "cmdPrevious", "cmdNext", "cmdLast"});
+    };
+    tell(report, look,
+         {{"cmdLast", "Page 2 of 2 cmdFirst cmdPrevious"},
+          {"cmdPrevious", "Page 1 of 2 cmdNext cmdLast"},
+          {"cmdNext", "Page 2 of 2 cmdFirst cmdPrevious"},
+          {"cmdFirst", "Page 1 of 2 cmdNext cmdLast"}});
     // At the ends of a page the keys turn it; there is none before the first.
     auto& scroll = find<QScrollArea>(report, "scroll");
     QScrollBar& bar = *scroll.verticalScrollBar();
@@ -194,14 +188,22 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 end");
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
     const QPointF centre = scroll.rect().center();
-    for (const int half : {1, 2}) {  // of a step of the wheel
-        QWheelEvent turn(centre, centre, {}, {0, -60}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    const QWidget& paper = find<QWidget>(report, "page");
+    const int before = paper.width();
+    const auto wheel = [&](int turned, Qt::KeyboardModifiers held = {}) {
+        QWheelEvent turn(centre, centre, {}, {0, turned}, Qt::NoButton, held, Qt::NoScrollPhase, false);
         QApplication::sendEvent(scroll.viewport(), &turn);
-        EXPECT_EQ(text(report, "lblPage"), half == 1 ? "Page 1 of 2" : "Page 2 of 2");
-    }
-    const int before = find<QWidget>(report, "page").width();
+        return text(report, "lblPage") + ", " + text(report, "cmbZoom");
+    };
+    EXPECT_EQ(wheel(-60), "Page 1 of 2, 100 %") << "half a step";
+    EXPECT_EQ(wheel(-60), "Page 2 of 2, 100 %");
+    EXPECT_EQ(wheel(120), "Page 1 of 2, 100 %");
+    EXPECT_EQ(wheel(120, Qt::ControlModifier), "Page 1 of 2, 125 %");
+    EXPECT_EQ(wheel(-120, Qt::ControlModifier), "Page 1 of 2, 100 %");
     go(report, "cmbZoom=200 %");
-    EXPECT_EQ(find<QWidget>(report, "page").width(), 2 * before);
+    EXPECT_EQ(paper.width(), 2 * before);
+    go(report, "cmbZoom=Fit to width");
+    EXPECT_NEAR(paper.width(), scroll.viewport()->width() - 24, 9);
 
     const std::string file = data.path() + "/printed.pdf";
     print(report, file);

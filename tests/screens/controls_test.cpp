@@ -73,6 +73,7 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     DropList& choice = *form.choice;
     ReportList& list = *form.list;
     QWidget& area = *list.viewport();
+    const QPoint first(30, 5);  // in the first row, and in the first header
     const struct {
         const char* name;
         std::function<void()> act;
@@ -98,17 +99,11 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
         {"copied without the key", [&] { key(list, Qt::Key_C, Qt::ControlModifier), note(copied()); }, "Brick\t0.50"},
         {"double click below the rows",
          [&] { mouse(QTest::mouseDClick, area, area.rect().bottomLeft() + QPoint(20, -3)); }, "DblClick 0"},
-        {"click with Control on the selected row",
-         [&] {
-             mouse(QTest::mouseClick, area, {30, 5}, Qt::ControlModifier);
-         },
+        {"click with Control on the selected row", [&] { mouse(QTest::mouseClick, area, first, Qt::ControlModifier); },
          ""},
         {"right button", [&] { clickRow(list, 1, Qt::RightButton); }, "RightClick", -1, 1},
         {"menu key", [&] { QApplication::sendEvent(&area, &menu); }, "RightClick"},
-        {"quick second click on a header",
-         [&] {
-             mouse(QTest::mouseDClick, *list.header()->viewport(), {30, 5});
-         },
+        {"quick second click on a header", [&] { mouse(QTest::mouseDClick, *list.header()->viewport(), first); },
          "Column 1, Column 1"},
         {"Enter in an empty list", [&] { list.clear(), key(list, Qt::Key_Return), type(list, "s"); }, "", -1, -1},
     };
@@ -128,7 +123,26 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
         EXPECT_EQ(list.SelectedRow(), row.row);
     }
     for (const int outside : {-2, 3}) EXPECT_THROW(choice.select(outside), RuntimeFailure);
-    for (const int outside : {-1, 3}) EXPECT_THROW((void)list.Cell(0, outside), RuntimeFailure);
+    list.AddRows({{"7"}, {"8"}, {"9"}});
+    for (const int outside : {-1, 3}) {
+        EXPECT_THROW((void)choice.ItemData(outside), RuntimeFailure);
+        EXPECT_THROW((void)list.Cell(0, outside), RuntimeFailure);
+        EXPECT_THROW((void)list.Cell(outside, 0), RuntimeFailure);
+    }
+}
+
+// Else a price or a date would be read in part.
+TEST_F(ControlsTest, ColumnsShareWhatIsFreeUntilOneIsDragged) {
+    ReportList& list = *form.list;
+    const QAbstractItemView& view = list;
+    list.setRow(0, {"7", std::string(200, 'n'), "a price with a remark"});
+    settle();
+    EXPECT_EQ(list.columnWidth(2), view.sizeHintForColumn(2)) << "the one that lacks least is whole";
+    EXPECT_EQ(list.header()->length(), list.viewport()->width()) << "the other one has the rest";
+    list.header()->resizeSection(1, 60);
+    form.window().resize(600, 700);
+    settle();
+    EXPECT_EQ(list.columnWidth(1), 60);
 }
 
 // From November 23, 2026, reached by Tab.
@@ -139,6 +153,7 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         const char* typed;
         const char* expected;  // as the box shows it then
     } rows[] = {{"en_US", {}, "3/5/2026", "3/5/2026"},
+                {"en_US", {}, "1/1/1601", "1/1/1601"},
                 {"en_US", {}, "2/30/2026", "11/23/2026"},
                 {"en_US", {Qt::Key_Home}, "3/5/2026", "3/5/2026"},
                 {"en_US", {Qt::Key_End, Qt::Key_Left}, "3/5/2026", "3/5/2026"},

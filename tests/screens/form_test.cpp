@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include "screens/probe.h"
@@ -88,6 +89,30 @@ TEST_F(FormTest, PlacesWindowsOverTheMainWindowWhollyOnTheScreen) {
             main.Unload();
         }
     }
+}
+
+TEST_F(FormTest, NothingRunsWhileAFailureIsShown) {
+    QTimer ticks;
+    list.whenLoaded = [&] {
+        on(list, &ticks, &QTimer::timeout, [&] { note("tick"); });
+        on(list, list.first, &TextBox::textChanged, [&] { note("Change"); });
+        on(list, list.button, &QPushButton::clicked, [&] { fail(Failure::TypeMismatch, "12a"); });
+        program.focusWatcher().watch(list, list.second, [&] { note("LostFocus"); });
+    };
+    list.Show();
+    list.second->setFocus();
+    ticks.start(0);
+    settle();
+    EXPECT_TRUE(log.starts_with("tick"));
+    whileFailureShows = [&] {
+        log.clear();
+        list.first->setText("x");
+        list.first->setFocus();
+        click(*list.button);
+        program.guard().end(RuntimeFailure{2, "second box"});
+        EXPECT_EQ(log, "");
+    };
+    EXPECT_EQ(endOf([&] { list.button->click(); }).refused(), "12a");
 }
 
 }  // namespace

@@ -22,24 +22,22 @@ TEST_F(QtHostTest, BoxesAndTheirAnswers) {
     form.Show();
     form.first->setFocus();
     settle();
-    struct Row {
-        Buttons buttons;
-        Qt::Key key;  // none: the close box
-        Answer expected;
-        Qt::KeyboardModifiers held = {};
-    };
-    for (const Row& row :
-         {Row{Buttons::Ok, Qt::Key_Return, Answer::Ok}, Row{Buttons::Ok, Qt::Key_Escape, Answer::Ok},
-          Row{Buttons::YesNo, Qt::Key_Return, Answer::Yes}, Row{Buttons::YesNo, Qt::Key_Escape, Answer::No},
-          Row{Buttons::YesNo, {}, Answer::No}, Row{Buttons::YesNo, Qt::Key_N, Answer::No, Qt::AltModifier}}) {
-        SCOPED_TRACE(row.key);
-        whenModal([&](QWidget& top) {
+    // The buttons, the key that is pressed (none: the close box; N: with Alt), and the answer.
+    const std::tuple<Buttons, Qt::Key, Answer> rows[] = {{Buttons::Ok, Qt::Key_Return, Answer::Ok},
+                                                         {Buttons::Ok, Qt::Key_Escape, Answer::Ok},
+                                                         {Buttons::YesNo, Qt::Key_Return, Answer::Yes},
+                                                         {Buttons::YesNo, Qt::Key_Escape, Answer::No},
+                                                         {Buttons::YesNo, {}, Answer::No},
+                                                         {Buttons::YesNo, Qt::Key_N, Answer::No}};
+    for (const auto& [buttons, pressed, answer] : rows) {
+        SCOPED_TRACE(pressed);
+        whenModal([key = pressed](QWidget& top) {
             auto& box = dynamic_cast<QMessageBox&>(top);
             EXPECT_EQ(utf8(box.windowTitle() + box.text()), "Title5 < 6 <b>&amp;</b>");
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
-            row.key ? key(box, row.key, row.held) : closeBox(box);
+            key ? torvane::key(box, key, key == Qt::Key_N ? Qt::AltModifier : Qt::NoModifier) : closeBox(box);
         });
-        EXPECT_EQ(machine.box("5 < 6 <b>&amp;</b>", "Title", row.buttons), row.expected);
+        EXPECT_EQ(machine.box("5 < 6 <b>&amp;</b>", "Title", buttons), answer);
         QTest::keyClick(form.window().windowHandle(), 'x');
     }
     EXPECT_EQ(form.first->Text(), "xxxxxx") << "the keys come back";
@@ -109,6 +107,7 @@ TEST(ShortDateOfLocales, GoesOutAndComesBack) {
             EXPECT_EQ(readTypedDate(text, style), date) << utf8(locale.name()) << ": " << text;
         }
     }
+    EXPECT_EQ(shortDateOf(QLocale("de_DE")).monthNames.front(), "Januar");
 }
 
 }  // namespace

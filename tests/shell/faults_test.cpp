@@ -72,17 +72,15 @@ public:
 
 private:
     // Whether this call fails; `half` is what a failing call does all the same.
-    template <class Half>
-    bool fails(Half half, bool writes) {
+    template <class Half = void (*)()>
+    bool fails(
+        Half half = [] {}, bool writes = false) {
         if (!armed_ || (fault_ == Fault::Full && !writes)) return false;
         --left_;
         if (left_ > 0 || (left_ < 0 && fault_ == Fault::Once)) return false;
         half();
         if (fault_ == Fault::Killed) ::kill(getpid(), SIGKILL);
         return true;
-    }
-    bool fails() {
-        return fails([] {}, false);
     }
 
     static int openFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {

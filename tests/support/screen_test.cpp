@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QComboBox>
+#include <QGraphicsEffect>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPointer>
@@ -125,22 +126,32 @@ Texts rows(const QWidget& in) {
     return all;
 }
 
-std::set<std::string> unclearControls(QWidget& window) {
+std::set<std::string> badControls(QWidget& window) {
+    std::set<std::string> bad;
     std::map<QString, std::vector<std::string>> places;
+    // A frame that is set off by a shadow lies above on purpose.
+    const auto seen = [](const QWidget& control) { return control.isVisible() && !control.graphicsEffect(); };
     for (QWidget* control : window.findChildren<QWidget*>()) {
+        const QWidget& parent = *control->parentWidget();
+        if (!seen(*control)) continue;
+        if (!parent.rect().contains(control->geometry()) && nameOf(parent) != "qt_scrollarea_viewport")
+            bad.insert(nameOf(*control) + " is cut");
+        for (const QWidget* other : parent.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            if (other != control && seen(*other) &&
+                control->geometry().intersects(other->geometry().adjusted(1, 1, -1, -1)))  // borders may meet
+                bad.insert(nameOf(*control) + " lies upon " + nameOf(*other));
         const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(control);
-        if (!control->isVisible() || nameOf(*control).starts_with("qt_") || !told->state().focusable) continue;
+        if (nameOf(*control).starts_with("qt_") || !told->state().focusable) continue;
         QString name = told->text(QAccessible::Name);
         // Of a drop-down list that is the entry that is selected; it is known by its description or its label.
         if (qobject_cast<QComboBox*>(control)) name = told->text(QAccessible::Description);
         const auto labels = told->relations(QAccessible::Label);
         if (name.isEmpty() && !labels.isEmpty()) name = labels.constFirst().first->text(QAccessible::Name);
-        places[name.trimmed()].push_back(nameOf(*control->parent()) + "/" + nameOf(*control));
+        places[name.trimmed()].push_back(nameOf(parent) + "/" + nameOf(*control));
     }
-    std::set<std::string> unclear;
     for (const auto& [name, controls] : places)
-        if (name.isEmpty() || controls.size() > 1) unclear.insert(controls.begin(), controls.end());
-    return unclear;
+        if (name.isEmpty() || controls.size() > 1) bad.insert(controls.begin(), controls.end());
+    return bad;
 }
 
 void click(QWidget& control, Qt::MouseButton button) {
@@ -159,10 +170,6 @@ void doubleClickRow(ReportList& list, int row) {
     if (!reachable(list)) return;
     QTest::mouseDClick(windowOf(list), Qt::LeftButton, {}, list.viewport()->mapTo(list.window(), rowCentre(list, row)));
     settle();
-}
-
-void doubleClickRow(const QWidget& in, int row) {
-    doubleClickRow(list(in), row);
 }
 
 void clickHeader(ReportList& list, int column) {
@@ -221,10 +228,6 @@ void settle() {
     }
 }
 
-bool waitFor(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition);
-}
-
 ScreenTest::ScreenTest()
     : host(utf8(directory.path())), program(DataAccess{host, store}, [this](int status) { leave(status); }) {
     ::alarm(patience);  // ends a test that waits in a modal window
@@ -271,7 +274,7 @@ void ScreenTest::takeSteps(const QWidget& in, std::string_view steps, std::funct
             closeBox(*in.window());
         } else if (one.startsWith("row ")) {
             const int row = one.section(' ', 1, 1).toInt();
-            one.endsWith(" twice") ? doubleClickRow(in, row) : clickRow(list(in), row);
+            one.endsWith(" twice") ? doubleClickRow(list(in), row) : clickRow(list(in), row);
         } else if (!one.contains('=')) {
             click(in, name);
         } else if (auto* choices = in.findChild<DropList*>(qstring(name))) {

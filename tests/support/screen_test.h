@@ -49,8 +49,9 @@ std::string enabled(const QWidget& in, const Names& controls);
 // The report list "ListView1", and its rows, hidden keys too, cells joined by '|'.
 ReportList& list(const QWidget& in);
 Texts rows(const QWidget& in);
-// What takes the focus in a window and has for an assistive program no name or that of another control, by its place.
-std::set<std::string> unclearControls(QWidget& window);
+// What lies upon something else or partly outside, and is not seen whole or not clicked; and what takes the focus and has
+// for an assistive program no name or that of another control, by its place.
+std::set<std::string> badControls(QWidget& window);
 
 // --- What a user does, by way of the window system. What is hidden or disabled fails the test; what a modal window
 //     blocks is not reached. All handlers have run when these return. ---
@@ -59,7 +60,6 @@ void click(QWidget& control, Qt::MouseButton button = Qt::LeftButton);
 void click(const QWidget& in, std::string_view control);
 void clickRow(ReportList& list, int row, Qt::MouseButton button = Qt::LeftButton);
 void doubleClickRow(ReportList& list, int row);
-void doubleClickRow(const QWidget& in, int row);
 void clickHeader(ReportList& list, int column);
 // Opens the list and takes the entry with this text, or with this index.
 void pickInList(DropList& list, std::string_view text);
@@ -73,8 +73,6 @@ void closeBox(QWidget& window);
 
 // Lets everything run that waits, deletions too.
 void settle();
-// Runs events until the condition holds; false when it does not in time.
-bool waitFor(const std::function<bool()>& condition);
 
 // A test of screens. Derived fixtures hold their screens; all of them are new in each test. The test fails if an
 // expected box has not come, or a modal window that was waited for. It fails at once, and nothing runs after it, if the

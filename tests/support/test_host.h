@@ -39,14 +39,9 @@ public:
 
     // The answers of the next file dialogs, in order; nothing is Cancel.
     using FileName = std::optional<std::string>;
-    void answerSaveName(FileName name) { names_.push_back(std::move(name)); }
-    void answerOpenName(FileName name) { names_.push_back(std::move(name)); }
+    void answerName(FileName name) { names_.push_back(std::move(name)); }
     // What the file dialogs were given: the proposed name ("" for the open dialog) and the filter.
-    struct Asked {
-        std::string proposed;
-        std::string filter;
-        bool operator==(const Asked&) const = default;
-    };
+    using Asked = std::pair<std::string, std::string>;
     std::vector<Asked> fileDialogs;
 
     std::vector<std::string> started;  // programs
