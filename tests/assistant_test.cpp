@@ -292,7 +292,8 @@ TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaksAndStopsIt) {
         };
         EngineVoice::Commands commands{{"/nowhere/Speak.exe"}};
         for (const char* engine : row.engines) commands.append({"/bin/sh", "-c", scripts.at(engine), file});
-        EngineVoice voice([&] { return commands; });
+        const bool hangs = row.engines.front() == std::string_view("hangs");
+        EngineVoice voice([&] { return commands; }, hangs ? 0 : 300);
         int ended = 0;
         voice.say("a", [&] { ++ended; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return row.stop ? !log().empty() : ended == 1; }));

@@ -8,19 +8,14 @@
 
 namespace torvane {
 
-namespace {
-
-constexpr int patienceMs = 300;  // with a program that has been told to stop
-
-}  // namespace
-
-EngineVoice::EngineVoice(std::function<Commands()> find) : find_(std::move(find)) {}
+EngineVoice::EngineVoice(std::function<Commands()> find, int patienceMs)
+    : find_(std::move(find)), patienceMs_(patienceMs) {}
 
 EngineVoice::~EngineVoice() {
     if (!engine_) return;
     engine_->disconnect(this);
     engine_->closeWriteChannel();
-    engine_->waitForFinished(patienceMs);  // and if it does not, it is killed as it is destroyed
+    engine_->waitForFinished(patienceMs_);  // and if it does not, it is killed as it is destroyed
 }
 
 void EngineVoice::say(const std::string& text, std::function<void()> ended) {
@@ -58,7 +53,7 @@ void EngineVoice::engineEnded(QProcess* engine, bool said) {
 void EngineVoice::hush() {
     if (!engine_) return;
     engine_->closeWriteChannel();
-    QTimer::singleShot(patienceMs, engine_.data(), &QProcess::kill);
+    QTimer::singleShot(patienceMs_, engine_.data(), &QProcess::kill);
     engine_ = nullptr;
     ended_ = nullptr;
 }

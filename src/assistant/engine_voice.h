@@ -20,8 +20,9 @@ class EngineVoice : public QObject, public Voice {
     Q_OBJECT
 public:
     using Commands = QList<QStringList>;
-    // `find` is asked for the engines once, with the first text.
-    explicit EngineVoice(std::function<Commands()> find = [] { return Commands(); });
+    // `find` is asked for the engines once, with the first text. An engine that is to stop has so many milliseconds.
+    explicit EngineVoice(
+        std::function<Commands()> find = [] { return Commands(); }, int patienceMs = 300);
     ~EngineVoice() override;
 
     void say(const std::string& text, std::function<void()> ended) override;
@@ -33,6 +34,7 @@ private:
     void engineEnded(QProcess* engine, bool said);
 
     std::function<Commands()> find_;
+    const int patienceMs_;
     Commands engines_;
     QPointer<QProcess> engine_;  // null when nothing is being said
     QString text_;

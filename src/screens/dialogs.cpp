@@ -19,8 +19,8 @@ constexpr std::string_view wayBack =
     "there, and copy your newest backup (.bak) to the name Larkfen.mdb.";
 
 constexpr std::string_view apostrophe =
-    "Often the reason is an apostrophe or a feet mark (') in what was typed: leave it out. See Help, What you should "
-    "not type.";
+    "Often the reason is an apostrophe or a feet mark (') in what was typed, or a number left empty. See Help, What you "
+    "should not type.";
 
 // What the user can do about a failure, by words of the failure's text.
 struct Advice {
@@ -29,6 +29,11 @@ struct Advice {
 };
 constexpr Advice advices[] = {
     {"Type mismatch", "A number was wanted: type digits only, and a decimal point where there are decimals."},
+    {"Subscript", "A drop-down list had nothing chosen in it: choose an entry first."},
+    {"UNIQUE constraint",
+     "A record with this number is there already. Save and close what is open before you begin another one."},
+    {"character can't be read",
+     "A file of the program is damaged or missing. Install the program again; your data stay."},
     {"Overflow", "A number was larger than the program can hold."},
     {"syntax error", apostrophe},
     {"unrecognized token", apostrophe},

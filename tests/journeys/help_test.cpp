@@ -54,6 +54,8 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";
     key(box, Qt::Key_Return);
     EXPECT_TRUE(find<QTreeWidget>(help, "TreeContents").hasFocus());
+    key(*QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(find<QWidget>(help, "Page").hasFocus());
     key(help, Qt::Key_Escape);
     EXPECT_FALSE(standing("frmHelp"));
     choose("mnuHelpSearch");

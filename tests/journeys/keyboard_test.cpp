@@ -180,7 +180,8 @@ TEST_F(KeyboardTest, EstimateWithItsNotesAndALineUnderEdit) {
     expectTabsThrough(order, "rtfNotes");
     const QRect lines = find<QWidget>(order, "Frame1").geometry(), notes = find<QWidget>(order, "frmNotes").geometry();
     EXPECT_TRUE(notes.bottom() == lines.bottom() && notes.width() < lines.width() && notes.intersects(lines));
-    go(order, "Command2");
+    key(order, Qt::Key_Escape);
+    EXPECT_EQ(visible(order, {"frmNotes"}), "") << "Escape closes the notes, not the estimate";
     EXPECT_TRUE(find<QWidget>(order, "txtNotes").hasFocus());
     go(order, "cmdItemList");
     expectTabsThrough(*standing("frmList"), "TreeCategory");
@@ -238,6 +239,9 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     EXPECT_TRUE(find<QAbstractButton>(window, "TabStrip1_1").isChecked()) << "the arrows only walk";
     key(*tab, Qt::Key_Space);
     EXPECT_EQ(visible(window, {"frmTab1", "frmTab2"}), "frmTab2");
+    tab = &find<QWidget>(window, "TabStrip1_4");
+    key(*tab, Qt::Key_Enter);
+    EXPECT_EQ(visible(window, {"frmTab2", "frmTab4"}), "frmTab4");
     auto& third = *QAccessible::queryAccessibleInterface(&find<QWidget>(window, "TabStrip1_3"));
     third.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_TRUE(third.state().selected && find<QWidget>(window, "frmTab3").isVisible()) << "for who can't see it";

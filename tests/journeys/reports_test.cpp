@@ -186,6 +186,8 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(press(Qt::Key_Down, 0), "Page 1 of 2");
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 top");
     EXPECT_EQ(press(Qt::Key_PageDown, bar.maximum()), "Page 2 of 2 end");
+    EXPECT_EQ(press(Qt::Key_Home, bar.maximum()), "Page 1 of 2 top");
+    EXPECT_EQ(press(Qt::Key_End, 0), "Page 2 of 2 top");
     EXPECT_EQ(press(Qt::Key_Up, 0), "Page 1 of 2 end");
     const QPointF centre = scroll.rect().center();
     const QWidget& paper = find<QWidget>(report, "page");

@@ -139,6 +139,11 @@ TEST_F(ControlsTest, ColumnsShareWhatIsFreeUntilOneIsDragged) {
     settle();
     EXPECT_EQ(list.columnWidth(2), view.sizeHintForColumn(2)) << "the one that lacks least is whole";
     EXPECT_EQ(list.header()->length(), list.viewport()->width()) << "the other one has the rest";
+    list.setRow(0, {"7", "short", std::string(200, 'n')});
+    form.window().resize(300, 700);
+    settle();
+    EXPECT_EQ(list.columnWidth(1), std::max(view.sizeHintForColumn(1), list.header()->sectionSizeHint(1)))
+        << "what it does not need goes to the one that cuts its text";
     list.header()->resizeSection(1, 60);
     form.window().resize(600, 700);
     settle();

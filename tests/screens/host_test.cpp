@@ -46,11 +46,12 @@ TEST_F(QtHostTest, BoxesAndTheirAnswers) {
 TEST_F(QtHostTest, ARunTimeErrorIsToldInOneBoxOfAScreensSize) {
     whenModal([](QWidget& top) {
         auto& box = dynamic_cast<QMessageBox&>(top);
-        EXPECT_EQ(utf8(box.text()),
-                  "Run-time error 1\n\nnear \"Hara\": syntax error\n\nRefused: " + std::string(400, 'x') +
-                      "\u2026\n\nThe program met something that it cannot work with while searching, and has to end "
-                      "now.\n\nOften the reason is an apostrophe or a feet mark (') in what was typed: leave it out. "
-                      "See Help, What you should not type.\n\nWhat was not saved is lost. Start the program again.");
+        EXPECT_EQ(
+            utf8(box.text()),
+            "Run-time error 1\n\nnear \"Hara\": syntax error\n\nRefused: " + std::string(400, 'x') +
+                "\u2026\n\nThe program met something that it cannot work with while searching, and has to end "
+                "now.\n\nOften the reason is an apostrophe or a feet mark (') in what was typed, or a number left empty. "
+                "See Help, What you should not type.\n\nWhat was not saved is lost. Start the program again.");
         key(box, Qt::Key_Return);
     });
     RuntimeFailure failure(1, "near \"Hara\": syntax error", std::string(100000, 'x'));
