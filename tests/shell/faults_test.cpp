@@ -10,6 +10,9 @@
 
 #include "estimates/cls_order.h"
 #include "files/file_copy.h"
+#include "masters/cls_category.h"
+#include "masters/cls_customer.h"
+#include "masters/cls_master.h"
 #include "shell/backup.h"
 #include "support/child.h"
 #include "support/files.h"
@@ -189,6 +192,18 @@ void changeEstimate(const DataAccess& access, const char* mode, std::int32_t num
         order.Save();
 }
 
+template <class Record>
+void add(Record record) {
+    record.AddEditDel = "A";
+    record.Save();
+}
+
+void addName(const DataAccess& access) {
+    clsMaster rooms(access);
+    rooms.Mastertable = "Rooms";
+    add(rooms);
+}
+
 struct Action {
     const char* name;
     void (*act)(const DataAccess& access, FileSystem& files);
@@ -313,6 +328,11 @@ TEST_P(FaultTest, LeavesTheOldOrTheNew) {
 INSTANTIATE_TEST_SUITE_P(
     Actions, FaultTest,
     ::testing::Values(Action{"backup", takeBackup, true}, Action{"restore", restoreBackup, true},
+                      Action{"addItem", [](const auto& with, auto&) { add(ClsItem(with)); }},
+                      Action{"addCategory", [](const auto& with, auto&) { add(clsCategory(with)); }},
+                      Action{"addCustomer", [](const auto& with, auto&) { add(ClsCustomer(with)); }},
+                      Action{"addName", [](const auto& with, auto&) { addName(with); }},
+                      Action{"changePrice", [](const auto& with, auto&) { ClsItem(with).Updatelabourprice(1, "9"); }},
                       Action{"saveNewEstimate", [](const auto& with, auto&) { changeEstimate(with, "A", 77); }},
                       Action{"saveEditedEstimate", [](const auto& with, auto&) { changeEstimate(with, "E", 2); }},
                       Action{"deleteEstimate", [](const auto& with, auto&) { changeEstimate(with, "D", 2); }}),
