@@ -104,6 +104,7 @@ class OfficeRoads(DeskTest):
         press("F1")
         self.comes("Torvane Help")
         self.click("Search", role="page tab")
+        self.until(lambda: press("Tab") or self.focused() == "Page", "Tab does not reach the page")
         press("alt+F4")
         self.goes("Torvane Help")
         self.comes("Item Master")
