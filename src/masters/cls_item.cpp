@@ -1,5 +1,7 @@
 #include "masters/cls_item.h"
 
+#include <map>
+
 #include "datastore/statement.h"
 #include "values/letters.h"
 
@@ -45,18 +47,31 @@ void ClsItem::Delete() {
 }
 
 void ClsItem::GetItem() {
-    const RowArray row = query(joined("Select * from Item where ItemId= ", itemid));
-    if (row.empty()) return;
-    Itemcode = textOf(row("Itemcode", 0));
-    Itemname = textOf(row("Itemname", 0));
-    CategoryId = toInt16(row("CategoryId", 0));
-    UnitId = toInt16(row("UnitId", 0));
-    Material = singleOrZero(row("Material", 0));
-    Labor = singleOrZero(row("Labor", 0));
-    SubLabor = singleOrZero(row("SubLabor", 0));
-    Equipment = singleOrZero(row("Equipment", 0));
-    qty = toSingle(row("Qty", 0));
-    TU = textOrEmpty(row("TU", 0));
+    const RowArray rows = query(joined("Select * from Item where ItemId= ", itemid));
+    if (!rows.empty()) take(rows, 0);
+}
+
+void ClsItem::GetItems(const std::vector<ClsItem*>& items) {
+    std::string keys;
+    for (const ClsItem* item : items) keys += (keys.empty() ? "" : ",") + generalText(item->itemid);
+    const RowArray rows = query(joined("Select * from Item where ItemId in (", keys, ")"));
+    std::map<std::int16_t, int> rowOf;
+    for (int row = 0; row < rows.rows(); ++row) rowOf[toInt16(rows("ItemId", row))] = row;
+    for (ClsItem* item : items)
+        if (const auto found = rowOf.find(item->itemid); found != rowOf.end()) item->take(rows, found->second);
+}
+
+void ClsItem::take(const RowArray& rows, int row) {
+    Itemcode = textOf(rows("Itemcode", row));
+    Itemname = textOf(rows("Itemname", row));
+    CategoryId = toInt16(rows("CategoryId", row));
+    UnitId = toInt16(rows("UnitId", row));
+    Material = singleOrZero(rows("Material", row));
+    Labor = singleOrZero(rows("Labor", row));
+    SubLabor = singleOrZero(rows("SubLabor", row));
+    Equipment = singleOrZero(rows("Equipment", row));
+    qty = toSingle(rows("Qty", row));
+    TU = textOrEmpty(rows("TU", row));
 }
 
 double ClsItem::Maxitemno() {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "datastore/data_class.h"
 
@@ -44,6 +45,8 @@ public:
     void Delete();
     // Loads the row of `itemid`. Without such a row every field stays as it is.
     void GetItem();
+    // The same for many items at once, by one statement.
+    void GetItems(const std::vector<ClsItem*>& items);
     // A proposal for a new item number: the highest numeric one plus 1, or 1.
     double Maxitemno();
 
@@ -68,6 +71,7 @@ public:
     ListRows GetItemsOfCategories(std::string_view FldName, std::string_view AscOrDesc);
 
 private:
+    void take(const RowArray& rows, int row);
     void updatePrice(std::string_view column, std::string_view spoken, std::int32_t itmid, std::string_view prc);
 };
 

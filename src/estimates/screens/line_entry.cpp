@@ -1,5 +1,7 @@
 #include "estimates/screens/line_entry.h"
 
+#include <set>
+
 #include "estimates/screens/frm_order.h"
 #include "masters/cls_category.h"
 #include "screens/fill_names.h"
@@ -153,10 +155,19 @@ LineRow LineEntry::listedRow(int row) {
 }
 
 void LineEntry::loadLines() {
+    const auto& lines = screen_.Order().ColnOrderItems().NewEnum();
+    std::vector<ClsItem*> items;
+    for (const auto& line : lines) items.push_back(line->Item.get());
+    if (!items.empty()) items.front()->GetItems(items);
+    clsCategory category(screen_.program().dataAccess());
+    std::set<std::int16_t> categories;
+    for (const ClsItem* item : items) {
+        category.Catid = item->CategoryId;
+        if (categories.insert(category.Catid).second) category.GetCatg();
+    }
     std::vector<LineRow> rows;
-    rows.reserve(static_cast<std::size_t>(screen_.Order().ColnOrderItems().Count()));
-    for (const auto& line : screen_.Order().ColnOrderItems().NewEnum()) {
-        readItem(*line->Item);
+    rows.reserve(lines.size());
+    for (const auto& line : lines) {
         ui().cmbRooms->selectItemData(line->mvarRoomId);
         ui().cmbUnits->selectItemData(line->mvarUnitId);
         rows.push_back(storedRow(names(line->Item->itemid, line->Item->Itemname), *line));
