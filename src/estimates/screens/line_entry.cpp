@@ -157,6 +157,7 @@ LineRow LineEntry::listedRow(int row) {
 void LineEntry::loadLines() {
     const auto& lines = screen_.Order().ColnOrderItems().NewEnum();
     std::vector<ClsItem*> items;
+    items.reserve(lines.size());
     for (const auto& line : lines) items.push_back(line->Item.get());
     if (!items.empty()) items.front()->GetItems(items);
     clsCategory category(screen_.program().dataAccess());
