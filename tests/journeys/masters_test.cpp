@@ -236,7 +236,7 @@ TEST_F(MastersTest, CategoriesEditedIntoACycleAndFiveLevelsDeep) {
 }
 
 TEST_F(MastersTest, OnlyCategoriesWithoutItemsAreDeleted) {
-    data.execute("insert into Category values (2, 'Attics', 0), (3, 'Lofts', 2)");
+    data.execute("insert into Category values (2, 'Attics', 0), (3, 'Lofts', 2); delete from Item where ItemId > 1");
     const QWidget& window = opened("SubMnuDelCat");
     const char* inUse = "Can not delete category 'Framing'. Please delete or reassign items that belong to it first.";
     tell(window, newCategory,
