@@ -47,6 +47,7 @@ void DropList::Clear() {
 
 void DropList::fill(std::vector<Entry> entries) {
     std::vector<int> itemData;
+    itemData.reserve(entries.size());
     for (const Entry& entry : entries) itemData.push_back(entry.itemData);
     fill(std::move(itemData),
          [entries = std::move(entries)](int index) { return entries[static_cast<std::size_t>(index)].text; });
