@@ -96,7 +96,6 @@ protected:
         controls_ = std::make_unique<Ui>();
         // uic sets the window title and the window's objectName itself.
         controls_->setupUi(&window);
-        growWithType(window);
         giveKeys(window);
     }
     void dropControls() override { controls_.reset(); }

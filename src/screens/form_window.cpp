@@ -10,7 +10,6 @@
 
 #include "screens/form.h"
 #include "widgets/mnemonics.h"
-#include "widgets/units.h"
 
 namespace torvane {
 
@@ -50,17 +49,6 @@ void giveKeys(QWidget& window) {
         const auto shown = std::ranges::find_if(escapes, &QWidget::isVisible);
         if (shown != escapes.end()) (*shown)->click();
     });
-}
-
-void growWithType(QWidget& window) {
-    const double scale = fontScale(window);
-    for (QWidget* control : window.findChildren<QWidget*>()) {
-        if (control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_"))) continue;
-        control->setMinimumSize(control->minimumSize() * scale);
-        const QSize most = control->maximumSize();
-        const auto grown = [scale](int pixels) { return pixels == QWIDGETSIZE_MAX ? pixels : qRound(pixels * scale); };
-        control->setMaximumSize(grown(most.width()), grown(most.height()));
-    }
 }
 
 // Deleted only from the event loop: Qt's own code may still be at work on the window when the last handler is left.

@@ -70,9 +70,6 @@ QWidget* frontWindow(const QWidget* except = nullptr);
 // that shows of its Close Notes, Cancel, Close and Exit.
 void giveKeys(QWidget& window);
 
-// Widens what the form file bounds, which is given for the usual type.
-void growWithType(QWidget& window);
-
 // Makes `window` usable and keeps it above `front` also while `front` is modal. Nothing without `front`.
 void standOver(QWidget& window, QWidget* front);
 

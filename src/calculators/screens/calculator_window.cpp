@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
@@ -33,6 +34,8 @@ void CalculatorWindow::build(QWidget& window) {
     TabStrip1_ = new TabStrip(&window);
     TabStrip1_->setObjectName(QStringLiteral("TabStrip1"));
     for (const CalculatorTab& tab : group_.tabs) TabStrip1_->addTab(qstring(tab.caption), qstring(tab.toolTip));
+    constexpr int frameAndMargins = 40;
+    TabStrip1_->fitInto(window.screen()->availableGeometry().width() - frameAndMargins);
     on(*this, TabStrip1_, &TabStrip::Click, [this] {
         Which = static_cast<std::int16_t>(TabStrip1_->selectedIndex());
         Showframe();

@@ -11,8 +11,6 @@ namespace torvane {
 
 namespace {
 
-constexpr int tabsInARow = 4;
-
 // In the colours of a selection: a pressed look alone is hard to see on a dark ground.
 void mark(QToolButton& tab) {
     QPalette colours;
@@ -26,19 +24,22 @@ void mark(QToolButton& tab) {
 // The arrows only walk: a click on each tab that they pass would open windows and start programs.
 class Tab : public QToolButton {
 public:
-    using QToolButton::QToolButton;
+    explicit Tab(TabStrip& strip) : QToolButton(&strip), strip_(strip) {}
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return click();
         const int step = event->key() == Qt::Key_Right  ? 1
                          : event->key() == Qt::Key_Left ? -1
-                         : event->key() == Qt::Key_Down ? tabsInARow
-                         : event->key() == Qt::Key_Up   ? -tabsInARow
+                         : event->key() == Qt::Key_Down ? strip_.tabsInARow()
+                         : event->key() == Qt::Key_Up   ? -strip_.tabsInARow()
                                                         : 0;
         if (step == 0) return QToolButton::keyPressEvent(event);
         if (QAbstractButton* next = group()->button(group()->id(this) + step)) next->setFocus();
     }
+
+private:
+    const TabStrip& strip_;
 };
 
 }  // namespace
@@ -49,13 +50,12 @@ TabStrip::TabStrip(QWidget* parent) : QWidget(parent), tabs_(new QButtonGroup(th
     setAccessibleName(QStringLiteral("Calculators"));
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
-    for (int column = 0; column < tabsInARow; ++column) layout->setColumnStretch(column, 1);
     connect(tabs_, &QButtonGroup::idClicked, this, &TabStrip::Click);
 }
 
 void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     const int index = static_cast<int>(tabs_->buttons().size());
-    auto* tab = new Tab(this);
+    auto* tab = new Tab(*this);
     setRole(*tab, QAccessible::PageTab);
     tab->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
     tab->setText(caption);
@@ -68,7 +68,21 @@ void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     connect(tab, &QAbstractButton::toggled, tab, [tab] { mark(*tab); });
     mark(*tab);
     tabs_->addButton(tab, index + 1);
-    static_cast<QGridLayout*>(layout())->addWidget(tab, index / tabsInARow, index % tabsInARow);
+    place(*tab);
+}
+
+void TabStrip::place(QAbstractButton& tab) {
+    auto& grid = *static_cast<QGridLayout*>(layout());
+    const int index = tabs_->id(&tab) - 1;
+    grid.addWidget(&tab, index / tabsInARow_, index % tabsInARow_);
+    grid.setColumnStretch(index % tabsInARow_, 1);
+}
+
+void TabStrip::fitInto(int width) {
+    while (tabsInARow_ > 1 && layout()->minimumSize().width() > width) {
+        static_cast<QGridLayout*>(layout())->setColumnStretch(--tabsInARow_, 0);
+        for (QAbstractButton* tab : tabs_->buttons()) place(*tab);
+    }
 }
 
 int TabStrip::selectedIndex() const {

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QAbstractButton;
 class QButtonGroup;
 
 namespace torvane {
@@ -14,6 +15,9 @@ class TabStrip : public QWidget {
 public:
     explicit TabStrip(QWidget* parent = nullptr);
     void addTab(const QString& caption, const QString& toolTip);
+    // Takes more rows where all of them are wider than that.
+    void fitInto(int width);
+    int tabsInARow() const { return tabsInARow_; }
     // Index of the marked tab, from 1; the first at the start.
     int selectedIndex() const;
 
@@ -21,7 +25,10 @@ signals:
     void Click();
 
 private:
+    void place(QAbstractButton& tab);
+
     QButtonGroup* tabs_;
+    int tabsInARow_ = 4;
 };
 
 }  // namespace torvane

@@ -56,6 +56,9 @@ void LineEntry::connect() {
     on(screen_, ui().cmdEditApply, &QAbstractButton::clicked, [this] { cmdEditApply_Click(); });
     on(screen_, ui().cmdEditCanc, &QAbstractButton::clicked, [this] { showEditing(false); });
     on(screen_, ui().cmdDel, &QAbstractButton::clicked, [this] { cmdDel_Click(); });
+    // A sum is never cut to another one.
+    for (TextBox* box : {ui().txtTotal, ui().TxtAmount, ui().txtFinalTotal})
+        box->setMinimumWidth(box->fontMetrics().horizontalAdvance(QStringLiteral("12345678.90")));
     // The panel keeps its shape when Apply and Cancel stand in the place of Add.
     ui().cmdAdd->setMinimumWidth(ui().cmdEditApply->sizeHint().width());
     QSizePolicy kept = ui().cmdEditCanc->sizePolicy();
