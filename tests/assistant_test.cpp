@@ -91,6 +91,13 @@ TEST(CharacterFile, IsWholeAndCanDoWhatTheProgramAsks) {
     const std::tuple<const char*, const char*, std::string> damages[] = {
         {"end\n", "", "line 17: the end is missing"},
         {"</g>", "", "line 5: the part before is broken: Opening and ending tag mismatch."},
+        {"torvane-character 1", "torvane-character 2", "line 1: this is no character file"},
+        {"size 40 60\n", "size 40 60\nsize 40 60\n", "line 3: the size stands once, and first"},
+        {"size 40 60", "size 15 60", "line 2: \"15\" is no number from 16 to 512"},
+        {"</g>", "</g><script/>", "line 5: \"script\" is no shape"},
+        {"part red", "part box", "line 7: the name \"box\" is given twice"},
+        {"gone 0 -10 : red", "gone 0 -10 red", "line 11: a frame has a name, two numbers and parts"},
+        {"still 1000 still 100", "still 1000 still", "line 12: an animation has a name, and frames with times"},
         {": box green", ": box bax", "line 10: there is no part \"bax\""},
         {"animation Leaving : gone 50\n", "", "line 17: the animation Leaving is missing"},
     };

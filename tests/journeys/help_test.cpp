@@ -52,6 +52,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     type(box, "qwxz gutter");
     EXPECT_EQ(utf8(found.item(0)->text()), "Nothing found. See the contents.");
     EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";
+    EXPECT_TRUE(found.item(found.count() - 1)->text().contains("gutter")) << "and nothing else";
     key(box, Qt::Key_Return);
     EXPECT_TRUE(find<QTreeWidget>(help, "TreeContents").hasFocus());
     key(*QApplication::focusWidget(), Qt::Key_Tab);

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
@@ -37,6 +38,7 @@ protected:
     // Prints two copies, the last page first, to a file, which the dialog asks to replace if it is there.
     void print(QWidget& report, const std::string& file, const Boxes& said = {}) {
         whenModal([=, this](QWidget& dialog) {
+            EXPECT_TRUE(dynamic_cast<QPrintDialog&>(dialog).testOption(QAbstractPrintDialog::PrintCurrentPage));
             find<QLineEdit>(dialog, "filename").setText(qstring(file));
             find<QSpinBox>(dialog, "copies").setValue(2);
             find<QCheckBox>(dialog, "reverse").setChecked(true);

@@ -38,7 +38,8 @@ TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
         QApplication::activePopupWidget()->close();
     }
     EXPECT_EQ(menus, "mnuFile mnuInventory mnuEstimates mnuCalc mnuReport ");
-    settle();
+    for (const char* image : {"Image1", "Image2"})
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !find<QLabel>(window, image).pixmap().isNull(); })) << image;
     go(window, "cmd_Blank");
     EXPECT_TRUE(standing("frmBlank"));
     go(window, "cmd_Exit");
