@@ -63,7 +63,8 @@ bool frmHelp::open() {
     try {
         Load();
     } catch (const RuntimeFailure& failure) {
-        program().say(failure.text() + ": " + failure.refused(), defaultTitle);
+        program().say(failure.text() + ": " + failure.refused() + "\n\nInstall the program again; your data stay.",
+                      defaultTitle);
         return false;
     }
     Show();

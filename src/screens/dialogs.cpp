@@ -22,19 +22,20 @@ constexpr std::string_view apostrophe =
     "Often the reason is an apostrophe or a feet mark (') in what was typed, or a number left empty. See Help, What you "
     "should not type.";
 
-// What the user can do about a failure, by words of the failure's text.
+// What the user can do about a failure, by words of its text or of what was going on.
 struct Advice {
     std::string_view words;
     std::string_view whatToDo;
 };
 constexpr Advice advices[] = {
+    {"a second time", "The program runs on this folder already: look for its window."},
     {"Type mismatch", "A number was wanted: type digits only, and a decimal point where there are decimals."},
     {"Subscript", "A drop-down list had nothing chosen in it: choose an entry first."},
     {"UNIQUE constraint",
      "A record with this number is there already. Save and close what is open before you begin another one."},
     {"character can't be read",
      "A file of the program is damaged or missing. Install the program again; your data stay."},
-    {"Overflow", "A number was larger than the program can hold."},
+    {"Overflow", "A number was larger than the program can hold: type a smaller one."},
     {"syntax error", apostrophe},
     {"unrecognized token", apostrophe},
     {"unable to open database file", wayBack},
@@ -75,8 +76,9 @@ QString errorBoxText(const RuntimeFailure& failure) {
     if (!refused.isEmpty()) text += QStringLiteral("\n\nRefused: ") + refused;
     const QString during = failure.during().empty() ? QString() : QStringLiteral(" while ") + qstring(failure.during());
     text += QStringLiteral("\n\nThe program met something that it cannot work with%1, and has to end now.").arg(during);
+    const std::string told = failure.text() + '\n' + failure.during();
     const auto* const advice = std::ranges::find_if(
-        advices, [&failure](const Advice& each) { return failure.text().find(each.words) != std::string::npos; });
+        advices, [&told](const Advice& each) { return told.find(each.words) != std::string::npos; });
     if (advice != std::end(advices)) text += QStringLiteral("\n\n") + qstring(advice->whatToDo);
     return text + QStringLiteral("\n\nWhat was not saved is lost. Start the program again.");
 }
