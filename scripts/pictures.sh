@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Renews the pictures of the help book, those that its pages show, and of the README, from the pictures of a tour:
-# pictures.sh <folder of the tour>. It needs ImageMagick.
+# pictures.sh <folder of the tour>. It needs ImageMagick. The tour is to run in American English (LC_ALL=en_US.UTF-8), and
+# its program to lie in a folder that readers may see.
 set -euo pipefail
 tour=$1
 project=$(cd "$(dirname "$0")/.." && pwd)
