@@ -105,7 +105,7 @@ void masters(Sample& sample) {
     measure(
         "item form opened", frame, catalogue,
         [&] {
-            form.Item().itemid = Sample::most;
+            form.Item().itemid = static_cast<std::int16_t>(Sample::most);
             form.Show();
         },
         [&] { form.Unload(); });
