@@ -68,6 +68,8 @@ TEST_F(MastersTest, ACustomerIsAddedOnceAndNotTwice) {
     go(window, "txtCustName=Twin; cmdAdd > CmdSave; TxtBZip=1; cmdOk", second);
     EXPECT_EQ(rows(window), (Texts{"7|Ann Lee|Salem|555-1|ann@example.com", "8|Bob Ray|Troy|777-1|", "9|Cara Moe|3|6|9",
                                    "10|Twin|||", "11|Twin|||"}));
+    go(window, "OptName; txtCustName=Twin; cmdSearch; cmdAdd > CmdCancel");
+    EXPECT_EQ(rows(window).size(), 5U) << "the button shows all";
 }
 
 TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
@@ -220,11 +222,12 @@ TEST_F(MastersTest, CategoriesEditedIntoACycleAndFiveLevelsDeep) {
     const TestHost::Box saved = ok("Category Saved");
     go(window, "row 4 twice > Txtname=Studs; cmbParent=Own; CmdSave; cmdOk", {saved});  // a second one of that name
     go(window, "row 1; CmdEdit > cmbParent=Framing; CmdSave; cmdOk", {saved});
-    inForm(window, "row 0; CmdEdit", [&](QWidget& form) {
+    inForm(window, "txtCatName=Dry; cmdSearch; row 0 twice", [&](QWidget& form) {
         EXPECT_EQ(utf8(form.windowTitle()) + texts(form, {"Txtname", "cmbParent"}), "Category DetailsDry|Long");
         go(form, "Txtname=; cmdOk", refused("Empty Data"));
     });
     EXPECT_EQ(table("Category"), (Texts{"1|Framing|1", "2|Lumber|1", "3|Studs|2", "4|Long|3", "5|Dry|4", "6|Studs|6"}));
+    EXPECT_EQ(rows(window).size(), 6U) << "all are shown again";
     std::string shown;
     for (const char* row : {"row 0 twice", "row 1 twice", "row 2 twice"})
         inForm(opened("SubMnuEditItem"), row, [&](QWidget& form) {
