@@ -33,8 +33,8 @@ double timed(Work&& work) {
     }
 }
 
-// Runs `ours` and `raw` by turns, after a warm-up of each, and prints their medians. Running by turns lets a slow moment
-// of a shared machine fall on both; short works are repeated until such moments are the exception.
+// Runs `ours` and `raw` by turns, after a warm-up of each, and prints their medians. Running by turns lets a slow
+// moment of a shared machine fall on both; short works are repeated until such moments are the exception.
 template <typename Ours, typename Raw>
 void compare(const std::string& name, Mark mark, Ours ours, Raw raw) {
     constexpr std::size_t fewest = 15;

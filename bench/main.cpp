@@ -13,9 +13,9 @@
 #include "sample.h"
 #include "screens/guarded_application.h"
 
-// Prints one line per measurement, of all groups or of those that are named, at the largest sizes or, with "tenth" as the
-// first argument, at a tenth of them, which shows how each grows. Status 1 when a figure is over its mark or
-// could not be measured; on a busy machine one may be over by chance.
+// Prints one line per measurement, of all groups or of those that are named, at the largest sizes or, with "tenth" as
+// the first argument, at a tenth of them, which shows how each grows. Status 1 when a figure is over its mark or could
+// not be measured; on a busy machine one may be over by chance.
 int main(int argc, char** argv) {
     using namespace torvane;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

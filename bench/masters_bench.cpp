@@ -13,7 +13,8 @@
 #include "screens/program.h"
 #include "ui_frm_item.h"
 
-// The windows of the catalogue at its largest: each act is answered within a frame of the screen, and a further page at once.
+// The windows of the catalog at its largest: each act is answered within a frame of the screen, and a further page at
+// once.
 
 namespace torvane::bench {
 

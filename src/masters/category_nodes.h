@@ -9,9 +9,9 @@
 
 namespace torvane {
 
-// The item sheet's tree: top categories, their items, their children and so on, three levels deep; deeper categories and
-// their items are left out. The items of a category are those whose category key begins with the digits of its own key:
-// category 1 lists the items of category 12, too. That is how searches in this system match, and here it stays so.
+// The item sheet's tree: top categories, their items, their children and so on, three levels deep; deeper categories
+// and their items are left out. The items of a category are those whose category key begins with the digits of its own
+// key: category 1 lists the items of category 12, too. That is how searches in this system match, and here it stays so.
 //
 // A node's children are made when they are first asked for: a large catalog has a hundred thousand nodes, and a window
 // shows thirty.
@@ -28,7 +28,7 @@ public:
     CategoryNodes();
     //   categories   rows of the view: key, name, number of items, parent key
     //   items        key, name, category key, in the order in which they are to stand
-    // Failure::InvalidUseOfNull for a category without a key.
+    // Failure::NullValue for a category without a key.
     CategoryNodes(ListRows categories, ListRows items);
 
     // The root is number 0.

@@ -19,8 +19,8 @@ constexpr std::string_view wayBack =
     "there, and copy your newest backup (.bak) to the name Larkfen.mdb.";
 
 constexpr std::string_view apostrophe =
-    "Often the reason is an apostrophe or a feet mark (') in what was typed, or a number left empty. See Help, What you "
-    "should not type.";
+    "Often the reason is an apostrophe or a feet mark (') in what was typed, or a number left empty. See Help, What "
+    "you should not type.";
 
 // What the user can do about a failure, by words of its text or of what was going on.
 struct Advice {
@@ -30,7 +30,7 @@ struct Advice {
 constexpr Advice advices[] = {
     {"a second time", "The program runs on this folder already: look for its window."},
     {"Type mismatch", "A number was wanted: type digits only, and a decimal point where there are decimals."},
-    {"Subscript", "A drop-down list had nothing chosen in it: choose an entry first."},
+    {"Subscript", "Often a drop-down list had nothing chosen in it: choose an entry first."},
     {"UNIQUE constraint",
      "A record with this number is there already. Save and close what is open before you begin another one."},
     {"character can't be read",
