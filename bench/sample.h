@@ -51,8 +51,8 @@ private:
 };
 
 // A business as large as the 16-bit counts of the lists allow: 32,767 items in 500 categories, as many customers and
-// estimates, 1,000,000 lines; or a tenth of that. Made anew in an empty folder: one database for us, the same one for SQLite alone, and one
-// without items.
+// estimates, 1,000,000 lines; or a tenth of that. Made anew in an empty folder: one database for us, the same one for
+// SQLite alone, and one without items.
 class Sample {
 public:
     explicit Sample(const std::string& folder);
