@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 
 #include "datastore/statement.h"
 #include "values/numbers.h"
@@ -46,10 +47,8 @@ RowArray DataClass::keptPage(std::size_t first) {
         const RowArray keys = query(joined("select ", kept_.key, from));
         for (int row = 0; row < keys.rows(); ++row) kept_.keys.push_back(textOf(keys(0, row)));
     }
-    std::string wanted;
-    const std::size_t end = std::min(kept_.keys.size(), first + static_cast<std::size_t>(PageSize));
-    for (std::size_t row = first; row < end; ++row) wanted += (row == first ? "" : ",") + kept_.keys[row];
-    return query(joined("select *", from, " where ", kept_.key, " in (", wanted, ")"));
+    const auto wanted = kept_.keys | std::views::drop(first) | std::views::take(static_cast<std::size_t>(PageSize));
+    return query(joined("select *", from, " where ", kept_.key, " in (", listed(wanted), ")"));
 }
 
 ListRows DataClass::readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,

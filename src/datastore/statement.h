@@ -23,4 +23,11 @@ std::string joined(const Pieces&... pieces) {
     return text;
 }
 
+// The pieces with commas between them.
+std::string listed(const auto& pieces) {
+    std::string text;
+    for (const auto& piece : pieces) text += joined(text.empty() ? "" : ",", piece);
+    return text;
+}
+
 }  // namespace torvane

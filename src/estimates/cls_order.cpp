@@ -174,8 +174,14 @@ ListRows ClsOrder::GetComboUnits() {
     return readRows("Select * from Units order by Name");
 }
 
-ListRows ClsOrder::GetComboItems() {
-    return readRows("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName");
+std::shared_ptr<const RowArray> ClsOrder::GetComboItems() {
+    leftOpen_ = false;
+    if (const std::uint64_t written = connection_.writes("Item"); !items_ || written != itemsWritten_) {
+        items_ = std::make_shared<const RowArray>(
+            query("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName"));
+        itemsWritten_ = written;
+    }
+    return items_;
 }
 
 }  // namespace torvane

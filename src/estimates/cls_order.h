@@ -78,14 +78,16 @@ public:
     ListRows GetComboState();
     ListRows GetComboRooms();
     ListRows GetComboUnits();
-    // Key, name, material, labor, default quantity, sub-labor, equipment.
-    ListRows GetComboItems();
+    // Key, name, material, labor, default quantity, sub-labor, equipment. Read again only when an item has been written.
+    std::shared_ptr<const RowArray> GetComboItems();
 
 private:
     void insertLines();
     DataAccess access_;
     EstimateScreen& screen_;
     std::unique_ptr<torvane::ColnOrderItems> lines_;
+    std::shared_ptr<const RowArray> items_;
+    std::uint64_t itemsWritten_ = 0;
 };
 
 }  // namespace torvane

@@ -41,6 +41,11 @@ std::string clsCategory::GetCatg() {
     return Catname;
 }
 
+void clsCategory::GetCategories(const std::set<std::int16_t>& keys) {
+    const RowArray rows = query(joined("Select CatName from Category where CatId in (", listed(keys), ")"));
+    for (int row = 0; row < rows.rows(); ++row) textOf(rows(0, row));
+}
+
 std::string clsCategory::GetParentName(std::int16_t cid) {
     constexpr int levels = 3;
     std::string text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,8 @@ public:
     // The name of category `Catid`, also into `Catname`, with `ParentCategory`. Without a row the name is empty and
     // `ParentCategory` stays.
     std::string GetCatg();
+    // Reads many categories by one statement, and keeps nothing of them; as above, a name that is Null is a failure.
+    void GetCategories(const std::set<std::int16_t>& keys);
     // The names of at most three parents of a category, nearest first, as " (Hardware <- Supplies)"; empty without one.
     std::string GetParentName(std::int16_t cid);
     // Pages of the view Categories: key, name, number of items, parent key. Page -1 gives every row.

@@ -1,6 +1,7 @@
 #include "masters/cls_item.h"
 
 #include <map>
+#include <set>
 
 #include "datastore/statement.h"
 #include "values/letters.h"
@@ -52,9 +53,9 @@ void ClsItem::GetItem() {
 }
 
 void ClsItem::GetItems(const std::vector<ClsItem*>& items) {
-    std::string keys;
-    for (const ClsItem* item : items) keys += (keys.empty() ? "" : ",") + generalText(item->itemid);
-    const RowArray rows = query(joined("Select * from Item where ItemId in (", keys, ")"));
+    std::set<std::int16_t> keys;
+    for (const ClsItem* item : items) keys.insert(item->itemid);
+    const RowArray rows = query(joined("Select * from Item where ItemId in (", listed(keys), ")"));
     std::map<std::int16_t, int> rowOf;
     for (int row = 0; row < rows.rows(); ++row) rowOf[toInt16(rows("ItemId", row))] = row;
     for (ClsItem* item : items)

@@ -92,6 +92,9 @@ int compareWithoutCase(std::string_view a, std::string_view b) {
         if (x != y) return x < y ? -1 : 1;
     }
     if (at == a.size() && at == b.size()) return 0;
+    // The beginning of a text comes before it; a mark behind it would still belong to its last letter.
+    if (at == a.size() && isAscii(b[at])) return -1;
+    if (at == b.size() && isAscii(a[at])) return 1;
     while (at > 0 && (isInsideSign(a, at) || isInsideSign(b, at))) --at;
     const int order = baseLetters(a.substr(at)).compareCodePointOrder(baseLetters(b.substr(at)));
     return order != 0 ? order : withoutCase(a).compare(withoutCase(b));

@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QListView>
+#include <algorithm>
 #include <utility>
 
 #include "values/failure.h"
@@ -74,8 +75,12 @@ void DropList::select(int index) {
 }
 
 void DropList::selectItemData(int itemData) {
-    for (std::size_t index = 0; index < itemData_.size(); ++index)
-        if (itemData_[index] == itemData) select(static_cast<int>(index));
+    const auto next = [&](std::ptrdiff_t from) {
+        const auto rest = itemData_.begin() + std::min(from, std::ssize(itemData_));  // Click may have shortened it
+        return std::find(rest, itemData_.end(), itemData) - itemData_.begin();
+    };
+    for (std::ptrdiff_t index = next(0); index < std::ssize(itemData_); index = next(index + 1))
+        select(static_cast<int>(index));
 }
 
 int DropList::ItemData(int index) const {

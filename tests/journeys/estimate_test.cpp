@@ -159,6 +159,8 @@ TEST_F(EstimateTest, ChangedPriceIsAskedForBeforeWhatTookTheFocus) {
     EXPECT_EQ(shown({"cmbItems", "TxtMaterial"}), "Brick|0.5");
     // The first of the list asks as well; closing asks nothing.
     go(order, "TxtMaterial=3; TxtQty; TxtMaterial=4; close", {keepPrice("Material")});
+    go(newEstimate(), "cmbItems=Joist");
+    EXPECT_EQ(shown({"TxtMaterial"}), "0.5") << "the list of a new window has what was written";
 }
 
 TEST_F(EstimateTest, FirstUseWithEmptyLists) {

@@ -76,12 +76,13 @@ void LineEntry::InitListView() {
 
 void LineEntry::FillItems() {
     pricedEntry_ = -1;
-    const auto items = std::make_shared<const ListRows>(screen_.Order().GetComboItems());
+    const std::shared_ptr<const RowArray> items = screen_.Order().GetComboItems();
     std::vector<int> keys;
-    for (int row = 0; *items && row < (*items)->rows(); ++row) keys.push_back(toInt32((**items)(0, row)));
+    keys.reserve(static_cast<std::size_t>(items->rows()));
+    for (int row = 0; row < items->rows(); ++row) keys.push_back(toInt32((*items)(0, row)));
     // The prices come first: selecting an item reads them.
-    ui().cmbPrices->fill(keys, [items](int row) { return priceEntry(**items, row); });
-    ui().cmbItems->fill(keys, [items](int row) { return textOrEmpty((**items)(1, row)); });
+    ui().cmbPrices->fill(keys, [items](int row) { return priceEntry(*items, row); });
+    ui().cmbItems->fill(keys, [items](int row) { return textOrEmpty((*items)(1, row)); });
     if (keys.empty()) return;
     ui().cmbPrices->select(0);
     ui().cmbItems->select(0);
@@ -163,12 +164,9 @@ void LineEntry::loadLines() {
     items.reserve(lines.size());
     for (const auto& line : lines) items.push_back(line->Item.get());
     if (!items.empty()) items.front()->GetItems(items);
-    clsCategory category(screen_.program().dataAccess());
     std::set<std::int16_t> categories;
-    for (const ClsItem* item : items) {
-        category.Catid = item->CategoryId;
-        if (categories.insert(category.Catid).second) category.GetCatg();
-    }
+    for (const ClsItem* item : items) categories.insert(item->CategoryId);
+    clsCategory(screen_.program().dataAccess()).GetCategories(categories);
     std::vector<LineRow> rows;
     rows.reserve(lines.size());
     for (const auto& line : lines) {
