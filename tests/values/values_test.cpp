@@ -113,13 +113,12 @@ TEST(Dates, Reading) {
         {" 7 / 4 / 2003 ", "2003-07-04", "2003-04-07"},
         {"04. 07. 2003.", "2003-04-07", "2003-07-04"},
         {"7.13.2003", "2003-07-13"},
-        {"13/5/2003 J.", "2003-05-13"},
+        {"13/5/J. 2003", "2003-05-13"},
         {"2003-07-04", "2003-07-04"},
-        {"99-12-31", "1999-12-31"},
-        {"1/1/0100", "0100-01-01"},
+        {"32-12-31", "1932-12-31"},
+        {"1/1/100", "0100-01-01"},
         {"1/1/29", "2029-01-01"},
-        {"1/1/30", "1930-01-01"},
-        {"31/1/31", "1931-01-31"},
+        {"31/1/30", "1930-01-31"},
         {"2/29/2000", "2000-02-29"},
         {"JULY 4, 2003", "2003-07-04"},
         {"4-Jul-03", "2003-07-04"},
@@ -127,15 +126,15 @@ TEST(Dates, Reading) {
         {"4 März 2003 J.", "2003-03-04"},
     };
     ShortDate german;
-    german.pattern = "d. MMMM yyyy 'J.'";
+    german.pattern = "d. MMMM yyyy 'J'.";
     german.monthNames[2] = german.shortMonthNames[2] = "März";
     const auto text = [](const std::optional<Date>& date) { return date ? isoText(*date) : "none"; };
     for (const auto& row : rows) {
         EXPECT_EQ(text(readDate(row.text, german)), row.iso) << row.text;
         EXPECT_EQ(text(readTypedDate(row.text, german)), row.typed ? row.typed : row.iso) << row.text;
     }
-    for (const char* none : {"2/29/1900", "4 Jula 2003", "4 Julz 2003", "July 2003", "July 4 July 2003", "7/4",
-                             "7//4/2003", "/7/4/2003", "7/4/2003/1", "13/13/2003", "0/4/2003", "7/4/20030", "7/4/02003",
+    for (const char* none : {"2/29/1900", "4 Jula 2003", "July 2003", "July 4 July 2003", "7/4", "7//4/2003",
+                             "/7/4/2003", "7/4/2003/1", "13/13/2003", "0/4/2003", "7/4/20030", "7/4/02003",
                              "7/004/2003", "004/7/2003", "2003-13-01", "1/1/0050", "today"}) {
         EXPECT_EQ(text(readDate(none, german)), "none") << none;
         EXPECT_EQ(text(readTypedDate(none, german)), "none") << none;
@@ -143,8 +142,8 @@ TEST(Dates, Reading) {
 }
 
 TEST(Dates, ShortText) {
-    for (const auto& [pattern, text] : {std::pair{"MM/dd/yy", "07/04/03"},
-                                        {"d'.' MMMM, yy 'year", "4. July, 03 year"},
+    for (const auto& [pattern, text] : {std::pair{"MM/dd/yyyy", "07/04/2003"},
+                                        {"d'.' MMMM, yyyy 'year", "4. July, 2003 year"},
                                         {"yyyy ''dd MMM", "2003 '04 Jul"}}) {
         ShortDate style;
         style.pattern = pattern;
