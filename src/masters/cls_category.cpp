@@ -15,7 +15,7 @@ bool clsCategory::Validate() {
     return !duplicate;
 }
 
-bool clsCategory::Save() {
+void clsCategory::Save() {
     if (AddEditDel == "A") {
         connection_.execute(
             joined("Insert into Category (Catname,ParentCategory) values ('", Catname, "',", ParentCategory, ")"));
@@ -23,7 +23,6 @@ bool clsCategory::Save() {
         connection_.execute(joined("Update Category Set Catname = '", Catname, "',ParentCategory = ", ParentCategory,
                                    " where Catid=", Catid));
     }
-    return false;
 }
 
 void clsCategory::Delete() {

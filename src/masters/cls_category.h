@@ -21,7 +21,7 @@ public:
     // Whether the category may be saved; says why not in a box. Adding refuses a name that stands anywhere in the tree.
     bool Validate();
     // Inserts ("A") or updates ("E"); nothing guards against a cycle. The result is always false.
-    bool Save();
+    void Save();
     // With the flag "D": removes the row of `Catid`; its children keep their parent key.
     void Delete();
     // The name of category `Catid`, also into `Catname`, with `ParentCategory`. Without a row the name is empty and

@@ -18,15 +18,14 @@ bool clsMaster::Validate() {
     return !duplicate;
 }
 
-bool clsMaster::Save() {
+void clsMaster::Save() {
     if (AddEditDel == "A")
         connection_.execute(joined("Insert into ", Mastertable, " (Name) values ('", Name, "')"));
     else if (AddEditDel == "E")
         connection_.execute(joined("Update ", Mastertable, " Set Name = '", Name, "' where Id=", Id));
     else
-        return false;
+        return;
     host_.box("Record Saved", "Master Entry");
-    return false;
 }
 
 void clsMaster::Delete() {

@@ -22,7 +22,7 @@ public:
     // Whether the name may be saved; says why not in a box. Adding refuses a name that is there already.
     bool Validate();
     // Inserts ("A") or updates ("E") and says so in a box; any other flag does nothing. The result is always false.
-    bool Save();
+    void Save();
     // With the flag "D": removes the row of `Id`, also when items or estimates use it.
     void Delete();
     // The name of the row `Id`, also into `Name`; empty without such a row, and `Name` stays then.
