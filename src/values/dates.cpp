@@ -46,7 +46,7 @@ struct Number {
 
 struct Parts {
     std::vector<Number> numbers;
-    int month = 0;  // by name
+    Number month{};  // by name; 0 without one
 };
 
 // A piece of a style's pattern: a run of one sign, or what stands between quotes.
@@ -99,8 +99,8 @@ std::optional<Parts> cut(std::string_view text, const ShortDate& style) {
             std::from_chars(text.data(), text.data() + length, number.value);
             parts.numbers.push_back(number);
             separated = false;
-        } else if (const auto month = monthAt(text, style); month && parts.month == 0) {
-            parts.month = month->number;
+        } else if (const auto month = monthAt(text, style); month && parts.month.value == 0) {
+            parts.month.value = month->number;
             length = month->length;
             separated = false;
         } else if (const std::size_t literal = literalAt(text, style); literal != 0) {
@@ -159,12 +159,11 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
     if (!parts) return std::nullopt;
     const std::vector<Number>& numbers = parts->numbers;
 
-    if (parts->month != 0 && numbers.size() == 2) {
-        const Number month{parts->month, 1};
-        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], month, numbers[1]);
-        return checked(numbers[1], month, numbers[0]);
+    if (numbers.size() == 2) {
+        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], parts->month, numbers[1]);
+        return checked(numbers[1], parts->month, numbers[0]);
     }
-    if (parts->month != 0 || numbers.size() != 3) return std::nullopt;
+    if (parts->month.value != 0 || numbers.size() != 3) return std::nullopt;
     if (numbers[0].canOnlyBeYear()) return checked(numbers[0], numbers[1], numbers[2]);
     if (const auto date = checked(numbers[2], numbers[0], numbers[1])) return date;
     return checked(numbers[2], numbers[1], numbers[0]);
@@ -173,7 +172,7 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
 std::optional<Date> readTypedDate(std::string_view text, const ShortDate& style) {
     const auto parts = cut(text, style);
     const std::string typed = order(style);
-    if (parts && parts->month == 0 && parts->numbers.size() == 3 && typed.size() == 3) {
+    if (parts && parts->month.value == 0 && parts->numbers.size() == 3 && typed.size() == 3) {
         const auto number = [&](char part) { return parts->numbers[typed.find(part)]; };
         if (const auto date = checked(number('y'), number('M'), number('d'))) return date;
     }

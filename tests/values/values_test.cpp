@@ -48,7 +48,7 @@ TEST(Numbers, StrictReading) {
         {"32767.5", "32767.5", "fails 6", "32768"},
         {"-32768.5", "-32768.5", "-32768", "-32768"},
         {"2147483647.5", "2147483647.5", "fails 6", "fails 6"},
-        {"-2147483648", "-2147483648", "fails 6", "-2147483648"},
+        {"2147483647", "2147483647", "fails 6", "2147483647"},
         {"-1e999", "fails 6", "fails 6", "fails 6"},
     };
     for (const auto& [number, asDouble, asInt16, asInt32] : rows) {
@@ -66,14 +66,14 @@ TEST(Numbers, StrictReading) {
 
 TEST(Numbers, NarrowingRefusesWhatDoesNotFit) {
     for (const double value :
-         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 3.4028236e38}) {
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 0x1.ffffffp127}) {
         EXPECT_EQ(outcome([&] { return narrowToInt16(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToSingle(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToCurrency(value); }), "fails 6");
     }
     EXPECT_EQ(narrowToSingle(3.4028235e38), std::numeric_limits<float>::max());
     EXPECT_EQ(outcome([] { return narrowToCurrency(922337203685478.0); }), "fails 6");
-    EXPECT_EQ(narrowToCurrency(-922337203685477.5), -922337203685477.5);
+    EXPECT_EQ(narrowToCurrency(-922337203685477.5807), -922337203685477.5807);
 }
 
 TEST(Numbers, WrittenAsTheyAreShown) {
@@ -89,7 +89,7 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         EXPECT_EQ(generalText(static_cast<float>(value)), textOfFloat);
     }
     const std::tuple<double, int, double, const char*> fixed[] = {
-        {2.675, 2, 2.67, "2.68"},       {-2.5, 0, -2, "-2"},
+        {9.995, 2, 9.99, "10.00"},      {-2.5, 0, -2, "-2"},
         {-0.001, 2, 0, "0.00"},         {5e-324, 2, 0, "0.00"},
         {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
         {0.0009, 2, 0, "0.00"},
@@ -121,7 +121,7 @@ TEST(Dates, Reading) {
         {"31/1/30", "1930-01-31"},
         {"2/29/2000", "2000-02-29"},
         {"JULY 4, 2003", "2003-07-04"},
-        {"4-Jul-03", "2003-07-04"},
+        {"4-Jan-03", "2003-01-04"},
         {"2003 Juni 4", "2003-06-04"},
         {"4 Mär 2003 J.", "2003-03-04"},
     };
