@@ -89,10 +89,14 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         EXPECT_EQ(generalText(static_cast<float>(value)), textOfFloat);
     }
     const std::tuple<double, int, double, const char*> fixed[] = {
-        {9.995, 2, 9.99, "10.00"},      {-2.5, 0, -2, "-2"},
-        {-0.001, 2, 0, "0.00"},         {5e-324, 2, 0, "0.00"},
-        {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
+        {9.995, 2, 9.99, "10.00"},
+        {-2.5, 0, -2, "-2"},
+        {-0.001, 2, 0, "0.00"},
+        {5e-324, 2, 0, "0.00"},
+        {1234567890123.5, 2, 1234567890123.5, "1234567890123.50"},
+        {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
         {0.0009, 2, 0, "0.00"},
+        {0.25, 1, 0.2, "0.2"},
     };
     for (const auto& [value, places, rounded, text] : fixed) {
         EXPECT_EQ(roundHalfEven(value, places), rounded) << value;
