@@ -209,10 +209,8 @@ struct List : DataClass {
 
 TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
     List list(access);
-    long pages = 0;
-    const auto page = [&](long n = 1) {
-        return dump(*list.readPageOrAll("select * from Rooms", n, pages, "Name", "A"));
-    };
+    long all = 0;
+    const auto page = [&](long n = 1) { return dump(*list.readPageOrAll("select * from Rooms", n, all, "Name", "A")); };
     for (int reading = 0; reading < 3; ++reading) EXPECT_EQ(page(), "2|Attic;1|Kitchen;");
     connection.execute("update Rooms set Name = 'Loft' where Id = 2");
     EXPECT_EQ(page(), "1|Kitchen;2|Loft;");
