@@ -24,7 +24,7 @@ Box& Box::operator=(Raised result) {
     *this = result.value;
     const double written = *this;
     const double whole = std::floor(written);
-    if (whole < written) *this = whole + std::ceil((written - whole) * result.parts) / result.parts;
+    *this = whole + std::ceil((written - whole) * result.parts) / result.parts;
     return *this;
 }
 

@@ -154,10 +154,11 @@ void ScientificMachine::Command4() {
 }
 
 void ScientificMachine::Command11() {
-    std::size_t end = Text1.size();
+    std::string shorter = Text1;
     // A character may be typed that takes several bytes: all but its first begin with the bits 10.
-    while (end > 1 && (static_cast<unsigned char>(Text1[end - 1]) & 0xC0U) == 0x80U) --end;
-    setText1(Text1.substr(0, end == 0 ? 0 : end - 1));
+    while (!shorter.empty() && (static_cast<unsigned char>(shorter.back()) & 0xC0U) == 0x80U) shorter.pop_back();
+    if (!shorter.empty()) shorter.pop_back();
+    setText1(shorter);
 }
 
 // --- Functions of the number on display ------------------------------------------------------------------------------
@@ -294,8 +295,9 @@ double ScientificMachine::power(const double& x, std::int32_t& n) {
 }
 
 std::int32_t ScientificMachine::fact(std::int32_t& n) {
-    if (n < 1 || n > largestFactorial) {
-        say(n < 1 ? "ILLEGAL  NEAGETIVE  FACTORIAL" : "VALUE TOO LARGE");
+    const bool tooLarge = n > largestFactorial;
+    if (n < 1 || tooLarge) {
+        say(tooLarge ? "VALUE TOO LARGE" : "ILLEGAL  NEAGETIVE  FACTORIAL");
         return n;
     }
     std::int32_t product = 1;
@@ -354,7 +356,6 @@ void ScientificMachine::select(std::size_t start, std::size_t length) {
 }
 
 void ScientificMachine::ecopy() {
-    desk_.clearClipboard();
     desk_.setClipboard(std::string_view(Text1).substr(selectionStart_, selectionLength_));
 }
 
@@ -366,12 +367,10 @@ void ScientificMachine::ecut() {
 }
 
 void ScientificMachine::epaste() {
-    setText1("");
     setText1(desk_.clipboard());
 }
 
 void ScientificMachine::eselectall() {
-    desk_.clearClipboard();
     desk_.setClipboard(Text1);
 }
 

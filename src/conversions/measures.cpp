@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <locale>
 #include <numeric>
 #include <span>
 #include <utility>
@@ -24,7 +25,7 @@ constexpr std::pair<std::string_view, std::string_view> plainSigns[] = {
 std::string plain(std::string_view text) {
     std::string result(text);
     for (const auto& [sign, meaning] : plainSigns)
-        for (auto at = result.find(sign); at != std::string::npos; at = result.find(sign, at + meaning.size()))
+        for (auto at = result.find(sign); at != std::string::npos; at = result.find(sign))
             result.replace(at, sign.size(), meaning);
     return result;
 }
@@ -34,8 +35,8 @@ std::size_t digitsAt(std::string_view text, std::size_t at) {
     return static_cast<std::size_t>(end - text.begin()) - at;
 }
 
-constexpr bool isLetter(char c) {
-    return lower(c) >= 'a' && lower(c) <= 'z';
+bool isLetter(char c) {
+    return std::isalpha(c, std::locale::classic());
 }
 
 // What stands before the word that a text closes with; nothing where it does not. Case does not count, nor do blanks
@@ -146,9 +147,9 @@ public:
 
 private:
     std::optional<double> over(double top) {
-        const auto bottom = number();
-        if (!bottom || *bottom == 0) return std::nullopt;
-        return top / *bottom;
+        const double bottom = number().value_or(0);
+        if (bottom == 0) return std::nullopt;
+        return top / bottom;
     }
 
     const std::string text_;
@@ -181,13 +182,14 @@ std::optional<double> readFeetInches(std::string_view text, bool bare) {
 std::string writeFeetInches(double inches, int denominator) {
     constexpr double tooMany = 1e15;
     if (!(std::abs(inches) < tooMany)) return {};
-    const auto parts = static_cast<long long>(std::nearbyint(std::abs(inches) * denominator));
+    const auto rounded = static_cast<long long>(std::nearbyint(inches * denominator));
+    const long long parts = std::abs(rounded);
     const long long perFoot = 12LL * denominator;
     const long long whole = parts % perFoot / denominator;
     const long long top = parts % denominator;
     const long long common = std::gcd(top, static_cast<long long>(denominator));
 
-    std::string text = inches < 0 && parts > 0 ? "-" : "";
+    std::string text = rounded < 0 ? "-" : "";
     if (parts >= perFoot) text += std::to_string(parts / perFoot) + "' ";
     if (whole > 0 || top == 0) text += std::to_string(whole);
     if (whole > 0 && top > 0) text += ' ';
@@ -201,13 +203,12 @@ std::optional<double> readRatio(std::string_view text) {
     const double sign = reader.takeSign();
     const auto first = reader.number();
     const bool pair = reader.takeAny(to);
-    const auto run = pair ? reader.quantity() : first;
-    if (!first || !run || *run == 0 || !reader.atEnd()) return std::nullopt;
-    return sign * (pair ? *first : 1) / *run;
+    const double run = (pair ? reader.quantity() : first).value_or(0);
+    if (!first || run == 0 || !reader.atEnd()) return std::nullopt;
+    return sign * (pair ? *first : 1) / run;
 }
 
 std::string writeRatio(double slope) {
-    if (slope == 0) return {};
     const std::string run = writeNumber(1 / std::abs(slope));
     return run.empty() ? run : (slope < 0 ? "-1:" : "1:") + run;
 }
@@ -229,7 +230,7 @@ std::optional<Piece> readPiece(std::string_view text) {
 
 std::string writePiece(double boardFeet, const Piece& like) {
     const double perFoot = Piece{like.thickness, like.width, 1}.boardFeet();
-    if (!(perFoot > 0) || boardFeet < 0) return {};
+    if (boardFeet < 0) return {};
     const std::string length = writeNumber(boardFeet / perFoot);
     return length.empty() ? length : writeNumber(like.thickness) + " x " + writeNumber(like.width) + " x " + length;
 }

@@ -174,10 +174,11 @@ constexpr Category all[] = {
     {"Slope", slopes, 0, 2},    {"Board feet", lumber, 1, 0},
 };
 
-// A number with one of the unit's words behind it, its name for many and for one among them. What may be a fraction without the word is
-// none with it: 6/12 is a rise of 6 in 12.
+// A number with one of the unit's words behind it, its name for many and for one among them. What may be a fraction
+// without the word is none with it: 6/12 is a rise of 6 in 12.
 std::optional<double> readWithWord(std::string_view text, const Unit& unit) {
-    const std::string_view one = unit.name.substr(0, unit.name.size() - (unit.name.ends_with('s') ? 1 : 0));
+    std::string_view one = unit.name;
+    if (one.ends_with('s')) one.remove_suffix(1);
     for (const std::string_view name : {unit.name, one})
         if (const auto value = readNumber(text, name)) return value;
     for (std::string_view words = unit.words; !words.empty();) {

@@ -1,7 +1,6 @@
 #include "datastore/data_class.h"
 
 #include <algorithm>
-#include <limits>
 #include <ranges>
 
 #include "datastore/statement.h"
@@ -53,18 +52,16 @@ RowArray DataClass::keptPage(std::size_t first) {
 
 ListRows DataClass::readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,
                              std::string_view AscOrDesc) {
-    constexpr long farthest = std::numeric_limits<long>::max() / std::numeric_limits<std::int16_t>::max();
-    const std::int64_t first = (std::clamp(Page, 1L, farthest) - 1) * positionedBy_;
-    const int size = std::max<int>(PageSize, 0);
+    const long first = (std::max(Page, 1L) - 1) * positionedBy_;
     const std::string ordered = inOrder(statement, FldName, AscOrDesc);
-    const bool again = size > 0 && isKept(ordered);
-    RowArray rows =
-        again ? keptPage(static_cast<std::size_t>(first)) : query(joined(ordered, " limit ", size, " offset ", first));
+    const bool again = isKept(ordered);
+    RowArray rows = again ? keptPage(static_cast<std::size_t>(first))
+                          : query(joined(ordered, " limit ", PageSize, " offset ", first));
     const double count = again ? static_cast<double>(kept_.keys.size())
                                : toDouble(query(joined("select count(*) from (", statement, ")"))(0, 0));
     if (count == 0) return std::nullopt;
     if (Page < 1 || PageSize < 1) fail(Failure::InvalidCall);
-    if (!again) kept_ = {ordered, rows.name(0), connection_.writes(), {}};
+    if (!again) kept_ = {ordered, rows.keyName(), connection_.writes(), {}};
     positionedBy_ = PageSize;
     PageCount = pagesOf(static_cast<long>(count), PageSize);
     RecordCount = narrowToInt16(count);

@@ -23,14 +23,11 @@ namespace {
     throw RuntimeFailure(SQLITE_ERROR, why, std::string(statement));
 }
 
-// The length of the quoted piece that `text` begins with, its doubled quotes included; all of it when none ends it.
+// The length of the quoted piece that `text` begins with; all of it when nothing ends it. A piece with a doubled quote
+// counts as two, which stand as they are like the one.
 std::size_t quotedLength(std::string_view text) {
-    const char close = text.front() == '[' ? ']' : text.front();
-    for (std::size_t end = text.find(close, 1); end != std::string_view::npos; end = text.find(close, end + 2)) {
-        const bool doubled = close != ']' && end + 1 < text.size() && text[end + 1] == close;
-        if (!doubled) return end + 1;
-    }
-    return text.size();
+    const std::size_t end = text.find(text.front() == '[' ? ']' : text.front(), 1);
+    return end == std::string_view::npos ? text.size() : end + 1;
 }
 
 }  // namespace

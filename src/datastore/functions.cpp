@@ -21,11 +21,6 @@ std::string_view textOfArgument(sqlite3_value* argument) {
     return {text, static_cast<std::size_t>(sqlite3_value_bytes(argument))};
 }
 
-bool isNumber(sqlite3_value* argument) {
-    const int type = sqlite3_value_type(argument);
-    return type == SQLITE_INTEGER || type == SQLITE_FLOAT;
-}
-
 // The functions stand between two C callers: no failure may leave them as an exception.
 template <typename Work>
 void guarded(sqlite3_context* context, Work work) {
@@ -38,24 +33,18 @@ void guarded(sqlite3_context* context, Work work) {
     }
 }
 
-// A number stays, Null gives Null, a text is read by `read`.
+// Null gives Null, a text is read by `read`.
 template <double (*read)(std::string_view)>
 void numberOf(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_value* argument = arguments[0];
     guarded(context, [&] {
         if (sqlite3_value_type(argument) == SQLITE_NULL) return sqlite3_result_null(context);
-        sqlite3_result_double(context,
-                              isNumber(argument) ? sqlite3_value_double(argument) : read(textOfArgument(argument)));
+        sqlite3_result_double(context, read(textOfArgument(argument)));
     });
 }
 
 void isNumericText(sqlite3_context* context, int, sqlite3_value** arguments) {
-    sqlite3_value* argument = arguments[0];
-    guarded(context, [&] {
-        const bool number =
-            isNumber(argument) || (sqlite3_value_type(argument) != SQLITE_NULL && isNumeric(textOfArgument(argument)));
-        sqlite3_result_int(context, number ? 1 : 0);
-    });
+    guarded(context, [&] { sqlite3_result_int(context, isNumeric(textOfArgument(arguments[0])) ? 1 : 0); });
 }
 
 void isLike(sqlite3_context* context, int, sqlite3_value** arguments) {

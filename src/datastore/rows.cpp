@@ -6,11 +6,6 @@
 
 namespace torvane {
 
-const std::string& RowArray::name(int column) const {
-    if (column < 0 || column >= columns()) fail(Failure::Subscript);
-    return names_[static_cast<std::size_t>(column)];
-}
-
 int RowArray::column(std::string_view name) const {
     const auto found = std::ranges::find_if(
         names_, [&](const auto& known) { return known.size() == name.size() && beginsWith(known, name); });

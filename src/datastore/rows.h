@@ -29,8 +29,8 @@ public:
     // By the column's name, without regard to case; Failure::InvalidCall when no column bears it. A name that several
     // columns of the statement bear is qualified as table.column.
     const Value& operator()(std::string_view column, int row) const;
-    // The column's name; Failure::Subscript outside the array.
-    const std::string& name(int column) const;
+    // The name of the first column, which the rows of a list are known by.
+    const std::string& keyName() const { return names_.front(); }
     // The number of the column of that name, or -1.
     int column(std::string_view name) const;
 

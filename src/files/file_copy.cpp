@@ -47,16 +47,12 @@ void FileSystem::setPermissions(int file, const std::string& target, const std::
 }
 
 long FileSystem::read(int file, char* bytes, std::size_t count) {
-    long got = -1;
-    do got = ::read(file, bytes, count);
-    while (got < 0 && errno == EINTR);
-    return got;
+    return TEMP_FAILURE_RETRY(::read(file, bytes, count));
 }
 
 bool FileSystem::write(int file, const char* bytes, std::size_t count) {
     while (count > 0) {
-        const ssize_t written = ::write(file, bytes, count);
-        if (written < 0 && errno == EINTR) continue;
+        const ssize_t written = TEMP_FAILURE_RETRY(::write(file, bytes, count));
         if (written <= 0) return false;
         bytes += written;
         count -= static_cast<std::size_t>(written);

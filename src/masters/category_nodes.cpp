@@ -17,7 +17,8 @@ constexpr std::string_view marks[] = {"C", "C1_", "C2_"};
 }  // namespace
 
 CategoryNodes::CategoryNodes() {
-    add(-1, {"R", "Categories"}, {});
+    nodes_.push_back({"R", "Categories"});
+    insides_.emplace_back();
 }
 
 CategoryNodes::CategoryNodes(ListRows categories, ListRows items) : CategoryNodes() {
@@ -36,12 +37,10 @@ CategoryNodes::CategoryNodes(ListRows categories, ListRows items) : CategoryNode
 }
 
 void CategoryNodes::add(int parent, Node node, Inside inside) {
-    if (parent >= 0) {
-        std::vector<int>& siblings = insides_[static_cast<std::size_t>(parent)].children;
-        node.parent = parent;
-        node.place = static_cast<int>(siblings.size());
-        siblings.push_back(static_cast<int>(nodes_.size()));
-    }
+    std::vector<int>& siblings = insides_[static_cast<std::size_t>(parent)].children;
+    node.parent = parent;
+    node.place = static_cast<int>(siblings.size());
+    siblings.push_back(static_cast<int>(nodes_.size()));
     nodes_.push_back(std::move(node));
     insides_.push_back(std::move(inside));
 }

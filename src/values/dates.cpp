@@ -11,48 +11,42 @@ namespace torvane {
 
 namespace {
 
-// Bytes beyond ASCII count as letters: month names may hold any.
-bool isLetter(char c) {
-    return (lower(c) >= 'a' && lower(c) <= 'z') || !isAscii(c);
-}
-
 std::string padded(int number, std::size_t width) {
     std::string text = std::to_string(number);
-    return text.size() < width ? std::string(width - text.size(), '0') + text : text;
+    return text.insert(0, width - std::min(width, text.size()), '0');
 }
 
 struct Month {
-    int number = 0;
-    std::size_t length = 0;
+    int number;
+    std::size_t length;
 };
 
-// The longest month name that `text` begins with and that no further letter follows.
-Month monthAt(std::string_view text, const ShortDate& style) {
+// The longest month name that `text` begins with.
+std::optional<Month> monthAt(std::string_view text, const ShortDate& style) {
     static const ShortDate english;
-    Month found;
+    std::optional<Month> found;
     for (const auto* names :
          {&english.monthNames, &english.shortMonthNames, &style.monthNames, &style.shortMonthNames}) {
-        for (std::size_t i = 0; i < names->size(); ++i) {
-            const std::string& name = (*names)[i];
-            if (name.size() <= found.length || !beginsWith(text, name)) continue;
-            if (text.size() == name.size() || !isLetter(text[name.size()]))
-                found = {static_cast<int>(i) + 1, name.size()};
+        int number = 1;
+        for (const std::string& name : *names) {
+            if (beginsWith(text, name) && (!found || name.size() > found->length)) found = {number, name.size()};
+            ++number;
         }
     }
     return found;
 }
 
 struct Number {
-    int value = 0;
-    std::size_t digits = 0;
+    int value;
+    std::size_t digits;
 
-    bool canOnlyBeYear() const { return digits > 2 || value > 31; }
+    bool canOnlyBeYear() const { return value > 31; }
     int year() const { return digits > 2 ? value : value + (value < 30 ? 2000 : 1900); }
 };
 
 struct Parts {
     std::vector<Number> numbers;
-    int month = 0;  // by name
+    Number month{};  // by name; 0 without one
 };
 
 // A piece of a style's pattern: a run of one sign, or what stands between quotes.
@@ -105,9 +99,9 @@ std::optional<Parts> cut(std::string_view text, const ShortDate& style) {
             std::from_chars(text.data(), text.data() + length, number.value);
             parts.numbers.push_back(number);
             separated = false;
-        } else if (const Month month = monthAt(text, style); month.number != 0 && parts.month == 0) {
-            parts.month = month.number;
-            length = month.length;
+        } else if (const auto month = monthAt(text, style); month && parts.month.value == 0) {
+            parts.month.value = month->number;
+            length = month->length;
             separated = false;
         } else if (const std::size_t literal = literalAt(text, style); literal != 0) {
             length = literal;
@@ -121,40 +115,34 @@ std::optional<Parts> cut(std::string_view text, const ShortDate& style) {
 }
 
 std::optional<Date> checked(const Number& year, const Number& month, const Number& day) {
+    if (month.digits > 2 || day.digits > 2 || year.year() < 100) return std::nullopt;
     const Date date{year.year(), month.value, day.value};
-    if (month.digits > 2 || day.digits > 2 || !isValid(date)) return std::nullopt;
-    return date;
+    const bool inCalendar = (std::chrono::year{date.year} / date.month / date.day).ok();
+    return inCalendar ? std::optional(date) : std::nullopt;
 }
 
 // The parts of the style's pattern in their order, such as "Mdy".
 std::string order(const ShortDate& style) {
     std::string parts;
     for (const auto& [sign, run] : piecesOf(style.pattern))
-        if ((sign == 'd' || sign == 'M' || sign == 'y') && parts.find(sign) == std::string::npos) parts += sign;
+        if (sign == 'd' || sign == 'M' || sign == 'y') parts += sign;
     return parts;
 }
 
 }  // namespace
 
-bool isValid(const Date& date) {
-    // The calendar's own types keep one byte of a number. What is out of range stays so when it is clamped.
-    const int month = std::clamp(date.month, 0, 13);
-    const int day = std::clamp(date.day, 0, 32);
-    return date.year >= 100 && date.year <= 9999 && (std::chrono::year{date.year} / month / day).ok();
-}
-
 std::string shortDateText(const Date& date, const ShortDate& style) {
-    const auto month = static_cast<std::size_t>(std::clamp(date.month, 1, 12) - 1);
+    const auto month = static_cast<std::size_t>(date.month - 1);
     std::string text;
     for (const auto& [sign, run] : piecesOf(style.pattern)) {
         if (sign == 'd') {
-            text += padded(date.day, std::min<std::size_t>(run.size(), 2));
+            text += padded(date.day, run.size());
         } else if (sign == 'M' && run.size() > 2) {
             text += run.size() > 3 ? style.monthNames[month] : style.shortMonthNames[month];
         } else if (sign == 'M') {
             text += padded(date.month, run.size());
         } else if (sign == 'y') {
-            text += run.size() == 2 ? padded(date.year % 100, 2) : padded(date.year, 4);
+            text += padded(date.year, 4);
         } else {
             text += run;
         }
@@ -171,12 +159,11 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
     if (!parts) return std::nullopt;
     const std::vector<Number>& numbers = parts->numbers;
 
-    if (parts->month != 0 && numbers.size() == 2) {
-        const Number month{parts->month, 1};
-        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], month, numbers[1]);
-        return checked(numbers[1], month, numbers[0]);
+    if (numbers.size() == 2) {
+        if (numbers[0].canOnlyBeYear()) return checked(numbers[0], parts->month, numbers[1]);
+        return checked(numbers[1], parts->month, numbers[0]);
     }
-    if (parts->month != 0 || numbers.size() != 3) return std::nullopt;
+    if (parts->month.value != 0 || numbers.size() != 3) return std::nullopt;
     if (numbers[0].canOnlyBeYear()) return checked(numbers[0], numbers[1], numbers[2]);
     if (const auto date = checked(numbers[2], numbers[0], numbers[1])) return date;
     return checked(numbers[2], numbers[1], numbers[0]);
@@ -185,7 +172,7 @@ std::optional<Date> readDate(std::string_view text, const ShortDate& style) {
 std::optional<Date> readTypedDate(std::string_view text, const ShortDate& style) {
     const auto parts = cut(text, style);
     const std::string typed = order(style);
-    if (parts && parts->month == 0 && parts->numbers.size() == 3 && typed.size() == 3) {
+    if (parts && parts->month.value == 0 && parts->numbers.size() == 3 && typed.size() == 3) {
         const auto number = [&](char part) { return parts->numbers[typed.find(part)]; };
         if (const auto date = checked(number('y'), number('M'), number('d'))) return date;
     }

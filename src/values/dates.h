@@ -17,10 +17,7 @@ struct Date {
     auto operator<=>(const Date&) const = default;  // NOLINT(modernize-use-nullptr): the 0 is the compiler's own
 };
 
-// Whether the calendar has the day, in the years 100 to 9999.
-bool isValid(const Date& date);
-
-// How the machine writes a short date; the program is told once, at start. `pattern` uses d, dd, M, MM, MMM, MMMM, yy,
+// How the machine writes a short date; the program is told once, at start. `pattern` uses d, dd, M, MM, MMM, MMMM,
 // yyyy and literal signs ('quoted' where they are letters). The month names serve MMM and MMMM and the reading of
 // dates.
 struct ShortDate {
@@ -36,9 +33,9 @@ std::string shortDateText(const Date& date, const ShortDate& style);
 // ISO form, yyyy-mm-dd: the form in the database file.
 std::string isoText(const Date& date);
 
-// Reads a date as any machine may write it: slashes, dots, dashes or blanks between the parts, ISO order, month names
-// (English ones and those of `style`), years of two digits (00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999).
-// Where numbers leave a choice the month comes first. Nothing when the text is no date.
+// Reads a date of the years 100 to 9999 as any machine may write it: slashes, dots, dashes or blanks between the parts,
+// ISO order, month names (English ones and those of `style`), years of two digits (00 to 29 are 2000 to 2029, 30 to 99
+// are 1930 to 1999). Where numbers leave a choice the month comes first. Nothing when the text is no date.
 std::optional<Date> readDate(std::string_view text, const ShortDate& style = {});
 
 // The same for what a user types: three numbers are taken in the order of the style's pattern, where that gives a date.

@@ -3,7 +3,6 @@
 #include <unicode/casemap.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <new>
@@ -57,11 +56,6 @@ icu::UnicodeString baseLetters(std::string_view text) {
     return base;
 }
 
-// Whether the byte at that place is not the first one of its sign.
-bool isInsideSign(std::string_view text, std::size_t at) {
-    return at < text.size() && U8_IS_TRAIL(text[at]);
-}
-
 }  // namespace
 
 std::string withoutCase(std::string_view text) {
@@ -89,14 +83,13 @@ int compareWithoutCase(std::string_view a, std::string_view b) {
         if (!isAscii(a[at]) || !isAscii(b[at])) break;
         const char x = lower(a[at]);
         const char y = lower(b[at]);
-        if (x != y) return x < y ? -1 : 1;
+        if (x != y) return x - y;
     }
     if (at == a.size() && at == b.size()) return 0;
     // The beginning of a text comes before it; a mark behind it would still belong to its last letter.
     if (at == a.size() && isAscii(b[at])) return -1;
     if (at == b.size() && isAscii(a[at])) return 1;
-    while (at > 0 && (isInsideSign(a, at) || isInsideSign(b, at))) --at;
-    const int order = baseLetters(a.substr(at)).compareCodePointOrder(baseLetters(b.substr(at)));
+    const int order = baseLetters(a).compareCodePointOrder(baseLetters(b));
     return order != 0 ? order : withoutCase(a).compare(withoutCase(b));
 }
 

@@ -5,11 +5,9 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <locale>
 #include <optional>
 #include <sstream>
 #include <system_error>
-#include <utility>
 
 #include "values/failure.h"
 #include "values/letters.h"
@@ -71,7 +69,6 @@ NumberPrefix numberPrefix(std::string_view text) {
     if (error == std::errc::result_out_of_range) {
         // Too large and too small are the same to it. A stream fails for a number that is too large.
         std::istringstream stream{std::string(digits.data(), end)};
-        stream.imbue(std::locale::classic());
         if (!(stream >> value)) return {length, std::nullopt};
     }
     return {length, negative && value != 0 ? -value : value};
@@ -107,7 +104,7 @@ float narrowToSingle(double value) {
     // Half a step above the largest float: from here on the nearest one would be infinite.
     constexpr double beyond = 0x1.ffffffp127;
     if (!(std::abs(value) < beyond)) fail(Failure::Overflow);
-    return static_cast<float>(value) + 0.0F;  // the sum turns a minus zero into 0
+    return static_cast<float>(value);
 }
 
 std::int16_t narrowToInt16(double value) {
@@ -150,9 +147,9 @@ std::string fixedText(double value, int places) {
     std::from_chars(letter[1] == '-' ? letter + 1 : letter + 2, end, exponent);
 
     // As a whole number of `places` decimals: so many digits stay, the others decide the rounding.
-    int stay = exponent + 1 + places;
-    if (stay < 0) digits.insert(0, static_cast<std::size_t>(-std::exchange(stay, 0)), '0');
-    const auto length = static_cast<std::size_t>(stay);
+    const int stay = exponent + 1 + places;
+    digits.insert(0, static_cast<std::size_t>(std::max(-stay, 0)), '0');
+    const auto length = static_cast<std::size_t>(std::max(stay, 0));
     if (length < digits.size()) {
         const std::string dropped = digits.substr(length);
         const std::string half = '5' + std::string(dropped.size() - 1, '0');

@@ -61,14 +61,15 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"6,/,0,=,2,=", " 3"},
         {"7,-,7,=,=,5,+,1,=", " 6"},
         {"0,0,5,00", " 500"},
-        {"1.5,+,2.5,=", " 4"},
+        {"1.5,*,+,2.5,=", " 4"},
         {"1.5,AC,.5", " .5"},
         {"7,±,%,4,=", "-3"},
         {"'-2147483648,%,1,±,=", " 0"},
         {"2,xPOy,2.9,=", " 4"},
+        {"2,xPOy,.5,=", " 1"},
         {"1,±,xPOy,2147483644,=", " 1"},
         {"5,ncr,2,=", " 10"},
-        {"5,npr,2,=", " 20"},
+        {"1,npr,.5,=", " 1"},
         {"deg,30,sin", " .499770102643102"},
         {"rad,1,sin", " .841470984807897"},
         {"rad,deg,30,sin", " .500000000059208"},
@@ -76,12 +77,12 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"45,tan", " .999203990105043"},
         {"1,atan", " 45.0228246533569"},
         {"1000,log", " 3"},
-        {"10,ln", " 2.30258509299405"},
+        {".5,ln", "-.693147180559945"},
         {"699.9,e(x]", " 9.17715113695707E+303"},
         {"2.5,1/ X", " .5"},
         {"46299.9,X ²", " 2143690000"},
         {"2.25,Sq[x]", " 1.5"},
-        {"0,Sq[x]", " 0"},
+        {"0,tan,Sq[x]", " 0"},
         {"1289,X ³", " 2141700569"},
         {"12,n !", " 479001600"},
         {"1,n !", " 1"},
@@ -94,7 +95,7 @@ TEST_F(ScientificTest, KeysToDisplay) {
         {"8,M +,MC,MR", " 0"},
         {"8,M +,AC,MR", " 0"},
         {"View,copy", " 0"},
-        {"3,push,4,push,5,push,View,View,View,View,copy", " 34"},
+        {"View,3,push,4,push,5,push,View,View,View,View,copy", " 34"},
         {"3,push,View,AC,del,View", " 0"},
         {"3,push,AC,5,push,View,View,copy", " 5"},
         {"3,push,C,del,copy", " 3"},
@@ -140,12 +141,12 @@ TEST_F(ScientificTest, RefusesWhatItCantCompute) {
 TEST_F(ScientificTest, EachKeyPressCountsOnceAndStillReachesTheFocus) {
     Calculator calculator(store);
     QWidget& window = calculator.form.window();
-    EXPECT_EQ(QApplication::focusWidget()->objectName(), "Command2_4");
+    EXPECT_EQ(utf8(QApplication::focusWidget()->objectName()) + calculator.label("Label2"), "Command2_40.");
     // What has the focus, what is typed, and then the display and the beeps.
     const std::tuple<const char*, const char*, const char*, int> steps[] = {
         {"Command2_4", "12.5", " 12.5", 4}, {"Command2_4", "*2x,%", " 2", 2}, {"Command2_4", "\r", " 25", 0},
         {"Command1_7", "3 ", " 37", 1},     {"Option2_0", "4", " 374", 1},    {"Command2_4", "D", " 0", 1},
-        {"Command2_4", "5+3c4=", " 4", 7},  {"Text1", "7", " 77", 1},         {"Text1", "c", " 0c", 2},
+        {"Command2_4", "5+c4+3=", " 7", 8}, {"Text1", "7", " 77", 1},         {"Text1", "c", " 0c", 2},
     };
     for (const auto& [focus, typed, display, beeps] : steps) {
         SCOPED_TRACE(typed);
@@ -176,11 +177,16 @@ TEST_F(ScientificTest, EditEntriesAnswerTheirShortcutsInTheDisplay) {
     display.setSelection(0, 1);
     key(find<QWidget>(calculator.form, "Command1_1"), Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(clipboard() + calculator.label("Label2"), "23") << "2 is cut, 3 stays";
+    key(find<QWidget>(calculator.form, "Command1_1"), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), "") << "nothing is selected any more";
+    key(find<QWidget>(calculator.form, "Command1_1"), Qt::Key_7, Qt::AltModifier);
     EXPECT_EQ(calculator.host.beeps, 0);
     calculator.press("push,View");
     EXPECT_EQ(calculator.label("Label1"), " 3");
     calculator.press("AC");
     EXPECT_EQ(clipboard(), "");
+    key(display, Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(calculator.failed, 91) << "there is no other calculator";
 }
 
 }  // namespace

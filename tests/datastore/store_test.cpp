@@ -51,7 +51,7 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
         {"delete from Rooms; delete from Units", SQLITE_ERROR, "text behind the statement"},
         {"delete from Rooms where Name = 'a'-- '", SQLITE_ERROR, "a remark in the statement"},
         {"delete from Rooms /* all */", SQLITE_ERROR, "a remark in the statement"},
-        {"delete from OrderInfo where OrderDate = #13/13/2003#", SQLITE_ERROR, "not a date"},
+        {"delete from OrderInfo where OrderDate = ##", SQLITE_ERROR, "not a date"},
         {"delete from OrderInfo where OrderDate = #7/4/2003", SQLITE_ERROR, "a date has no end"},
         {std::string("delete from Rooms\0 where Id = 7", 31), SQLITE_ERROR, "a statement holds no zero byte"},
         {"update Rooms set Name = \"Kitchen2\"", SQLITE_ERROR, "no such column"},
@@ -132,7 +132,8 @@ TEST_F(StoreTest, WhatStatementsFind) {
     folder.execute(
         "insert into Rooms (Id, Name) values (3, 'École'), (4, 'Muñoz'), (5, 'Ärger'), (6, 'Zorn'), (7, 'ÉTAGE')");
     const std::pair<const char*, const char*> reads[] = {
-        {"select OrderNo from OrderInfo where OrderDate>#13.5.03# and OrderDate <= # 4 July 2003 #", "1;"},
+        {"select OrderNo from OrderInfo where '' <> '''' and OrderDate>#13.5.03# and OrderDate <= # 4 July 2003 #",
+         "1;"},
         {"select Id as \"#;\", Id as [x--], Id as `;`, 'it''s -- ; /* # */', 3-'1'/2 from Rooms where Id = 1 ; \r\n",
          "1|1|1|it's -- ; /* # */|3;"},
         {"select Id from Rooms where Name like 'école%' or Name like '%MUÑ%' or Name = 'ÄRGER'", "3;4;5;"},
@@ -208,8 +209,8 @@ struct List : DataClass {
 
 TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
     List list(access);
-    long pages = 0;
-    const auto page = [&] { return dump(*list.readPageOrAll("Select Id,Name from Rooms", 1, pages, "Name", "A")); };
+    long all = 0;
+    const auto page = [&](long n = 1) { return dump(*list.readPageOrAll("select * from Rooms", n, all, "Name", "A")); };
     for (int reading = 0; reading < 3; ++reading) EXPECT_EQ(page(), "2|Attic;1|Kitchen;");
     connection.execute("update Rooms set Name = 'Loft' where Id = 2");
     EXPECT_EQ(page(), "1|Kitchen;2|Loft;");
@@ -217,6 +218,10 @@ TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
         addRoom();
         EXPECT_EQ(page(), "3|Hall;1|Kitchen;2|Loft;");
     });
+    EXPECT_EQ(numberOf([&] { page(0); }), 5);
+    list.PageSize = 1;
+    EXPECT_EQ(page(), "3|Hall;");
+    EXPECT_EQ(page(2), "1|Kitchen;");
 }
 
 }  // namespace

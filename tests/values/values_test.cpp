@@ -48,7 +48,7 @@ TEST(Numbers, StrictReading) {
         {"32767.5", "32767.5", "fails 6", "32768"},
         {"-32768.5", "-32768.5", "-32768", "-32768"},
         {"2147483647.5", "2147483647.5", "fails 6", "fails 6"},
-        {"-2147483648", "-2147483648", "fails 6", "-2147483648"},
+        {"2147483647", "2147483647", "fails 6", "2147483647"},
         {"-1e999", "fails 6", "fails 6", "fails 6"},
     };
     for (const auto& [number, asDouble, asInt16, asInt32] : rows) {
@@ -66,14 +66,14 @@ TEST(Numbers, StrictReading) {
 
 TEST(Numbers, NarrowingRefusesWhatDoesNotFit) {
     for (const double value :
-         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 3.4028236e38}) {
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 0x1.ffffffp127}) {
         EXPECT_EQ(outcome([&] { return narrowToInt16(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToSingle(value); }), "fails 6");
         EXPECT_EQ(outcome([&] { return narrowToCurrency(value); }), "fails 6");
     }
     EXPECT_EQ(narrowToSingle(3.4028235e38), std::numeric_limits<float>::max());
     EXPECT_EQ(outcome([] { return narrowToCurrency(922337203685478.0); }), "fails 6");
-    EXPECT_EQ(narrowToCurrency(-922337203685477.5), -922337203685477.5);
+    EXPECT_EQ(narrowToCurrency(-922337203685477.5807), -922337203685477.5807);
 }
 
 TEST(Numbers, WrittenAsTheyAreShown) {
@@ -89,10 +89,13 @@ TEST(Numbers, WrittenAsTheyAreShown) {
         EXPECT_EQ(generalText(static_cast<float>(value)), textOfFloat);
     }
     const std::tuple<double, int, double, const char*> fixed[] = {
-        {2.675, 2, 2.67, "2.68"},       {-2.5, 0, -2, "-2"},
-        {-0.001, 2, 0, "0.00"},         {5e-324, 2, 0, "0.00"},
-        {1234.5, 2, 1234.5, "1234.50"}, {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
+        {9.995, 2, 9.99, "10.00"},
+        {-2.5, 0, -2, "-2"},
+        {-0.001, 2, 0, "0.00"},
+        {1234567890123.5, 2, 1234567890123.5, "1234567890123.50"},
+        {3.4e25, 2, 3.4e25, "34000000000000000000000000.00"},
         {0.0009, 2, 0, "0.00"},
+        {0.25, 1, 0.2, "0.2"},
     };
     for (const auto& [value, places, rounded, text] : fixed) {
         EXPECT_EQ(roundHalfEven(value, places), rounded) << value;
@@ -113,29 +116,28 @@ TEST(Dates, Reading) {
         {" 7 / 4 / 2003 ", "2003-07-04", "2003-04-07"},
         {"04. 07. 2003.", "2003-04-07", "2003-07-04"},
         {"7.13.2003", "2003-07-13"},
-        {"13/5/2003 J.", "2003-05-13"},
+        {"13/5/J. 2003", "2003-05-13"},
         {"2003-07-04", "2003-07-04"},
-        {"99-12-31", "1999-12-31"},
-        {"1/1/0100", "0100-01-01"},
+        {"32-12-31", "1932-12-31"},
+        {"1/1/100", "0100-01-01"},
         {"1/1/29", "2029-01-01"},
-        {"1/1/30", "1930-01-01"},
-        {"31/1/31", "1931-01-31"},
+        {"31/1/30", "1930-01-31"},
         {"2/29/2000", "2000-02-29"},
         {"JULY 4, 2003", "2003-07-04"},
-        {"4-Jul-03", "2003-07-04"},
-        {"2003 Jul 4", "2003-07-04"},
-        {"4 März 2003 J.", "2003-03-04"},
+        {"4-Jan-03", "2003-01-04"},
+        {"2003 Juni 4", "2003-06-04"},
+        {"4 Mär 2003 J.", "2003-03-04"},
     };
     ShortDate german;
-    german.pattern = "d. MMMM yyyy 'J.'";
-    german.monthNames[2] = german.shortMonthNames[2] = "März";
+    german.pattern = "d. MMMM yyyy 'J'.";
+    german.monthNames[5] = "Juni", german.shortMonthNames[2] = "Mär";
     const auto text = [](const std::optional<Date>& date) { return date ? isoText(*date) : "none"; };
     for (const auto& row : rows) {
         EXPECT_EQ(text(readDate(row.text, german)), row.iso) << row.text;
         EXPECT_EQ(text(readTypedDate(row.text, german)), row.typed ? row.typed : row.iso) << row.text;
     }
-    for (const char* none : {"2/29/1900", "4 Jula 2003", "4 Julz 2003", "July 2003", "July 4 July 2003", "7/4",
-                             "7//4/2003", "/7/4/2003", "7/4/2003/1", "13/13/2003", "0/4/2003", "7/4/20030", "7/4/02003",
+    for (const char* none : {"2/29/1900", "4 Jula 2003", "July 2003", "July 4 July 2003", "7/4", "7//4/2003",
+                             "/7/4/2003", "7/4/2003/1", "13/13/2003", "0/4/2003", "7/4/20030", "7/4/02003",
                              "7/004/2003", "004/7/2003", "2003-13-01", "1/1/0050", "today"}) {
         EXPECT_EQ(text(readDate(none, german)), "none") << none;
         EXPECT_EQ(text(readTypedDate(none, german)), "none") << none;
@@ -143,8 +145,8 @@ TEST(Dates, Reading) {
 }
 
 TEST(Dates, ShortText) {
-    for (const auto& [pattern, text] : {std::pair{"MM/dd/yy", "07/04/03"},
-                                        {"d'.' MMMM, yy 'year", "4. July, 03 year"},
+    for (const auto& [pattern, text] : {std::pair{"MM/dd/yyyy", "07/04/2003"},
+                                        {"d'.' MMMM, yyyy 'year", "4. July, 2003 year"},
                                         {"yyyy ''dd MMM", "2003 '04 Jul"}}) {
         ShortDate style;
         style.pattern = pattern;

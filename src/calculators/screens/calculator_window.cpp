@@ -117,7 +117,7 @@ void CalculatorWindow::Showframe() {
     Unloadall();
     setHelpContext(group_.helpContext);
     const auto index = static_cast<std::size_t>(Which - 1);
-    if (Which > 0 && index < group_.tabs.size()) openTab(group_.tabs[index]);
+    if (index < group_.tabs.size()) openTab(group_.tabs[index]);
 }
 
 void CalculatorWindow::Unloadall() {

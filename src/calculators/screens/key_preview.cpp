@@ -18,16 +18,12 @@ bool isCommand(const QKeyEvent& event) {
 
 KeyPreview::KeyPreview(QWidget& window, std::function<void(char)> pressed)
     : QObject(&window), window_(window), pressed_(std::move(pressed)) {
-    window.installEventFilter(this);
     for (QWidget* control : window.findChildren<QWidget*>()) control->installEventFilter(this);
 }
 
 bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched)) {
-        // It would keep the keys of the menu for itself.
-        event->ignore();
-        return true;
-    }
+    // A box would keep the keys of the menu for itself.
+    if (event->type() == QEvent::ShortcutOverride && qobject_cast<QLineEdit*>(watched)) return true;
     if (event->type() != QEvent::KeyPress || watched != firstReceiver()) return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     if (!isCommand(*key) && key->text().size() == 1) pressed_(key->text().at(0).toLatin1());
@@ -37,8 +33,7 @@ bool KeyPreview::eventFilter(QObject* watched, QEvent* event) {
 // A key that its control does not want goes on from parent to parent.
 const QObject* KeyPreview::firstReceiver() const {
     QWidget* focus = window_.focusWidget();
-    if (qobject_cast<QMenuBar*>(focus)) return nullptr;
-    return focus ? focus : &window_;
+    return qobject_cast<QMenuBar*>(focus) ? nullptr : focus;
 }
 
 }  // namespace torvane

@@ -236,7 +236,6 @@ QWidget* scientific::buildKeys() {
     grid->setColumnMinimumWidth(gapColumn, gap);
     // In a group the arrow keys go to the neighbours.
     keys_ = new QButtonGroup(frame);
-    keys_->setExclusive(false);
     for (const KeyPlace& place : keys) {
         auto* key = new ScientificKey(QString::fromUtf8(place.caption), frame);
         key->setObjectName(nameOf(place));
@@ -257,40 +256,26 @@ QWidget* scientific::buildKeys() {
 }
 
 void scientific::buildMenus(QMenuBar& bar) {
-    struct Entry {
-        const char* menu;
-        const char* caption;
-        const char* name;
-        const char* shortcut;
-        std::function<void()> act;
+    const auto add = [this](QMenu* menu, const char* caption, const char* name, const char* shortcut, auto act) {
+        QAction* action = menu->addAction(QLatin1String(caption));
+        action->setObjectName(QLatin1String(name));
+        action->setShortcut(QKeySequence(QLatin1String(shortcut)));
+        on(*this, action, &QAction::triggered, act);
+        return action;
     };
-    const Entry entries[] = {
-        {"&Edit", "&Cut", "ecut", "Ctrl+X", [this] { machine_->ecut(); }},
-        {"&Edit", "C&opy", "ecopy", "Ctrl+C", [this] { machine_->ecopy(); }},
-        {"&Edit", "&Paste", "epaste", "Ctrl+V", [this] { machine_->epaste(); }},
-        {"&Edit", "Select &All", "eselectall", "Ctrl+A", [this] { machine_->eselectall(); }},
-        {"&Edit", "&Exit", "eexit", "", [this] { Unload(); }},
-        {"&Type", "S&tandard", "tstandard", "Ctrl+T", [this] { missingCalculator(); }},
-        {"&Type", "S&cieintific", "tscientific", "Ctrl+E",
-         [this] {
-             Show();
-             missingCalculator();
-         }},
-        {"&Help", "&Contents", "hcontents", "F1", [this] { program().help(helpContext()); }},
-        {"&Help", "&About", "habout", "", [this] { showAbout_(); }},
-    };
-    QMenu* menu = nullptr;
-    for (const Entry& entry : entries) {
-        const QString title = QLatin1String(entry.menu);
-        if (!menu || menu->title() != title) menu = bar.addMenu(title);
-        QAction* action = menu->addAction(QLatin1String(entry.caption));
-        action->setObjectName(QLatin1String(entry.name));
-        const QKeySequence shortcut(QLatin1String(entry.shortcut));
-        action->setShortcut(shortcut);
-        // Help has this key in every window; here it is only shown.
-        if (shortcut == QKeySequence(Qt::Key_F1)) action->setShortcutContext(Qt::WidgetShortcut);
-        on(*this, action, &QAction::triggered, entry.act);
-    }
+    QMenu* edit = bar.addMenu(QStringLiteral("&Edit"));
+    add(edit, "&Cut", "ecut", "Ctrl+X", [this] { machine_->ecut(); });
+    add(edit, "C&opy", "ecopy", "Ctrl+C", [this] { machine_->ecopy(); });
+    add(edit, "&Paste", "epaste", "Ctrl+V", [this] { machine_->epaste(); });
+    add(edit, "Select &All", "eselectall", "Ctrl+A", [this] { machine_->eselectall(); });
+    add(edit, "&Exit", "eexit", "", [this] { Unload(); });
+    QMenu* type = bar.addMenu(QStringLiteral("&Type"));
+    add(type, "S&tandard", "tstandard", "Ctrl+T", [this] { missingCalculator(); });
+    add(type, "S&cieintific", "tscientific", "Ctrl+E", [this] { Show(), missingCalculator(); });
+    QMenu* help = bar.addMenu(QStringLiteral("&Help"));
+    QAction* contents = add(help, "&Contents", "hcontents", "F1", [this] { program().help(helpContext()); });
+    contents->setShortcutContext(Qt::WidgetShortcut);  // it has this key in every window; here it is only shown
+    add(help, "&About", "habout", "", [this] { showAbout_(); });
 }
 
 void scientific::missingCalculator() {

@@ -7,7 +7,6 @@
 namespace torvane {
 
 ScientificKey::ScientificKey(const QString& caption, QWidget* parent) : QPushButton(caption, parent) {
-    setAutoDefault(true);  // Enter presses it
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(this, &QAbstractButton::clicked, this, &ScientificKey::light);
 }

@@ -59,7 +59,7 @@ void TabStrip::addTab(const QString& caption, const QString& toolTip) {
     setRole(*tab, QAccessible::PageTab);
     tab->setObjectName(QStringLiteral("TabStrip1_%1").arg(index + 1));
     tab->setText(caption);
-    tab->setAccessibleName(caption);
+    tab->setAccessibleName(tab->text());
     tab->setToolTip(toolTip);
     tab->setCheckable(true);
     tab->setChecked(index == 0);

@@ -79,7 +79,6 @@ void frmCustomer::cmdAdd_Click() {
 void frmCustomer::ListView1_DblClick() {
     if (Which != "S" || !list_.hasRows()) return record_.doubleClick();
     CmdSelect_Click();
-    Unload();
 }
 
 void frmCustomer::CmdSelect_Click() {

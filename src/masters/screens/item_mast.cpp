@@ -73,7 +73,6 @@ bool ItemMast::hasCategories() {
 void ItemMast::FillCatg() {
     clsCategory category(program().dataAccess());
     DropList& list = *ui().CmbCat;
-    list.Clear();
     const auto rows = category.GetComboCategories();
     if (!rows) return;
     std::vector<DropList::Entry> entries;
@@ -102,11 +101,8 @@ void ItemMast::FillData() {
     ui().TxtName->setText(Item().Itemname);
     clsCategory category(program().dataAccess());
     category.Catid = Item().CategoryId;
-    const std::string name = category.GetCatg();
-    if (hasCategories())
-        ui().CmbCat->selectItemData(Item().CategoryId);
-    else
-        ui().txtCatName->setText(name);
+    ui().txtCatName->setText(category.GetCatg());  // shown where there is no list
+    ui().CmbCat->selectItemData(Item().CategoryId);
     ui().cmbUnit->selectItemData(Item().UnitId);
     for (const ItemAmount& each : itemAmounts) (ui().*each.box)->setText(generalText(Item().*each.amount));
 }
