@@ -96,12 +96,10 @@ void frmHelp::Form_Load() {
     constexpr int pageMargin = 14;
     ui().Page->document()->setDocumentMargin(pageMargin);
     addSections(*ui().TreeContents->invisibleRootItem(), book_->contents());
-    for (int row = 0; row < ui().TreeContents->topLevelItemCount(); ++row)
-        ui().TreeContents->topLevelItem(row)->setExpanded(true);
+    ui().TreeContents->expandToDepth(0);
     search();
     const int contentsWidth = static_cast<int>(260 * fontScale(window()));
     ui().Splitter->setSizes({contentsWidth, window().width() - contentsWidth});
-    ui().Splitter->setStretchFactor(1, 1);
     ui().TabStrip1->tabBar()->setAccessibleName(QStringLiteral("Tabs"));  // it has no name but the tab's in front
     ui().cmdBack->setEnabled(false);
     ui().cmdForward->setEnabled(false);
