@@ -46,6 +46,10 @@ Assistant& Program::Merlin() const {
     return *merlin_;
 }
 
+void Program::setMerlin(std::unique_ptr<Assistant> assistant) {
+    merlin_ = std::move(assistant);
+}
+
 void Program::speakHelp(std::string_view text) {
     if (placing_.mainWindowHasGone()) return;
     Merlin().Show();
