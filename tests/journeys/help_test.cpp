@@ -29,13 +29,14 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(badControls(help), std::set<std::string>{});
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
+    auto& tree = find<QTreeWidget>(help, "TreeContents");
     EXPECT_TRUE(box.hasFocus());
     EXPECT_GT(found.count(), 100);
     type(box, "restore");
     key(box, Qt::Key_Return);
     EXPECT_EQ(page(), "backup.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdBack");
-    EXPECT_EQ(find<QTreeWidget>(help, "TreeContents").currentItem()->text(0), "Backup and restore");
+    EXPECT_EQ(tree.currentItem()->text(0), "Backup and restore");
     key(find<QWidget>(help, "Page"), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdForward");
@@ -48,13 +49,24 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     key(found, Qt::Key_Return);
     EXPECT_EQ(page(), "tab26.html");
     go(help, "cmdContents");
-    EXPECT_EQ(page(), "index.html");
+    std::string shown = page();
+    EXPECT_EQ(shown, "index.html");
+    for (QAbstractItemView* lines : std::initializer_list<QAbstractItemView*>{&tree, &found}) {
+        find<QTabWidget>(help, "TabStrip1").setCurrentWidget(lines->parentWidget());
+        lines->setCurrentIndex(lines->model()->index(2, 0));
+        const QPoint line = lines->viewport()->mapTo(&help, lines->visualRect(lines->currentIndex()).center());
+        QTest::mouseClick(help.windowHandle(), Qt::LeftButton, {}, line);
+        EXPECT_NE(page(), std::exchange(shown, page())) << "by a click";
+        key(*lines, Qt::Key_End);
+        key(*lines, Qt::Key_Return);
+        EXPECT_NE(page(), std::exchange(shown, page())) << "by keys";
+    }
     type(box, "qwxz gutter");
     EXPECT_EQ(utf8(found.item(0)->text()), "Nothing found. See the contents.");
     EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";
     EXPECT_TRUE(found.item(found.count() - 1)->text().contains("gutter")) << "and nothing else";
     key(box, Qt::Key_Return);
-    EXPECT_TRUE(find<QTreeWidget>(help, "TreeContents").hasFocus());
+    EXPECT_TRUE(tree.hasFocus());
     key(*QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(find<QWidget>(help, "Page").hasFocus());
     key(help, Qt::Key_Escape);

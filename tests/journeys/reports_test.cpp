@@ -204,7 +204,10 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(wheel(120), "Page 1 of 2, 100 %");
     EXPECT_EQ(wheel(120, Qt::ControlModifier), "Page 1 of 2, 125 %");
     EXPECT_EQ(wheel(-120, Qt::ControlModifier), "Page 1 of 2, 100 %");
+    go(report, "cmbZoom=50 %");
+    EXPECT_EQ(wheel(-120, Qt::ControlModifier), "Page 1 of 2, 50 %");
     go(report, "cmbZoom=200 %");
+    EXPECT_EQ(wheel(120, Qt::ControlModifier), "Page 1 of 2, 200 %");
     EXPECT_EQ(paper.width(), 2 * before);
     go(report, "cmbZoom=Fit to width");
     EXPECT_NEAR(paper.width(), scroll.viewport()->width() - 24, 9);

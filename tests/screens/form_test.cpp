@@ -57,9 +57,13 @@ TEST_F(FormTest, ModalWindowsOverEachOther) {
             EXPECT_EQ(list.first->Text(), "usable");
             click(*main.second);
             EXPECT_FALSE(main.second->hasFocus());
+            main.window().showMinimized();
             main.Show();
             click(*main.second);
-            EXPECT_TRUE(main.second->hasFocus());
+            EXPECT_TRUE(main.second->hasFocus() && !main.window().isMinimized());
+            top.showMinimized();
+            settle();
+            EXPECT_FALSE(top.isMinimized()) << "nothing would answer";
             closeBox(top);
             EXPECT_EQ(QApplication::activeModalWidget(), &entry.window());
             note("list closed");

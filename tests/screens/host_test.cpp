@@ -1,4 +1,5 @@
 #include <QDate>
+#include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -31,10 +32,13 @@ TEST_F(QtHostTest, BoxesAndTheirAnswers) {
                                                          {Buttons::YesNo, Qt::Key_N, Answer::No}};
     for (const auto& [buttons, pressed, answer] : rows) {
         SCOPED_TRACE(pressed);
-        whenModal([key = pressed](QWidget& top) {
+        whenModal([&form, key = pressed](QWidget& top) {
             auto& box = dynamic_cast<QMessageBox&>(top);
             EXPECT_EQ(utf8(box.windowTitle() + box.text()), "Title5 < 6 <b>&amp;</b>");
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.windowHandle()->transientParent(), form.window().windowHandle());
+            EXPECT_EQ(QRect(box.pos(), box.size()).center(), form.window().frameGeometry().center());
+            EXPECT_FALSE(box.windowFlags() & Qt::WindowMinimizeButtonHint) << "it would take all windows with it";
             key ? torvane::key(box, key, key == Qt::Key_N ? Qt::AltModifier : Qt::NoModifier) : closeBox(box);
         });
         EXPECT_EQ(machine.box("5 < 6 <b>&amp;</b>", "Title", buttons), answer);
@@ -81,7 +85,7 @@ TEST_F(QtHostTest, FileDialogsAskNothingOfTheirOwn) {
             EXPECT_EQ(utf8(name.text()), row.save ? "Larkfen.bak" : "");
             if (row.typed == "cancel") return dialog.reject();
             if (!row.typed.empty()) name.setText(qstring(row.typed));
-            key(name, Qt::Key_Return);
+            click(*find<QDialogButtonBox>(dialog, "buttonBox").buttons().constFirst());
         });
         EXPECT_EQ(row.save ? machine.askSaveName("Larkfen.bak", filter) : machine.askOpenName(filter), row.expected);
     }
