@@ -302,15 +302,17 @@ TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaksAndStopsIt) {
         EngineVoice::Commands commands{{"/nowhere/Speak.exe"}};
         for (const char* engine : row.engines) commands.append({"/bin/sh", "-c", scripts.at(engine), file});
         const bool hangs = row.engines.front() == std::string_view("hangs");
-        EngineVoice voice([&] { return commands; }, hangs ? 0 : 300);
+        auto voice = std::make_unique<EngineVoice>([&] { return commands; }, hangs ? 0 : 300);
         int ended = 0;
-        voice.say("a", [&] { ++ended; });
+        voice->say("a", [&] { ++ended; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return row.stop ? !log().empty() : ended == 1; }));
-        if (row.stop) (voice.*row.stop)();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return voice.findChildren<QProcess*>().isEmpty(); }));
+        if (row.stop) (voice.get()->*row.stop)();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return voice->findChildren<QProcess*>().isEmpty(); }));
         EXPECT_EQ(ended, row.stop ? 0 : 1) << "when it is stopped nobody asks any more: " << row.log;
-        voice.say("b", [&] { ++ended; });
+        voice->say("b", [&] { ++ended; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return log() == row.log && (row.stop || ended == 2); })) << log();
+        voice.reset();
+        EXPECT_EQ(log().ends_with("listens b; stopped; "), log().starts_with("listens"));
     }
 }
 

@@ -16,7 +16,6 @@ class FormWindow : public QWidget {
 public:
     explicit FormWindow(Form& form);
 
-    Program& program() const { return program_; }
     bool unloaded() const { return form_ == nullptr; }
     // See Form::auxiliary; true once unloaded.
     bool auxiliary() const;

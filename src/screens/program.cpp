@@ -15,10 +15,10 @@ Program::Program(DataAccess access, std::function<void(int)> leave)
 
 Program::~Program() {
     // Those that still wait for their deletion would look for the program.
-    std::vector<FormWindow*> ours;  // first all of them: a window may take others with it
+    std::vector<FormWindow*> left;  // first all of them: a window may take others with it
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* one = qobject_cast<FormWindow*>(window); one && &one->program() == this) ours.push_back(one);
-    for (FormWindow* window : ours) delete window;
+        if (auto* one = qobject_cast<FormWindow*>(window)) left.push_back(one);
+    for (FormWindow* window : left) delete window;
 }
 
 void Program::StartUp(Form& form) {

@@ -26,7 +26,7 @@ protected:
 
 private:
     class Nodes;  // which the view reads where they lie
-    Nodes* nodes_;
+    Nodes* nodes_ = nullptr;  // none before show
 };
 
 }  // namespace torvane
