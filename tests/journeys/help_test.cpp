@@ -29,14 +29,13 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(badControls(help), std::set<std::string>{});
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
-    auto& tree = find<QTreeWidget>(help, "TreeContents");
     EXPECT_TRUE(box.hasFocus());
     EXPECT_GT(found.count(), 100);
     type(box, "restore");
     key(box, Qt::Key_Return);
     EXPECT_EQ(page(), "backup.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdBack");
-    EXPECT_EQ(tree.currentItem()->text(0), "Backup and restore");
+    EXPECT_EQ(find<QTreeWidget>(help, "TreeContents").currentItem()->text(0), "Backup and restore");
     key(find<QWidget>(help, "Page"), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdForward");
@@ -57,7 +56,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";
     EXPECT_TRUE(found.item(found.count() - 1)->text().contains("gutter")) << "and nothing else";
     key(box, Qt::Key_Return);
-    EXPECT_TRUE(tree.hasFocus());
+    EXPECT_TRUE(find<QTreeWidget>(help, "TreeContents").hasFocus());
     key(*QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(find<QWidget>(help, "Page").hasFocus());
     key(help, Qt::Key_Escape);

@@ -245,8 +245,7 @@ TEST_F(KeyboardTest, CalculatorPanels) {
     EXPECT_EQ(visible(window, {"frmTab2", "frmTab4"}), "frmTab4");
     auto& third = *QAccessible::queryAccessibleInterface(&find<QWidget>(window, "TabStrip1_3"));
     third.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(third.state().selectable && third.state().selected && find<QWidget>(window, "frmTab3").isVisible())
-        << "for who can't see it";
+    EXPECT_TRUE(third.state().selectable && third.state().selected && find<QWidget>(window, "frmTab3").isVisible());
     EXPECT_EQ(host.started, Texts{data.path() + "/Convert.exe"}) << "by the menu only";
 }
 
