@@ -25,7 +25,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    class Nodes;  // which the view reads where they lie
+    class Nodes;              // which the view reads where they lie
     Nodes* nodes_ = nullptr;  // none before show
 };
 
