@@ -96,7 +96,9 @@ TEST(CharacterFile, IsWholeAndCanDoWhatTheProgramAsks) {
         {"size 40 60", "size 15 60", "line 2: \"15\" is no number from 16 to 512"},
         {"</g>", "</g><script/>", "line 5: \"script\" is no shape"},
         {"part red", "part box", "line 7: the name \"box\" is given twice"},
-        {"gone 0 -10 : red", "gone 0 -10 red", "line 11: a frame has a name, two numbers and parts"},
+        {"0 0 : box green", "0 0 box green", "line 10: a frame has a name, two numbers and parts"},
+        {"still 50 still 50", "still 50 still 19", "line 14: \"19\" is no number from 20 to 10000"},
+        {"end\n", "stop\n", "line 17: \"stop\" is no entry"},
         {"still 1000 still 100", "still 1000 still", "line 12: an animation has a name, and frames with times"},
         {": box green", ": box bax", "line 10: there is no part \"bax\""},
         {"animation Leaving : gone 50\n", "", "line 17: the animation Leaving is missing"},
@@ -300,15 +302,17 @@ TEST(EngineVoiceTest, TakesTheFirstEngineThatSpeaksAndStopsIt) {
         EngineVoice::Commands commands{{"/nowhere/Speak.exe"}};
         for (const char* engine : row.engines) commands.append({"/bin/sh", "-c", scripts.at(engine), file});
         const bool hangs = row.engines.front() == std::string_view("hangs");
-        EngineVoice voice([&] { return commands; }, hangs ? 0 : 300);
+        auto voice = std::make_unique<EngineVoice>([&] { return commands; }, hangs ? 0 : 300);
         int ended = 0;
-        voice.say("a", [&] { ++ended; });
+        voice->say("a", [&] { ++ended; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return row.stop ? !log().empty() : ended == 1; }));
-        if (row.stop) (voice.*row.stop)();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return voice.findChildren<QProcess*>().isEmpty(); }));
+        if (row.stop) (voice.get()->*row.stop)();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return voice->findChildren<QProcess*>().isEmpty(); }));
         EXPECT_EQ(ended, row.stop ? 0 : 1) << "when it is stopped nobody asks any more: " << row.log;
-        voice.say("b", [&] { ++ended; });
+        voice->say("b", [&] { ++ended; });
         EXPECT_TRUE(QTest::qWaitFor([&] { return log() == row.log && (row.stop || ended == 2); })) << log();
+        voice.reset();
+        EXPECT_EQ(log().ends_with("listens b; stopped; "), log().starts_with("listens"));
     }
 }
 

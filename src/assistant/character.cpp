@@ -25,6 +25,7 @@ namespace torvane {
 
 namespace {
 
+constexpr int leastSide = 16, mostSide = 512;  // pixels
 constexpr qint64 mostBytes = 1 << 20;
 constexpr std::size_t mostEntries = 500;
 constexpr std::array requiredAnimations{"Idle", "Speaking", "Arriving", "Leaving"};
@@ -67,13 +68,13 @@ private:
     bool entry(const QStringList& words) {
         const QString& kind = words[0];
         if (!begun_) {
-            if (words.size() != 2 || kind != "torvane-character" || words[1] != "1") fault("this is no character file");
+            if (words != QStringList{"torvane-character", "1"}) fault("this is no character file");
             begun_ = true;
         } else if (character_.size_.isEmpty() != (kind == "size")) {
             fault("the size stands once, and first");
         } else if (kind == "size") {
             if (words.size() != 3) fault("a size is two numbers");
-            character_.size_ = QSize(number(words[1], 16, 512), number(words[2], 16, 512));
+            character_.size_ = QSize(number(words[1], leastSide, mostSide), number(words[2], leastSide, mostSide));
         } else if (kind == "part") {
             if (words.size() != 2) fault("a part has a name");
             part_ = words[1];
@@ -82,7 +83,7 @@ private:
             frame(words);
         } else if (kind == "animation") {
             animation(words);
-        } else if (kind == "end" && words.size() == 1) {
+        } else if (words == QStringList{"end"}) {
             return true;
         } else {
             fault("\"" + kind + "\" is no entry");
@@ -99,8 +100,8 @@ private:
                                  "stroke-linejoin=\"round\">\n")
                                  .arg(size.width())
                                  .arg(size.height())
-                                 .arg(number(words[2], -512, 512))
-                                 .arg(number(words[3], -512, 512))
+                                 .arg(number(words[2], -mostSide, mostSide))
+                                 .arg(number(words[3], -mostSide, mostSide))
                                  .toUtf8();
         for (const QString& part : words.mid(5)) {
             drawing += find(parts_, part, "part");
@@ -124,13 +125,12 @@ private:
         const QByteArray& part = parts_.at(std::exchange(part_, {}));
         if (part.isEmpty()) fault("the part before is empty");
         QXmlStreamReader xml("<svg>" + part + "</svg>");
-        for (int depth = 0; !xml.atEnd();) {
-            const auto token = xml.readNext();
-            if (token == QXmlStreamReader::EndElement) --depth;
-            if (token != QXmlStreamReader::StartElement) continue;
+        xml.readNextStartElement();  // the one around them
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement) continue;
             const bool known =
                 std::ranges::any_of(shapes, [&](auto shape) { return xml.name() == QLatin1String(shape); });
-            if (++depth > 1 && !known) fault("\"" + xml.name().toString() + "\" is no shape");
+            if (!known) fault("\"" + xml.name().toString() + "\" is no shape");
         }
         if (xml.hasError()) fault("the part before is broken: " + xml.errorString());
     }

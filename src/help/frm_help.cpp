@@ -96,12 +96,10 @@ void frmHelp::Form_Load() {
     constexpr int pageMargin = 14;
     ui().Page->document()->setDocumentMargin(pageMargin);
     addSections(*ui().TreeContents->invisibleRootItem(), book_->contents());
-    for (int row = 0; row < ui().TreeContents->topLevelItemCount(); ++row)
-        ui().TreeContents->topLevelItem(row)->setExpanded(true);
+    ui().TreeContents->expandToDepth(0);
     search();
     const int contentsWidth = static_cast<int>(260 * fontScale(window()));
     ui().Splitter->setSizes({contentsWidth, window().width() - contentsWidth});
-    ui().Splitter->setStretchFactor(1, 1);
     ui().TabStrip1->tabBar()->setAccessibleName(QStringLiteral("Tabs"));  // it has no name but the tab's in front
     ui().cmdBack->setEnabled(false);
     ui().cmdForward->setEnabled(false);
@@ -133,20 +131,17 @@ void frmHelp::connectControls() {
     on(*this, ui().Page, &QTextBrowser::forwardAvailable, [this](bool there) { ui().cmdForward->setEnabled(there); });
     on(*this, ui().Page, &QTextBrowser::sourceChanged, [this](const QUrl& page) { markInContents(page); });
 
-    const auto openLine = [this](const QTreeWidgetItem* line) { turnTo(line->data(0, pageRole).toUrl()); };
-    on(*this, ui().TreeContents, &QTreeWidget::itemClicked, openLine);
-    on(*this, ui().TreeContents, &QTreeWidget::itemActivated, openLine);
-    const auto openFound = [this](const QListWidgetItem* found) {
-        const QUrl page = found->data(pageRole).toUrl();
+    const auto openLine = [this](const QModelIndex& line) {
+        const QUrl page = line.data(pageRole).toUrl();
         page.isEmpty() ? showContents() : turnTo(page);
     };
-    on(*this, ui().lstFound, &QListWidget::itemClicked, openFound);
-    on(*this, ui().lstFound, &QListWidget::itemActivated, openFound);
+    for (QAbstractItemView* lines : std::initializer_list<QAbstractItemView*>{ui().TreeContents, ui().lstFound}) {
+        on(*this, lines, &QAbstractItemView::clicked, openLine);
+        on(*this, lines, &QAbstractItemView::activated, openLine);
+    }
 
     on(*this, ui().txtSearch, &QLineEdit::textChanged, [this] { search(); });
-    on(*this, ui().txtSearch, &QLineEdit::returnPressed, [this, openFound] {
-        if (const QListWidgetItem* found = ui().lstFound->currentItem()) openFound(found);
-    });
+    on(*this, ui().txtSearch, &QLineEdit::returnPressed, [this, openLine] { openLine(ui().lstFound->currentIndex()); });
     auto* down = new QShortcut(Qt::Key_Down, ui().txtSearch, nullptr, nullptr, Qt::WidgetShortcut);
     on(*this, down, &QShortcut::activated, [this] { ui().lstFound->setFocus(); });
     // What is typed over a page or a list goes into the search.

@@ -80,7 +80,7 @@ HelpBook::HelpBook(const QString& file) : engine_(folder_.filePath(QStringLitera
     if (!QFileInfo(file).isFile()) fail(Failure::FileNotFound, utf8(file));
     engine_.setReadOnly(false);  // the collection in the temporary folder; a book is never written
     name_ = QHelpEngineCore::namespaceName(file);
-    if (!name_.isEmpty() && engine_.setupData() && engine_.registerDocumentation(file)) readProject();
+    if (engine_.setupData() && engine_.registerDocumentation(file)) readProject();
     // The engine holds its collection open; without a name it goes with the process, however that ends.
     folder_.remove();
     if (contents_.empty())
@@ -156,12 +156,14 @@ QList<HelpTopic> HelpBook::search(const QString& text) const {
         return std::ranges::any_of(
             found, [&](const HelpTopic& one) { return one.page.matches(page.address, QUrl::RemoveFragment); });
     };
-    for (const Page& page : texts())
-        if (!listed(page) && sought.in(page.title)) found.append({page.title, page.address});
     std::vector<std::pair<qsizetype, HelpTopic>> pages;
-    for (const Page& page : texts())
-        if (const qsizetype hits = listed(page) ? 0 : sought.hits(page.words); hits > 0)
+    for (const Page& page : texts()) {
+        if (listed(page)) continue;
+        if (sought.in(page.title))
+            found.append({page.title, page.address});
+        else if (const qsizetype hits = sought.hits(page.words); hits > 0)
             pages.push_back({hits, {page.title, page.address}});
+    }
     std::ranges::stable_sort(pages, std::ranges::greater(), &std::pair<qsizetype, HelpTopic>::first);
     for (const auto& page : pages) found.append(page.second);
     return found;

@@ -21,14 +21,8 @@ std::string escaped(std::string_view text) {
 double widthOf(std::string_view text) {
     double ems = 0;
     for (const char c : text) {
-        if (c >= '0' && c <= '9')
-            ems += 0.556;
-        else if (c == '.' || c == ',' || c == '/' || c == ' ')
-            ems += 0.278;
-        else if (c == '-')
-            ems += 0.333;
-        else
-            ems += 0.667;
+        const auto isOneOf = [c](std::string_view signs) { return signs.find(c) != std::string_view::npos; };
+        ems += isOneOf("0123456789") ? 0.556 : isOneOf(".,/ ") ? 0.278 : isOneOf("-") ? 0.333 : 0.667;
     }
     return ems * textPoints * 20;
 }

@@ -1,5 +1,7 @@
 #include "reports/report_pages.h"
 
+#include <algorithm>
+
 #include "values/failure.h"
 #include "values/numbers.h"
 
@@ -11,10 +13,9 @@ constexpr int bottom = pageHeight - pageMargin;
 
 // A line break or a tab inside a text stands as a blank.
 std::string oneLine(std::string text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n') text.erase(at, 1);
-        if (static_cast<unsigned char>(text[at]) < ' ') text[at] = ' ';
-    }
+    for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at)) text.erase(at, 1);
+    std::ranges::replace_if(
+        text, [](unsigned char sign) { return sign < ' '; }, ' ');
     return text;
 }
 
@@ -39,7 +40,7 @@ void ReportPages::place(const Band& band, int row) {
     if (top_ + band.height > bottom && !pages_.back().empty()) {
         pages_.emplace_back();
         top_ = pageMargin;
-        if (&band != &layout_->pageHeader) place(layout_->pageHeader, -1);
+        place(layout_->pageHeader, -1);
     }
     pages_.back().push_back({&band, row, top_});
     top_ += band.height;
@@ -49,7 +50,6 @@ void ReportPages::fill(Placed& placed, int row) const {
     const ReportField& field = placed.field;
     if (field.kind == ReportControl::Label) placed.text = field.text;
     if (field.kind == ReportControl::Label || field.kind == ReportControl::Line) return;
-    if (field.kind == ReportControl::Text && row < 0) return;
     const Value value = field.kind == ReportControl::Sum ? Value{rows_.sum(field.text)} : rows_.cell(field.text, row);
     if (isNull(value)) return;
     placed.squeeze = !std::holds_alternative<std::string>(value);
@@ -57,9 +57,8 @@ void ReportPages::fill(Placed& placed, int row) const {
 }
 
 std::vector<Placed> ReportPages::page(int number, std::string* problem) const {
-    if (number < 0 || number >= pageCount()) fail(Failure::Subscript);
     std::vector<Placed> placed;
-    for (const PlacedBand& band : pages_[static_cast<std::size_t>(number)]) {
+    for (const PlacedBand& band : pages_.at(static_cast<std::size_t>(number))) {
         for (const ReportField& field : band.band->fields) {
             placed.push_back({field});
             placed.back().field.left += pageMargin;

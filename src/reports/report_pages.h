@@ -30,14 +30,13 @@ public:
     const ReportLayout& layout() const { return *layout_; }
     int pageCount() const { return static_cast<int>(pages_.size()); }
     // What stands on a page, from 0, in the order of the layout. A field that can't be filled, such as one that the
-    // data lack, is left empty; `problem`, when given, names the first of them and says why. Failure::Subscript when
-    // there is no such page.
+    // data lack, is left empty; `problem`, when given, names the first of them and says why.
     std::vector<Placed> page(int number, std::string* problem = nullptr) const;
 
 private:
     struct PlacedBand {
         const Band* band;
-        int row;  // -1: a band without a row
+        int row;  // -1: a band without a row, and so without data of one
         int top;
     };
     void place(const Band& band, int row);

@@ -60,12 +60,9 @@ void prepareBox(QMessageBox& box, const QString& text, const QString& title, But
     const int wide = box.fontMetrics().horizontalAdvance(title) + frameButtons;
     auto* grid = static_cast<QGridLayout*>(box.layout());
     grid->addItem(new QSpacerItem(wide, 0), grid->rowCount(), 0, 1, grid->columnCount());
-    if (buttons == Buttons::Ok) {
-        box.setStandardButtons(QMessageBox::Ok);
-    } else {
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
-    }
+    if (buttons == Buttons::Ok) return;  // which a box has of itself
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::Yes);
 }
 
 QString errorBoxText(const RuntimeFailure& failure) {

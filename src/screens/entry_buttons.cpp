@@ -19,19 +19,11 @@ void EntryButtons::connect() {
     });
 }
 
-void EntryButtons::openByMode(const std::string& which, std::initializer_list<QWidget*> names,
-                              std::initializer_list<QWidget*> frames) {
+void EntryButtons::openByMode(const std::string& which, std::initializer_list<QWidget*> fields) {
     const bool viewing = which == "DE" || which == "D" || which == "AE";
-    const bool editing = which == "EE" || which == "E";
-    const bool adding = which == "C" || which == "A";
-    if (viewing) {
-        parts_.controls().CmdSave->setVisible(false);
-        parts_.controls().cmdOk->setVisible(false);
-    }
-    if (viewing || editing)
-        for (QWidget* widget : names) widget->setEnabled(editing);
-    if (viewing || editing || adding)
-        for (QWidget* widget : frames) widget->setEnabled(!viewing);
+    parts_.controls().CmdSave->setVisible(!viewing);
+    parts_.controls().cmdOk->setVisible(!viewing);
+    for (QWidget* widget : fields) widget->setEnabled(!viewing);
 }
 
 void EntryButtons::CmdSave_Click() {

@@ -42,10 +42,9 @@ public:
 
     // Called at each load.
     void connect();
-    // `which` is the mode of the list. Adding and copying open `frames`; editing opens them and `names`; the view of a
-    // double click, and deleting, close all and hide Ok and Apply.
-    void openByMode(const std::string& which, std::initializer_list<QWidget*> names,
-                    std::initializer_list<QWidget*> frames);
+    // `which` is the mode of the list. The view of a double click, and deleting, close `fields` and hide Ok and Apply;
+    // in every other mode all is open.
+    void openByMode(const std::string& which, std::initializer_list<QWidget*> fields);
 
 private:
     void CmdSave_Click();

@@ -1,7 +1,6 @@
 #include "screens/event_guard.h"
 
 #include <QThread>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 
@@ -64,7 +63,6 @@ void EventGuard::end(RuntimeFailure failure) {
 }
 
 void leaveProcess(int status) {
-    std::fflush(nullptr);
     std::_Exit(status);
 }
 

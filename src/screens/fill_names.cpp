@@ -5,7 +5,6 @@
 namespace torvane {
 
 void fillNames(DropList& list, const std::optional<RowArray>& rows) {
-    list.Clear();
     if (!rows) return;
     std::vector<DropList::Entry> entries;
     entries.reserve(static_cast<std::size_t>(rows->rows()));

@@ -42,7 +42,6 @@ FocusWatcher::FocusWatcher(Program& program) : program_(program) {
 }
 
 void FocusWatcher::watch(Form& form, QWidget* control, std::function<void()> lostFocus) {
-    std::erase_if(watched_, [](const Watched& one) { return !one.control; });
     watched_.push_back({control, form.standingWindow(), std::move(lostFocus)});
 }
 
@@ -54,25 +53,25 @@ const FocusWatcher::Watched* FocusWatcher::find(const QWidget* control) const {
 void FocusWatcher::focusIn(QWidget* now) {
     // Neither a menu, nor a list that has opened, nor a box takes the focus out of a control.
     if (!now || qobject_cast<QMenuBar*>(now)) return;
-    const auto* window = qobject_cast<const FormWindow*>(now->window());
-    if (!window || window->unloaded() || settling_.isActive()) return;
-    const QPointer<QWidget> before = std::exchange(lastIn_[window], now);
-    if (before && before != now && find(before)) wait({before});
+    auto* window = qobject_cast<FormWindow*>(now->window());
+    if (!window || settling_.isActive()) return;
+    const QPointer<QWidget> before = std::exchange(window->lastIn, now);
+    if (before != now && find(before)) wait({before});
 }
 
 void FocusWatcher::windowActive(FormWindow* now) {
-    if (!now || now->auxiliary() || now == active_ || handlerDepth_ >= 0 || settling_.isActive()) return;
-    const auto* before = qobject_cast<FormWindow*>(std::exchange(active_, now));
+    if (!now || now->auxiliary() || now == active_ || handlerDepth_ || settling_.isActive()) return;
+    auto* before = qobject_cast<FormWindow*>(std::exchange(active_, now));
     // A focus that is back before anything was told has never been away.
     const auto isBack = [&](const FocusLoss& one) {
         return one.toAnotherWindow && one.control && one.control->window() == now;
     };
     for (const FocusLoss& one : losses_)
-        if (isBack(one)) lastIn_[now] = one.control;
+        if (isBack(one)) now->lastIn = one.control;
     std::erase_if(losses_, isBack);
-    if (!before || before->unloaded() || !before->isVisible()) return;
-    const QPointer<QWidget> control = std::exchange(lastIn_[before], nullptr);
-    if (control && find(control)) wait({control, true, now});
+    if (!before || !before->isVisible()) return;
+    const QPointer<QWidget> control = std::exchange(before->lastIn, nullptr);
+    if (find(control)) wait({control, true, now});
 }
 
 // Where a box has gone the desktop gives the keys to and fro; until then the focus says nothing of the user.
@@ -95,7 +94,7 @@ void FocusWatcher::takeFocusAsItStands(FormWindow* window) {
     settling_.stop();
     qApp->removeEventFilter(this);
     active_ = window;
-    if (window) lastIn_[window] = window->focusWidget();
+    if (window) window->lastIn = window->focusWidget();
 }
 
 void FocusWatcher::wait(const FocusLoss& one) {
@@ -107,7 +106,7 @@ void FocusWatcher::flush() {
     const int loops = QThread::currentThread()->loopLevel();
     while (!losses_.empty() && handlerDepth_ != loops) {
         const auto [control, toAnotherWindow, to] = losses_.front();
-        const Watched* watched = control ? find(control) : nullptr;
+        const Watched* watched = find(control);
         const bool underWay = toAnotherWindow && !qobject_cast<FormWindow*>(QApplication::activeWindow());
         if (watched && (underWay || QGuiApplication::mouseButtons() != Qt::NoButton ||
                         QApplication::activePopupWidget() || modalWindowAbove(*control->window()))) {
@@ -119,7 +118,7 @@ void FocusWatcher::flush() {
         const auto handler = watched->lostFocus;  // a handler may watch more controls
         const QPointer<FormWindow> window = qobject_cast<FormWindow*>(watched->window);
         if (toAnotherWindow) window->keysAfterBox = to;
-        const int outer = std::exchange(handlerDepth_, loops);
+        const auto outer = std::exchange(handlerDepth_, loops);
         asHandler(program_, window, handler);
         handlerDepth_ = outer;
         if (!toAnotherWindow) continue;
@@ -129,9 +128,7 @@ void FocusWatcher::flush() {
 }
 
 void FocusWatcher::forget(QWidget* window) {
-    lastIn_.remove(window);
-    std::erase_if(losses_, [window](const FocusLoss& one) { return !one.control || one.control->window() == window; });
-    std::erase_if(watched_, [window](const Watched& one) { return !one.control || one.window == window; });
+    std::erase_if(watched_, [window](const Watched& one) { return one.window == window; });
 }
 
 }  // namespace torvane

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace torvane {
@@ -22,11 +22,11 @@ class FocusWatcher : public QObject {
 public:
     explicit FocusWatcher(Program& program);
 
-    // `handler` runs (guarded) each time the control has lost the focus. Forgotten when the control goes.
+    // `lostFocus` runs (guarded) each time the control has lost the focus, as long as the window stands.
     void watch(Form& form, QWidget* control, std::function<void()> lostFocus);
     // Runs what waits, if the moment is quiet; the first thing that each guarded handler does.
     void flush();
-    // Drops what waits for this window; called at unload.
+    // Watches nothing in this window any more; called at unload.
     void forget(QWidget* window);
 
 private:
@@ -52,12 +52,11 @@ private:
 
     Program& program_;
     std::vector<Watched> watched_;
-    QHash<const QWidget*, QPointer<QWidget>> lastIn_;  // by window: the control that had the focus last
-    QPointer<QWidget> active_;                         // the window that has the keys, or had them last
-    std::vector<FocusLoss> losses_;                    // what waits, in order
-    QTimer timer_{this};                               // runs until what waits is looked at
-    QTimer settling_{this};                            // runs while a desktop may still give the keys to and fro
-    int handlerDepth_ = -1;                            // the depth of event loops in which a handler of ours runs
+    QPointer<QWidget> active_;         // the window that has the keys, or had them last
+    std::vector<FocusLoss> losses_;    // what waits, in order
+    QTimer timer_{this};               // runs until what waits is looked at
+    QTimer settling_{this};            // runs while a desktop may still give the keys to and fro
+    std::optional<int> handlerDepth_;  // the depth of event loops in which a handler of ours runs
 };
 
 }  // namespace torvane

@@ -12,12 +12,7 @@ namespace torvane {
 Form::Form(Program& program, std::string_view name) : program_(program), name_(name) {}
 
 Form::~Form() {
-    auto* window = static_cast<FormWindow*>(window_.data());
-    if (!window) return;
-    window->form_ = nullptr;
-    program_.focusWatcher().forget(window);
-    window->hide();
-    if (window->handlers_ == 0) delete window;  // else the last handler sees to it
+    if (window_) letGo(false);
 }
 
 void Form::Load() {
@@ -85,15 +80,19 @@ void Form::Unload() {
 
 // The window goes, without a word to the screen.
 void Form::drop() {
-    auto* window = static_cast<FormWindow*>(window_.data());
-    program_.windowUnloaded(window, std::exchange(shown_, false) && !auxiliary_);
-    window_ = nullptr;
-    window->form_ = nullptr;
-    dropControls();
-    for (QEventLoop* loop : modalLoops_) loop->quit();
-    if (QWindow* handle = window->windowHandle())
+    if (QWindow* handle = window_->windowHandle())
         for (QWindow* other : QGuiApplication::topLevelWindows())
             if (other->transientParent() == handle) other->setTransientParent(nullptr);
+    letGo(std::exchange(shown_, false) && !auxiliary_);
+    dropControls();
+    for (QEventLoop* loop : modalLoops_) loop->quit();
+}
+
+void Form::letGo(bool counted) {
+    auto* window = static_cast<FormWindow*>(window_.data());
+    program_.windowUnloaded(window, counted);
+    window_ = nullptr;
+    window->form_ = nullptr;
     window->hide();
     window->deleteWhenUnused();
 }

@@ -70,6 +70,7 @@ private:
     friend class FormWindow;
     void bringToFront(QWidget* front);
     void drop();
+    void letGo(bool counted);
     Program& program_;
     std::string name_;
     QPointer<QWidget> window_;  // a FormWindow

@@ -33,7 +33,6 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     auto* button = enter ? qobject_cast<QPushButton*>(focusWidget()) : nullptr;
     if (!button) return QWidget::keyPressEvent(event);
-    event->accept();
     button->click();
 }
 
@@ -89,10 +88,8 @@ void standOver(QWidget& window, QWidget* front) {
     Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                             Qt::WindowCloseButtonHint;
     if (window.windowModality() == Qt::NonModal) flags |= Qt::WindowMinMaxButtonsHint;
-    if (window.windowFlags() != flags) window.setWindowFlags(flags);
-    // Of both the native window is needed.
-    window.winId();
-    front->winId();
+    window.setWindowFlags(flags);
+    window.winId();  // makes the native window
     QWindow* const above = window.windowHandle();
     QWindow* const below = front->windowHandle();
     // A list may stand over an entry form that stands over the list's own former place: never in a ring.

@@ -16,12 +16,13 @@ class FormWindow : public QWidget {
 public:
     explicit FormWindow(Form& form);
 
-    Program& program() const { return program_; }
     bool unloaded() const { return form_ == nullptr; }
     // See Form::auxiliary; true once unloaded.
     bool auxiliary() const;
     // The window that gets the keys after a box of this one, in place of this one; null for most of the time.
     QPointer<QWidget> keysAfterBox;
+    // The control in it that had the focus last, as the FocusWatcher sees it.
+    QPointer<QWidget> lastIn;
     // The shown window whose handler is running, the innermost one where handlers stand within handlers; null for none.
     static FormWindow* handling();
 

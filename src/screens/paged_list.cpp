@@ -48,7 +48,7 @@ void PagedList::showRows(const std::optional<RowArray>& rows) {
     texts.reserve(static_cast<std::size_t>(rows->rows()));
     for (int row = 0; row < rows->rows(); ++row) texts.push_back(parts_.rowTexts(*rows, row));
     list.AddRows(texts);
-    for (int row = 0; before >= 0 && row < list.RowCount(); ++row)
+    for (int row = 0; row < list.RowCount(); ++row)
         if (list.Cell(row, 0) == key) list.selectRow(row);
 }
 
@@ -116,7 +116,7 @@ void PagedList::showAll() {
 }
 
 void PagedList::turn(int pages) {
-    if (pages > 0 ? Page < PageCount : Page > 1) Page = static_cast<std::int16_t>(Page + pages);
+    Page = static_cast<std::int16_t>(Page + pages);
     refill();
 }
 

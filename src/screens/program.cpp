@@ -15,10 +15,10 @@ Program::Program(DataAccess access, std::function<void(int)> leave)
 
 Program::~Program() {
     // Those that still wait for their deletion would look for the program.
-    std::vector<FormWindow*> ours;  // first all of them: a window may take others with it
+    std::vector<FormWindow*> left;  // first all of them: a window may take others with it
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* one = qobject_cast<FormWindow*>(window); one && &one->program() == this) ours.push_back(one);
-    for (FormWindow* window : ours) delete window;
+        if (auto* one = qobject_cast<FormWindow*>(window)) left.push_back(one);
+    for (FormWindow* window : left) delete window;
 }
 
 void Program::StartUp(Form& form) {
@@ -44,6 +44,10 @@ bool Program::confirm(std::string_view text, std::string_view title) {
 Assistant& Program::Merlin() const {
     if (!merlin_) fail(Failure::ObjectNotSet);
     return *merlin_;
+}
+
+void Program::setMerlin(std::unique_ptr<Assistant> assistant) {
+    merlin_ = std::move(assistant);
 }
 
 void Program::speakHelp(std::string_view text) {

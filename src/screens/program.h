@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -52,7 +53,8 @@ public:
     // --- The assistant and the help ----------------------------------------------------------------------------------
     // Failure::ObjectNotSet while there is none.
     Assistant& Merlin() const;
-    void setMerlin(Assistant* assistant) { merlin_ = assistant; }
+    // In place of the one before; null: there is none any more.
+    void setMerlin(std::unique_ptr<Assistant> assistant);
     // What a help button does: Show, then Speak unless there is nothing to say. Nothing once the main window has gone.
     void speakHelp(std::string_view text);
     // F1: opens the help at a context, once there is something that opens it.
@@ -65,7 +67,7 @@ private:
     LastWindow lastWindow_;
     EventGuard guard_;
     WindowPlacing placing_;
-    Assistant* merlin_ = nullptr;
+    std::unique_ptr<Assistant> merlin_;
     std::function<void(int)> openHelp_;
 };
 

@@ -24,10 +24,10 @@ namespace {
 // Takes a name with inch marks as it was typed. The toolkit's own dialog reads them as marks around several names.
 class NameDialog : public QFileDialog {
 public:
+    // Any name will do, also when opening: the asker says what a missing file means.
     explicit NameDialog(AcceptMode mode) {
         setAcceptMode(mode);
         setOptions(DontUseNativeDialog | DontConfirmOverwrite);
-        setFileMode(AnyFile);  // also when opening: the asker says what a missing file means
         name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
         button_ = findChild<QDialogButtonBox*>()->button(mode == AcceptSave ? QDialogButtonBox::Save
                                                                             : QDialogButtonBox::Open);
@@ -60,7 +60,7 @@ std::optional<std::string> chosenName(NameDialog& dialog, const QString& propose
     if (!QDir(folder).exists()) folder = QDir::homePath();
     dialog.setDirectory(folder);
     if (!proposed.isEmpty()) dialog.selectFile(proposed);
-    if (runOverFront(dialog) != QDialog::Accepted || dialog.chosen().isEmpty()) return std::nullopt;
+    if (runOverFront(dialog) != QDialog::Accepted) return std::nullopt;
     const QString name = dialog.chosen();
     folder = QFileInfo(name).absolutePath();
     return utf8(name);
@@ -110,13 +110,11 @@ void QtHost::beep() {
 
 std::optional<std::string> QtHost::askSaveName(std::string_view proposed, std::string_view filter) {
     NameDialog dialog(QFileDialog::AcceptSave);
-    dialog.setWindowTitle("Save As");
     return chosenName(dialog, qstring(proposed), filter, lastFolder_);
 }
 
 std::optional<std::string> QtHost::askOpenName(std::string_view filter) {
     NameDialog dialog(QFileDialog::AcceptOpen);
-    dialog.setWindowTitle("Open");
     // The sample business lies beside the program, so a first restore looks there.
     if (lastFolder_.isEmpty()) lastFolder_ = qstring(programDirectory_);
     return chosenName(dialog, {}, filter, lastFolder_);

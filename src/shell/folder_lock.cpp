@@ -8,12 +8,13 @@
 
 namespace torvane {
 
+// Where there is no such folder both calls refuse the handle.
 FolderLock::FolderLock(const std::string& folder)
     : handle_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
-      previousInstance_(handle_ >= 0 && ::flock(handle_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {}
+      previousInstance_(::flock(handle_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {}
 
 FolderLock::~FolderLock() {
-    if (handle_ >= 0) ::close(handle_);
+    ::close(handle_);
 }
 
 }  // namespace torvane

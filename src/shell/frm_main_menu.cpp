@@ -48,9 +48,16 @@ constexpr ButtonPlace buttons[] = {
 struct Twips {
     int left, top, width, height;
 };
+struct Artwork {
+    const char* name;
+    const char* says;
+    Twips place;
+};
+constexpr Artwork artworks[] = {
+    {"Image1", "A building site", {1800, 840, 5400, 4335}},
+    {"Image2", "An estimate sheet", {7380, 840, 2895, 4335}},
+};
 constexpr Twips titlePlace{285, 120, 9990, 555};
-constexpr Twips image1Place{1800, 840, 5400, 4335};
-constexpr Twips image2Place{7380, 840, 2895, 4335};
 constexpr Twips frame2Place{0, 2640, 1575, 2535};
 constexpr Twips clientSize{0, 0, 10560, 5415};
 constexpr int drawingsComeAfterMs = 30;
@@ -72,16 +79,15 @@ double scaleOfTheScreen(const QWidget& window) {
     return std::max(1.0, fits);
 }
 
-void artwork(QWidget& area, const char* name, const char* says, const Twips& place, double scale) {
+void addArtwork(QWidget& area, const Artwork& artwork, double scale) {
     auto* image = new QLabel(&area);
-    image->setObjectName(QLatin1String(name));
-    image->setAccessibleName(QLatin1String(says));
-    const QRect where = scaled(place, scale);
-    image->setGeometry(where);
+    image->setObjectName(QLatin1String(artwork.name));
+    image->setAccessibleName(QLatin1String(artwork.says));
+    image->setGeometry(scaled(artwork.place, scale));
     image->setAlignment(Qt::AlignCenter);
     // Drawn when the window stands with its menus, which can be used meanwhile.
-    QTimer::singleShot(drawingsComeAfterMs, image, [image, drawing = QLatin1String(name).toString().toLower()] {
-        image->setPixmap(picture(drawing).pixmap(image->size(), image->devicePixelRatioF()));
+    QTimer::singleShot(drawingsComeAfterMs, image, [image] {
+        image->setPixmap(picture(image->objectName().toLower()).pixmap(image->size(), image->devicePixelRatioF()));
     });
 }
 
@@ -127,8 +133,7 @@ void frmMainMenu::build(QWidget& window) {
     large.setPointSizeF(large.pointSizeF() * 1.9);
     large.setBold(true);
     caption->setFont(large);
-    artwork(*area, "Image1", "A building site", image1Place, scale);
-    artwork(*area, "Image2", "An estimate sheet", image2Place, scale);
+    for (const Artwork& each : artworks) addArtwork(*area, each, scale);
 
     buildMenus(*bar);
     buildButtons(*area, scale);
@@ -216,14 +221,12 @@ void frmMainMenu::Form_Load() {
 }
 
 void frmMainMenu::ActivateMerlin() {
-    assistant_ = loadAssistant_(program().host().programDirectory() + "/Merlin.ACS");
-    program().setMerlin(assistant_.get());
+    program().setMerlin(loadAssistant_(program().host().programDirectory() + "/Merlin.ACS"));
     program().Merlin().Show();
 }
 
 void frmMainMenu::Form_Unload() {
     program().setMerlin(nullptr);
-    assistant_.reset();
 }
 
 }  // namespace torvane

@@ -41,7 +41,6 @@ private:
     bool previousInstance_;
     std::function<std::unique_ptr<Assistant>(const std::string&)> loadAssistant_;
     std::unique_ptr<Connection> connection_;
-    std::unique_ptr<Assistant> assistant_;
 
     QHash<QString, QAction*> entries_;
     QWidget* Frame2_ = nullptr;

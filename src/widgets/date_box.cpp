@@ -111,12 +111,12 @@ QDate DateBox::read(const QString& text) const {
         return day >= minimumDate() && day <= maximumDate() ? day : QDate();
     };
     if (const QDate whole = typed(text); whole.isValid()) return whole;
-    const QString stood = textFromDateTime(dateTime());
-    const qsizetype caret = lineEdit()->cursorPosition();
-    const qsizetype behind = text.size() - caret;
-    const qsizetype before = stood.size() - behind;
-    if (before < 0 || before > caret || stood != text.left(before) + text.right(behind)) return {};
-    return typed(text.mid(before, caret - before));
+    const QString upToCaret = text.left(lineEdit()->cursorPosition());
+    const QString behind = text.mid(upToCaret.size());
+    QString before = textFromDateTime(dateTime());
+    if (!before.endsWith(behind)) return {};
+    before.chop(behind.size());
+    return upToCaret.startsWith(before) ? typed(upToCaret.mid(before.size())) : QDate();
 }
 
 QValidator::State DateBox::validate(QString& text, int&) const {

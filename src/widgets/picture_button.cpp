@@ -14,8 +14,6 @@ PictureButton::PictureButton(QWidget* parent) : QPushButton(parent) {}
 void PictureButton::setPicture(const QString& name) {
     picture_ = name;
     face_ = torvane::picture(name);
-    updateGeometry();
-    update();
 }
 
 bool PictureButton::event(QEvent* event) {

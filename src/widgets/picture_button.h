@@ -15,6 +15,7 @@ class PictureButton : public QPushButton {
 public:
     explicit PictureButton(QWidget* parent = nullptr);
     QString picture() const { return picture_; }
+    // This and the next two before the button is shown.
     void setPicture(const QString& name);
     // No word beside the picture, where there is one.
     bool pictureOnly() const { return pictureOnly_; }

@@ -21,25 +21,20 @@ class ReportList::Rows : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    void setColumns(const std::vector<Column>& columns) {
+    // No rows under these columns.
+    void reset(std::vector<Column> columns) {
         beginResetModel();
-        columns_ = columns;
+        columns_ = std::move(columns);
         rows_.clear();
         endResetModel();
     }
-    void clear() {
-        beginResetModel();
-        rows_.clear();
-        endResetModel();
-    }
+    void clear() { reset(columns_); }
     void add(const std::vector<std::vector<std::string>>& rows) {
-        if (rows.empty()) return;
         beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(rows.size()) - 1);
         for (const std::vector<std::string>& row : rows) rows_.emplace_back(row).resize(columns_.size());
         endInsertRows();
     }
     void remove(int row) {
-        text(row, 0);
         beginRemoveRows({}, row, row);
         rows_.erase(rows_.begin() + row);
         endRemoveRows();
@@ -56,12 +51,9 @@ public:
         return rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
     }
 
-    int rowCount(const QModelIndex& parent = {}) const override {
-        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-    }
-    int columnCount(const QModelIndex& parent = {}) const override {
-        return parent.isValid() ? 0 : static_cast<int>(columns_.size());
-    }
+    // A table is asked for nothing below its cells.
+    int rowCount(const QModelIndex& = {}) const override { return static_cast<int>(rows_.size()); }
+    int columnCount(const QModelIndex& = {}) const override { return static_cast<int>(columns_.size()); }
     QVariant data(const QModelIndex& index, int role) const override {
         if (role == Qt::DisplayRole) return qstring(text(index.row(), index.column()));
         return role == Qt::TextAlignmentRole ? alignment(index.column()) : QVariant();
@@ -83,12 +75,8 @@ private:
 ReportList::ReportList(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
     setModel(rows_);
     setRootIsDecorated(false);
-    setItemsExpandable(false);
-    setIndentation(0);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setSelectionMode(QAbstractItemView::SingleSelection);
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setSectionsClickable(true);
@@ -122,8 +110,9 @@ bool ReportList::viewportEvent(QEvent* event) {
     return QTreeView::viewportEvent(event);
 }
 
+// They are fitted when the list gets its size.
 void ReportList::setColumns(const std::vector<Column>& columns) {
-    rows_->setColumns(columns);
+    rows_->reset(columns);
     const double scale = fontScale(*this);
     givenWidths_.clear();
     for (const Column& column : columns) {
@@ -132,11 +121,10 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
         setColumnHidden(static_cast<int>(givenWidths_.size()) - 1, givenWidths_.back() == 0);
     }
     dragged_ = false;
-    fitColumns();
 }
 
 void ReportList::fitColumnsSoon() {
-    fitting_.start(0);
+    fitting_.start();
 }
 
 // A column that cuts a text of the rows in view, or its header, gets what others do not need; the one that lacks least
@@ -183,10 +171,11 @@ void ReportList::AddRow(const std::vector<std::string>& texts) {
 }
 
 void ReportList::AddRows(const std::vector<std::vector<std::string>>& rows) {
-    fitColumnsSoon();
+    if (rows.empty()) return;
     const bool first = RowCount() == 0;
     rows_->add(rows);
-    if (first && !rows.empty()) makeCurrent(0);
+    if (first) selectRow(0);
+    fitColumnsSoon();
 }
 
 void ReportList::clear() {
@@ -210,13 +199,8 @@ int ReportList::SelectedRow() const {
     return rows.isEmpty() ? -1 : rows.constFirst().row();
 }
 
-void ReportList::selectRow(int row) {
-    rows_->text(row, 0);
-    makeCurrent(row);
-}
-
 // The current cell must be one that is shown: from a hidden one the arrow keys move on, but select nothing.
-void ReportList::makeCurrent(int row) {
+void ReportList::selectRow(int row) {
     setCurrentIndex(rows_->index(row, firstVisibleColumn()));
 }
 
@@ -235,16 +219,15 @@ void ReportList::setOrderMark(int column, Qt::SortOrder order) {
 }
 
 int ReportList::firstVisibleColumn() const {
-    for (int column = 0; column < columnCount(); ++column)
-        if (!isColumnHidden(column)) return column;
-    return 0;
+    int column = 0;
+    while (isColumnHidden(column)) ++column;
+    return column;
 }
 
 // The stock search would look at the key in the hidden first column.
 void ReportList::keyboardSearch(const QString& search) {
-    if (RowCount() == 0) return;
-    const int row = std::max(0, currentIndex().row());
-    selectionModel()->setCurrentIndex(model()->index(row, firstVisibleColumn()), QItemSelectionModel::NoUpdate);
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(firstVisibleColumn()),
+                                      QItemSelectionModel::NoUpdate);
     QTreeView::keyboardSearch(search);
 }
 
@@ -260,14 +243,12 @@ QItemSelectionModel::SelectionFlags ReportList::selectionCommand(const QModelInd
 void ReportList::keyPressEvent(QKeyEvent* event) {
     const int row = SelectedRow();
     if (event->matches(QKeySequence::Copy)) {
-        event->accept();
         if (row < 0) return;
         QStringList texts;
         for (int column = 0; column < columnCount(); ++column)
             if (!isColumnHidden(column)) texts.append(qstring(Cell(row, column)));
         QApplication::clipboard()->setText(texts.join('\t'));
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        event->accept();
         if (row >= 0) emit DblClick();
     } else {
         QTreeView::keyPressEvent(event);
@@ -285,7 +266,6 @@ void ReportList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ReportList::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
     // The mouse has its own way: the menu comes when the button is let go, on every platform.
     if (event->reason() != QContextMenuEvent::Keyboard) return;
     const QRect row = visualRect(currentIndex());

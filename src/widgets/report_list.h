@@ -30,13 +30,12 @@ public:
     void AddRow(const std::vector<std::string>& texts);
     // The same for many rows at once.
     void AddRows(const std::vector<std::vector<std::string>>& rows);
-    // Failure::Subscript when there is no such row; likewise where a row or a cell is named below.
     void RemoveRow(int row);
     int RowCount() const;
     // -1 when no row is selected.
     int SelectedRow() const;
     void selectRow(int row);
-    // -1, no row selected, is a failure of the caller like any other row that is not there.
+    // Failure::Subscript when there is no such cell, as with -1, no row selected; likewise below.
     std::string Cell(int row, int column) const;
     void setRow(int row, const std::vector<std::string>& texts);
     // The mark of the order in the header. One column has it at a time.
@@ -63,7 +62,6 @@ protected:
 
 private:
     class Rows;  // the texts, which the view reads where they lie
-    void makeCurrent(int row);
     int firstVisibleColumn() const;
     void fitColumnsSoon();
     void fitColumns();

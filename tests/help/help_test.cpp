@@ -30,7 +30,7 @@ protected:
 };
 
 TEST_F(HelpTest, EveryPageStandsInTheContentsAndWhatItLeadsToIsThere) {
-    ASSERT_GT(book.pages().size(), 50);
+    ASSERT_GT(book.contents().size(), 5U) << "a tree, and its roots";
     collect(book.contents());
     EXPECT_EQ(inContents, std::multiset<QUrl>(book.pages().begin(), book.pages().end()));
     static const QRegularExpression link(QStringLiteral("(?:href|src)=\"([^\"]+)\""));

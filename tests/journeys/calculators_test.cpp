@@ -28,8 +28,8 @@ TEST_F(CalculatorsTest, TabsOfGroup1CloseGroups2And3AndTheScientificCalculator) 
     EXPECT_EQ(open(), "frmCalculators frmCalculator4 scientific");
     EXPECT_EQ(visible(*standing("frmCalculator4"), {"frmTab37", "frmTab38"}), "frmTab38");
     trigger(find<QAction>(*standing("scientific"), "habout"));
-    EXPECT_EQ(texts(*standing("frmAbout"), {"lblName", "txtFolder"}),
-              "TORVANE Construction Estimator Ver. 2.0|" + data.path());
+    EXPECT_EQ(texts(*standing("frmAbout"), {"lblName", "txtFolder", "lblVersions"}),
+              "TORVANE Construction Estimator Ver. 2.0|" + data.path() + "|Qt " + qVersion());
     choose("mnucalc2_4");
     QWidget& group1 = *standing("frmCalculators");
     EXPECT_EQ(group1.pos(), QPoint(0, pixels(2500)));

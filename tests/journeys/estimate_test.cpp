@@ -57,7 +57,7 @@ protected:
         auto& tree = find<CategoryTree>(in, "TreeCategory");
         for (const std::string_view name : items) {
             tree.setCurrentIndex(nodeOf(tree, name));
-            key(tree, Qt::Key_Return);
+            key(tree, name == "Brick" ? Qt::Key_Enter : Qt::Key_Return);
         }
     }
     std::string firstRow() { return rows(screens->order.window()).at(0); }

@@ -49,6 +49,8 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     EXPECT_EQ(page(), "tab26.html");
     go(help, "cmdContents");
     EXPECT_EQ(page(), "index.html");
+    QTest::mouseClick(found.viewport(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(page(), "tab26.html") << "by a click";
     type(box, "qwxz gutter");
     EXPECT_EQ(utf8(found.item(0)->text()), "Nothing found. See the contents.");
     EXPECT_EQ(utf8(found.item(1)->text()), "gutter") << "the nearest";

@@ -34,7 +34,6 @@ protected:
     QWidget& newEstimate() { return opened("mnuNewEstimate"); }
     // The estimate screen with a saved estimate in mode "E" or "D".
     QWidget& openEstimate(std::string_view mode, int number);
-    void readEstimate(std::string_view mode, int number) { openEstimate(mode, number); }
     // The customer list, to add ("A"), edit ("E") or delete ("D").
     QWidget& customers(std::string_view mode);
 

@@ -39,6 +39,7 @@ protected:
     void print(QWidget& report, const std::string& file, const Boxes& said = {}) {
         whenModal([=, this](QWidget& dialog) {
             EXPECT_TRUE(dynamic_cast<QPrintDialog&>(dialog).testOption(QAbstractPrintDialog::PrintCurrentPage));
+            EXPECT_EQ(find<QSpinBox>(dialog, "to").maximum(), find<QSpinBox>(dialog, "to").value());
             find<QLineEdit>(dialog, "filename").setText(qstring(file));
             find<QSpinBox>(dialog, "copies").setValue(2);
             find<QCheckBox>(dialog, "reverse").setChecked(true);
@@ -88,6 +89,9 @@ TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
     for (const char* part : {"Ann Lee\n", "9 Oak\n", "7/4/2003\n", "\nDeck\n2.5\nEach\nJoist\n25.00\n", "\n236.00\n"})
         EXPECT_NE(before.find(part), std::string::npos) << part << " is not in " << before;
     EXPECT_EQ(before.find("Attic"), std::string::npos) << before;
+    host.answerName(std::nullopt);
+    go(*standing("DataReport3"), "cmdPdf");
+    EXPECT_EQ(host.fileDialogs.back(), (TestHost::Asked{"Estimate Proposal 3 Ann Lee.pdf", "PDF (*.pdf)"}));
     go(order, "CmdSave", {ok("Estimate Saved")});
     go(order, "Command1", notice);
     EXPECT_NE(page("DataReport3").find("Attic\n2\nBag\nJoist\n20.00\n"), std::string::npos) << page("DataReport3");
@@ -202,10 +206,10 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
     EXPECT_EQ(wheel(-60), "Page 1 of 2, 100 %") << "half a step";
     EXPECT_EQ(wheel(-60), "Page 2 of 2, 100 %");
     EXPECT_EQ(wheel(120), "Page 1 of 2, 100 %");
-    EXPECT_EQ(wheel(120, Qt::ControlModifier), "Page 1 of 2, 125 %");
-    EXPECT_EQ(wheel(-120, Qt::ControlModifier), "Page 1 of 2, 100 %");
     go(report, "cmbZoom=200 %");
+    EXPECT_EQ(wheel(120, Qt::ControlModifier), "Page 1 of 2, 200 %");
     EXPECT_EQ(paper.width(), 2 * before);
+    EXPECT_EQ(wheel(-120, Qt::ControlModifier), "Page 1 of 2, 150 %");
     go(report, "cmbZoom=Fit to width");
     EXPECT_NEAR(paper.width(), scroll.viewport()->width() - 24, 9);
 

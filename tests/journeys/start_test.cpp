@@ -40,8 +40,9 @@ TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
     EXPECT_EQ(menus, "mnuFile mnuInventory mnuEstimates mnuCalc mnuReport ");
     for (const char* image : {"Image1", "Image2"})
         EXPECT_TRUE(QTest::qWaitFor([&] { return !find<QLabel>(window, image).pixmap().isNull(); })) << image;
+    key(window, Qt::Key_N, Qt::ControlModifier);
     go(window, "cmd_Blank");
-    EXPECT_TRUE(standing("frmBlank"));
+    EXPECT_TRUE(standing("frmOrder") && standing("frmBlank"));
     go(window, "cmd_Exit");
     EXPECT_FALSE(screens->mainMenu.loaded());
 }

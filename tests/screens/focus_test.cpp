@@ -66,7 +66,6 @@ TEST_F(FocusTest, QuestionComesOnceAndBeforeWhatTookTheFocus) {
     const Row rows[] = {
         {"Tab", [&] { key(*form.first, Qt::Key_Tab); }},
         {"a button", [&] { click(*form.button); }, "LostFocus, Yes, Click"},
-        {"a row", [&] { clickRow(*form.list, 1); }},
         {"a pick in a list", [&] { pickInList(*form.choice, "two"); }, "LostFocus, Yes, pick two"},
         {"disabled by code", [&] { form.first->setEnabled(false); }},
         {"a button of another window", [&] { other.Show(), settle(), click(*other.button); },

@@ -10,13 +10,7 @@ namespace torvane {
 
 class CategoryTree::Nodes : public QAbstractItemModel {
 public:
-    using QAbstractItemModel::QAbstractItemModel;
-
-    void set(CategoryNodes nodes) {
-        beginResetModel();
-        nodes_ = std::move(nodes);
-        endResetModel();
-    }
+    Nodes(CategoryNodes nodes, QObject* parent) : QAbstractItemModel(parent), nodes_(std::move(nodes)) {}
     const CategoryNodes::Node& node(const QModelIndex& index) const { return nodes_.node(number(index)); }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override {
@@ -46,15 +40,15 @@ private:
     mutable CategoryNodes nodes_;  // asking for children makes them
 };
 
-CategoryTree::CategoryTree(QWidget* parent) : QTreeView(parent), nodes_(new Nodes(this)) {
+CategoryTree::CategoryTree(QWidget* parent) : QTreeView(parent) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
-    setModel(nodes_);
     connect(this, &QTreeView::doubleClicked, this, &CategoryTree::DblClick);
 }
 
 void CategoryTree::show(CategoryNodes nodes) {
-    nodes_->set(std::move(nodes));
+    nodes_ = new Nodes(std::move(nodes), this);
+    setModel(nodes_);
     QModelIndex last = nodes_->index(0, 0);
     setCurrentIndex(last);
     while (const int children = nodes_->rowCount(last)) last = nodes_->index(children - 1, 0, last);

@@ -25,8 +25,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    class Nodes;  // which the view reads where they lie
-    Nodes* nodes_;
+    class Nodes;              // which the view reads where they lie
+    Nodes* nodes_ = nullptr;  // none before show
 };
 
 }  // namespace torvane

@@ -47,7 +47,7 @@ void CustMast::Form_Load() {
     buttons_.connect();
     program().StartUp(*this);
     FillData();
-    buttons_.openByMode(list_.Which, {ui().TxtCname}, {ui().Frame1, ui().Frame2});
+    buttons_.openByMode(list_.Which, {ui().TxtCname, ui().Frame1, ui().Frame2});
 }
 
 void CustMast::FillData() {

@@ -63,7 +63,7 @@ void ItemMast::Form_Load() {
     FillCatg();
     FillUnits();
     FillData();
-    buttons_.openByMode(list_.Which, {ui().txtCode, ui().TxtName}, {ui().Frame1});
+    buttons_.openByMode(list_.Which, {ui().txtCode, ui().TxtName, ui().Frame1});
 }
 
 bool ItemMast::hasCategories() {

@@ -32,7 +32,6 @@ void PageScroll::wheelEvent(QWheelEvent* event) {
         wheelTurned_ = 0;
         return QScrollArea::wheelEvent(event);
     }
-    event->accept();
     wheelTurned_ += turned;
     if (std::abs(wheelTurned_) < QWheelEvent::DefaultDeltasPerStep) return;
     wheelTurned_ = 0;

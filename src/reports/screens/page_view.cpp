@@ -9,10 +9,6 @@
 
 namespace torvane {
 
-PageView::PageView(QWidget* parent) : QWidget(parent) {
-    resizeToZoom();
-}
-
 void PageView::setPage(std::vector<Placed> page) {
     page_ = std::move(page);
     QString words;
@@ -23,18 +19,12 @@ void PageView::setPage(std::vector<Placed> page) {
 }
 
 void PageView::setZoom(int percent) {
-    zoom_ = percent;
-    resizeToZoom();
+    setFixedSize(pixels(pageWidth * percent / 100.0), pixels(pageHeight * percent / 100.0));
 }
 
 int PageView::zoomOfWidth(int width) {
     constexpr int beside = 24;
     return std::max(10, 100 * (width - beside) / pixels(pageWidth));
-}
-
-void PageView::resizeToZoom() {
-    setFixedSize(pixels(pageWidth * zoom_ / 100.0), pixels(pageHeight * zoom_ / 100.0));
-    update();
 }
 
 void PageView::paintEvent(QPaintEvent*) {

@@ -11,7 +11,7 @@ namespace torvane {
 class PageView : public QWidget {
     Q_OBJECT
 public:
-    explicit PageView(QWidget* parent = nullptr);
+    using QWidget::QWidget;
     void setPage(std::vector<Placed> page);
     void setZoom(int percent);
     // In percent, for a page that is as wide as that, in pixels, with a little room beside it.
@@ -21,9 +21,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void resizeToZoom();
     std::vector<Placed> page_;
-    int zoom_ = 100;
 };
 
 }  // namespace torvane

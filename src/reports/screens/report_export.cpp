@@ -69,7 +69,7 @@ Exported writePdf(const ReportPages& pages, const std::string& fileName, const E
 
 Exported writeHtml(const ReportPages& pages, const std::string& fileName, const ExportProgress& progress) {
     std::string content = htmlHead(pages.layout().caption);
-    for (int number = 0; number < pages.pageCount(); ++number) {
+    for (const int number : allOf(pages.pageCount())) {
         if (!progress(number)) return Exported::Cancelled;
         content += htmlPage(pages.page(number));
     }

@@ -68,7 +68,6 @@ void ReportWindow::Form_Unload() {
 void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages, std::string of) {
     pages_ = std::move(pages);
     of_ = std::move(of);
-    Load();
     setCaption(pages_->layout().caption);
     told_.clear();
     Show();
@@ -76,7 +75,7 @@ void ReportWindow::showReport(std::shared_ptr<const ReportPages> pages, std::str
 }
 
 void ReportWindow::showPage(int number) {
-    page_ = std::clamp(number, 0, pages_->pageCount() - 1);
+    page_ = number;
     std::string problem;
     ui().page->setPage(pages_->page(page_, &problem));
     ui().scroll->verticalScrollBar()->setValue(0);
