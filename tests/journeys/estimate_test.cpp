@@ -57,7 +57,11 @@ protected:
         auto& tree = find<CategoryTree>(in, "TreeCategory");
         for (const std::string_view name : items) {
             tree.setCurrentIndex(nodeOf(tree, name));
-            key(tree, name == "Brick" ? Qt::Key_Enter : Qt::Key_Return);
+            const QPoint middle = tree.viewport()->mapTo(&in, tree.visualRect(tree.currentIndex()).center());
+            if (name == "Nails")
+                QTest::mouseDClick(in.windowHandle(), Qt::LeftButton, {}, middle);
+            else
+                key(tree, name == "Brick" ? Qt::Key_Enter : Qt::Key_Return);
         }
     }
     std::string firstRow() { return rows(screens->order.window()).at(0); }
