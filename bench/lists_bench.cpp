@@ -50,6 +50,13 @@ void comparePages(const ListCase& list, Raw& raw) {
         auto first = [&] { list.read(1, PageCount, "A"); };
         return timed(first);
     });
+    // The first that pays for the keys.
+    compareAt(", second page", 2, furtherPage, [&] {
+        list.read(1, PageCount, "D");
+        list.read(1, PageCount, "A");
+        auto second = [&] { list.read(2, PageCount, "A"); };
+        return timed(second);
+    });
     compareAt(", middle", PageCount / 2, furtherPage, [&] { list.read(PageCount / 2, PageCount, "A"); });
     compareAt(", last page", PageCount, furtherPage, [&] { list.read(PageCount, PageCount, "A"); });
 }

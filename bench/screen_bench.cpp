@@ -6,12 +6,10 @@
 #include <string>
 #include <vector>
 
-#include <cstdio>
 #include "benches.h"
 #include "datastore/statement.h"
 #include "estimates/screens/frm_order.h"
 #include "harness.h"
-
 #include "sample.h"
 #include "screens/program.h"
 #include "ui_frm_order.h"
@@ -140,7 +138,7 @@ void openLargest(Sample& sample, Screen& screen) {
         afterWrite.push_back(opened());
     }
     print("estimate of 1,000 lines opened, painted", {.least = frame}, median(again), 0);
-    print("the same after an item was written", {.least = median(read) + frame}, median(afterWrite), median(read));
+    print("the same after a write", {.least = frame}, median(afterWrite), median(read));
 }
 
 // The load with the whole catalogue less the load with an empty one.

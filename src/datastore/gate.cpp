@@ -9,8 +9,7 @@ namespace torvane {
 namespace {
 
 int authorize(void* data, int action, const char* first, const char* second, const char*, const char*) {
-    Gate& gate = *static_cast<Gate*>(data);
-    if (gate.open) return SQLITE_OK;
+    if (static_cast<const Gate*>(data)->open) return SQLITE_OK;
     switch (action) {
         case SQLITE_SELECT:
         case SQLITE_READ:
@@ -18,9 +17,7 @@ int authorize(void* data, int action, const char* first, const char* second, con
         case SQLITE_INSERT:
         case SQLITE_UPDATE:
         case SQLITE_DELETE:
-            if (sqlite3_strnicmp(first, "sqlite_", 7) == 0) return SQLITE_DENY;
-            gate.written = first;
-            return SQLITE_OK;
+            return first != nullptr && sqlite3_strnicmp(first, "sqlite_", 7) == 0 ? SQLITE_DENY : SQLITE_OK;
         case SQLITE_FUNCTION:
             for (const char* known : {"val", "cdbl", "isnumeric", "like", "count", "max"})
                 if (sqlite3_stricmp(second, known) == 0) return SQLITE_OK;

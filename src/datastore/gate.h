@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 struct sqlite3;
 
 namespace torvane {
@@ -11,7 +9,6 @@ namespace torvane {
 // transactions and settings pass while it is open.
 struct Gate {
     bool open = false;
-    std::string written;  // the table that the statement compiled last writes to
 };
 
 // Takes away what reaches outside the file, and puts the gate in place. `gate` must live as long as the handle. False

@@ -46,11 +46,6 @@ std::uint64_t Connection::writes() {
     return file_->writes();
 }
 
-std::uint64_t Connection::writes(const std::string& table) {
-    file_->ready();
-    return file_->writes(table);
-}
-
 void grouped(Connection& connection, const std::function<void()>& body) {
     // Kept for the length of the group, whatever becomes of the connection meanwhile.
     const std::shared_ptr<StoreFile> file = connection.file_;

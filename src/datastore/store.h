@@ -60,8 +60,6 @@ public:
     void execute(std::string_view statement);
     // Rises with each write to the file, by whomever: what was read at the same count still stands.
     std::uint64_t writes();
-    // The same for one table.
-    std::uint64_t writes(const std::string& table);
 
 private:
     friend void grouped(Connection& connection, const std::function<void()>& body);

@@ -126,8 +126,7 @@ void StoreFile::failed(std::string_view refused) const {
 
 void StoreFile::openHandle() {
     closeHandle();
-    opened_ = ++writes_;
-    writesTo_.clear();
+    ++writes_;
     const auto before = identify();
     if (!before) throw RuntimeFailure(SQLITE_CANTOPEN, "unable to open database file", name_);
     // SQLite takes a file that is shorter than any page for a new database.
@@ -234,14 +233,9 @@ void StoreFile::execute(std::string_view statement) {
     ready();
     const auto compiled = compile(statement, false);
     if (sqlite3_column_count(compiled->statement) != 0) fail(Failure::InvalidCall, statement);
-    writesTo_[gate_.written] = ++writes_;
+    ++writes_;
     if (sqlite3_step(compiled->statement) != SQLITE_DONE) failed(statement);
     if (sqlite3_get_autocommit(handle_) != 0) renewIdentity();
-}
-
-std::uint64_t StoreFile::writes(const std::string& table) const {
-    const auto written = writesTo_.find(table);
-    return written == writesTo_.end() ? opened_ : written->second;
 }
 
 void StoreFile::beginGroup() {

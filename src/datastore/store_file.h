@@ -36,8 +36,6 @@ public:
     RowArray query(std::string_view statement);
     // Statements carried out and files opened so far; another program's write opens the file anew.
     std::uint64_t writes() const { return writes_; }
-    // The same for one table, named as the database names it.
-    std::uint64_t writes(const std::string& table) const;
 
     // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.
     void beginGroup();
@@ -83,8 +81,6 @@ private:
     Identity identity_;
     std::map<std::string, std::unique_ptr<Compiled>, std::less<>> cache_;
     std::uint64_t writes_ = 0;
-    std::uint64_t opened_ = 0;                       // writes_ when the handle was opened
-    std::map<std::string, std::uint64_t> writesTo_;  // writes_ at the last write to a table since then
     int depth_ = 0;
     bool committedEarly_ = false;
 };

@@ -176,7 +176,7 @@ ListRows ClsOrder::GetComboUnits() {
 
 std::shared_ptr<const RowArray> ClsOrder::GetComboItems() {
     leftOpen_ = false;
-    if (const std::uint64_t written = connection_.writes("Item"); !items_ || written != itemsWritten_) {
+    if (const std::uint64_t written = connection_.writes(); !items_ || written != itemsWritten_) {
         items_ = std::make_shared<const RowArray>(
             query("Select ItemId,ItemName,Material,Labor,Qty,SubLabor,Equipment from Item order by ItemName"));
         itemsWritten_ = written;

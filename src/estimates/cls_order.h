@@ -78,7 +78,7 @@ public:
     ListRows GetComboState();
     ListRows GetComboRooms();
     ListRows GetComboUnits();
-    // Key, name, material, labor, default quantity, sub-labor, equipment. Read again only when an item has been written.
+    // Key, name, material, labor, default quantity, sub-labor, equipment. Read again only after a write.
     std::shared_ptr<const RowArray> GetComboItems();
 
 private:
