@@ -1,7 +1,7 @@
 #include "datastore/data_class.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 
 #include "datastore/statement.h"
 #include "values/numbers.h"
@@ -46,7 +46,8 @@ RowArray DataClass::keptPage(std::size_t first) {
         const RowArray keys = query(joined("select ", kept_.key, from));
         for (int row = 0; row < keys.rows(); ++row) kept_.keys.push_back(textOf(keys(0, row)));
     }
-    const auto wanted = kept_.keys | std::views::drop(first) | std::views::take(static_cast<std::size_t>(PageSize));
+    const auto rest = std::span(kept_.keys).subspan(std::min(first, kept_.keys.size()));
+    const auto wanted = rest.first(std::min(rest.size(), static_cast<std::size_t>(PageSize)));
     return query(joined("select *", from, " where ", kept_.key, " in (", listed(wanted), ")"));
 }
 
