@@ -110,7 +110,6 @@ bool ReportList::viewportEvent(QEvent* event) {
     return QTreeView::viewportEvent(event);
 }
 
-// They are fitted when the list gets its size.
 void ReportList::setColumns(const std::vector<Column>& columns) {
     rows_->reset(columns);
     const double scale = fontScale(*this);
@@ -121,6 +120,7 @@ void ReportList::setColumns(const std::vector<Column>& columns) {
         setColumnHidden(static_cast<int>(givenWidths_.size()) - 1, givenWidths_.back() == 0);
     }
     dragged_ = false;
+    fitColumnsSoon();  // also where the list has its size already
 }
 
 void ReportList::fitColumnsSoon() {

@@ -63,7 +63,8 @@ public:
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
                            const QWidget* widget) const override {
         const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-        return isFigure(option) ? size.grownBy({0, 0, figuresKeepOff, 0}) : size;
+        // A header that is measured does not tell on which side its text will stand.
+        return type == CT_HeaderSection || isFigure(option) ? size.grownBy({0, 0, figuresKeepOff, 0}) : size;
     }
 
     // The title of a group stands out from the labels in it.
