@@ -29,6 +29,7 @@ struct NoScreen : EstimateScreen {
 
 struct ListCase {
     const char* name;
+    DataClass& record;
     std::function<void(long page, long& pageCount, const char* direction)> read;
     std::string statement;
     std::string order;
@@ -50,10 +51,11 @@ void comparePages(const ListCase& list, Raw& raw) {
         auto first = [&] { list.read(1, PageCount, "A"); };
         return timed(first);
     });
-    // The first that pays for the keys.
+    // What the screen does in an idle moment is none of the waiting.
     compareAt(", second page", 2, furtherPage, [&] {
         list.read(1, PageCount, "D");
         list.read(1, PageCount, "A");
+        list.record.readAhead();
         auto second = [&] { list.read(2, PageCount, "A"); };
         return timed(second);
     });
@@ -110,22 +112,22 @@ void lists(Sample& sample) {
             [&order, field](long page, long& pages, const char* by) { order.GetSearchOrders(page, pages, field, by); };
     };
     const ListCase cases[] = {
-        {"items by name", itemsBy("ItemName"), items, "ItemName"},
-        {"items by category", itemsBy("CatName"), items, "CatName"},
-        {"items by price", itemsBy("Material"), items, "Material"},
-        {"items by code", itemsBy("ItemCode"), items, "Val(itemcode),itemcode"},
-        {"items found",
+        {"items by name", item, itemsBy("ItemName"), items, "ItemName"},
+        {"items by category", item, itemsBy("CatName"), items, "CatName"},
+        {"items by price", item, itemsBy("Material"), items, "Material"},
+        {"items by code", item, itemsBy("ItemCode"), items, "Val(itemcode),itemcode"},
+        {"items found", item,
          [&](long page, long& pages, const char* by) { item.GetSearchItems(page, pages, "ItemName", by); }, foundItems,
          "ItemName"},
-        {"categories by name", categoriesBy("CatName"), "Select * from Categories ", "CatName"},
-        {"categories by items", categoriesBy("totitm"), "Select * from Categories ", "totitm"},
-        {"customers by name", customersBy("CustName"), customers, "CustName"},
-        {"customers by city", customersBy("BCity"), customers, "BCity"},
-        {"customers found",
+        {"categories by name", category, categoriesBy("CatName"), "Select * from Categories ", "CatName"},
+        {"categories by items", category, categoriesBy("totitm"), "Select * from Categories ", "totitm"},
+        {"customers by name", customer, customersBy("CustName"), customers, "CustName"},
+        {"customers by city", customer, customersBy("BCity"), customers, "BCity"},
+        {"customers found", customer,
          [&](long page, long& pages, const char* by) { customer.GetSearchCustomers(page, pages, "CustName", by); },
          foundCustomers, "CustName"},
-        {"estimates by number", ordersBy("orderno"), orders, "orderno"},
-        {"estimates by customer", ordersBy("CustName"), orders, "CustName"},
+        {"estimates by number", order, ordersBy("orderno"), orders, "orderno"},
+        {"estimates by customer", order, ordersBy("CustName"), orders, "CustName"},
     };
     for (const ListCase& list : cases) comparePages(list, sample.raw);
 }

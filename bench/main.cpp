@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,10 +35,13 @@ int main(int argc, char** argv) {
             bench::Sample::takeATenth();
             named.erase(named.begin());
         }
-        bench::Sample sample(folder);
-        const std::pair<const char*, void (*)(bench::Sample&)> groups[] = {
+        const std::vector<std::pair<std::string, void (*)(bench::Sample&)>> groups = {
             {"lists", bench::lists},     {"estimates", bench::estimates},     {"screens", bench::screens},
             {"masters", bench::masters}, {"reports", bench::sheetAndReports}, {"start", bench::start}};
+        for (const std::string& name : named)
+            if (std::ranges::find(groups, name, &decltype(groups)::value_type::first) == groups.end())
+                throw std::runtime_error("no group is called " + name);
+        bench::Sample sample(folder);
         for (const auto& [name, measure] : groups)
             if (named.empty() || std::ranges::find(named, name) != named.end()) measure(sample);
         if (!bench::allKept()) status = 1;

@@ -39,16 +39,29 @@ bool DataClass::isKept(const std::string& ordered) {
     return kept_.ordered == ordered && kept_.writes == connection_.writes();
 }
 
+// No query of the class: its recordset stays as it is.
+void DataClass::readKeys() {
+    const RowArray rows = connection_.query(joined("select ", kept_.key, " from (", kept_.ordered, ")"));
+    std::vector<std::string> keys;
+    keys.reserve(static_cast<std::size_t>(rows.rows()));
+    for (int row = 0; row < rows.rows(); ++row) keys.push_back(textOf(rows(0, row)));
+    kept_.keys = std::move(keys);
+}
+
+void DataClass::readAhead() {
+    try {
+        if (!kept_.ordered.empty() && kept_.keys.empty() && isKept(kept_.ordered)) readKeys();
+    } catch (const RuntimeFailure&) {
+        // The next page meets it again, and tells it.
+    }
+}
+
 // SQLite leaves the order of a single ordered subquery as it is, and takes a condition on it inside.
 RowArray DataClass::keptPage(std::size_t first) {
-    const std::string from = joined(" from (", kept_.ordered, ")");
-    if (kept_.keys.empty()) {
-        const RowArray keys = query(joined("select ", kept_.key, from));
-        for (int row = 0; row < keys.rows(); ++row) kept_.keys.push_back(textOf(keys(0, row)));
-    }
+    if (kept_.keys.empty()) readKeys();
     const auto rest = std::span(kept_.keys).subspan(std::min(first, kept_.keys.size()));
     const auto wanted = rest.first(std::min(rest.size(), static_cast<std::size_t>(PageSize)));
-    return query(joined("select *", from, " where ", kept_.key, " in (", listed(wanted), ")"));
+    return query(joined("select * from (", kept_.ordered, ") where ", kept_.key, " in (", listed(wanted), ")"));
 }
 
 ListRows DataClass::readPage(std::string_view statement, long Page, long& PageCount, std::string_view FldName,

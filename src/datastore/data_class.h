@@ -20,6 +20,10 @@ public:
     // Rows of the last list read that found any.
     std::int16_t RecordCount = 0;
 
+    // For an idle moment: reads what the next page of the list that was read last would wait for. A failure is that of
+    // the next page, and told by it.
+    void readAhead();
+
 protected:
     // Opens the connection; a missing or damaged database is a RuntimeFailure.
     explicit DataClass(const DataAccess& access);
@@ -62,6 +66,7 @@ private:
         std::vector<std::string> keys;  // of every row, in order; empty before the second read
     };
     bool isKept(const std::string& ordered);
+    void readKeys();
     RowArray keptPage(std::size_t first);
 
     Kept kept_;

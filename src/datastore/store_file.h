@@ -34,7 +34,7 @@ public:
     void ready();
     void execute(std::string_view statement);
     RowArray query(std::string_view statement);
-    // Statements carried out and files opened so far; another program's write opens the file anew.
+    // Writes tried and files opened so far; another program's write opens the file anew.
     std::uint64_t writes() const { return writes_; }
 
     // Groups nest; only the outermost one writes. A failed start leaves no group, a failed end has undone the group.

@@ -8,8 +8,21 @@
 
 namespace torvane {
 
+namespace {
+
+// The rows are painted first.
+constexpr int idleAfterMs = 50;
+
+}  // namespace
+
 PagedList::PagedList(Form& form, const std::string& which, Parts parts)
-    : form_(form), which_(which), parts_(std::move(parts)) {}
+    : form_(form), which_(which), parts_(std::move(parts)) {
+    idle_.setSingleShot(true);
+    idle_.setInterval(idleAfterMs);
+    idle_.callOnTimeout([this] {
+        if (form_.loaded()) parts_.data().readAhead();
+    });
+}
 
 void PagedList::load(std::string_view sortField, int markColumn) {
     Page = 1;
@@ -50,6 +63,7 @@ void PagedList::showRows(const std::optional<RowArray>& rows) {
     list.AddRows(texts);
     for (int row = 0; row < list.RowCount(); ++row)
         if (list.Cell(row, 0) == key) list.selectRow(row);
+    if (PageCount > 1) idle_.start();
 }
 
 void PagedList::RefreshGrid() {

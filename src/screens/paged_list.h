@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRadioButton>
+#include <QTimer>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -49,7 +50,7 @@ public:
         std::function<Controls()> controls;
         std::vector<Column> columns;
         std::function<std::vector<Mode>()> modes = [] { return std::vector<Mode>(); };
-        std::function<const DataClass&()> data;  // knows the size of a page and the count of the rows
+        std::function<DataClass&()> data;  // knows the size of a page and the count of the rows
         Read readAll;
         Read readSearched;
         std::function<std::vector<std::string>(const RowArray& rows, int row)> rowTexts;
@@ -119,6 +120,7 @@ private:
     Form& form_;
     const std::string& which_;
     const Parts parts_;
+    QTimer idle_;  // reads ahead once the rows stand
     std::string Searched;
     std::string FldName;
     std::string AscOrDesc;

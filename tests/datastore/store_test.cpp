@@ -221,6 +221,7 @@ TEST_F(StoreTest, APageShowsWhatWasWrittenSinceItWasReadLast) {
     EXPECT_EQ(numberOf([&] { page(0); }), 5);
     list.PageSize = 1;
     EXPECT_EQ(page(), "3|Hall;");
+    list.readAhead();
     EXPECT_EQ(page(2), "1|Kitchen;");
 }
 

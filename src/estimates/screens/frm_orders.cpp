@@ -23,7 +23,7 @@ PagedList::Parts frmOrders::listParts() {
                     {{"Date", 1200}, "OrderDate"},
                     {{"Customer", 1200}, "CustName"},
                     {{"Amount", 960, true}, "Total"}},
-        .data = [this]() -> const DataClass& { return Order(); },
+        .data = [this]() -> DataClass& { return Order(); },
         .readAll = read,
         .readSearched = read,
         .rowTexts =

@@ -46,7 +46,7 @@ PagedList::Parts frmCategory::listParts() {
                     {"E", "Edit Category", ui().CmdEdit},
                     {"S", "Select Category", ui().CmdSelect}};
         },
-        .data = [this]() -> const DataClass& { return Cat(); },
+        .data = [this]() -> DataClass& { return Cat(); },
         .readAll = [this](auto&&... page) { return Cat().GetAllCategories(page...); },
         .readSearched = [this](auto&&... page) { return Cat().GetSearchCategories(page...); },
         .rowTexts = [this](const RowArray& rows, int row) { return rowTexts(rows, row); },

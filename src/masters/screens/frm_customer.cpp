@@ -32,7 +32,7 @@ PagedList::Parts frmCustomer::listParts() {
                     {"E", "Edit Customer", ui().CmdEdit},
                     {"S", "Select Customer", ui().CmdSelect}};
         },
-        .data = [this]() -> const DataClass& { return Cust(); },
+        .data = [this]() -> DataClass& { return Cust(); },
         .readAll = [this](auto&&... page) { return Cust().GetAllCustomers(page...); },
         .readSearched = [this](auto&&... page) { return Cust().GetSearchCustomers(page...); },
         .rowTexts =

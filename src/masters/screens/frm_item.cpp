@@ -36,7 +36,7 @@ PagedList::Parts frmItem::listParts() {
                     {"E", "Edit Item", ui().CmdEdit},
                     {"S", "Select Item", ui().CmdSelect}};
         },
-        .data = [this]() -> const DataClass& { return Item(); },
+        .data = [this]() -> DataClass& { return Item(); },
         .readAll = [this](auto&&... page) { return Item().GetAllItemsN(page...); },
         .readSearched = [this](auto&&... page) { return Item().GetSearchItems(page...); },
         .rowTexts =
