@@ -15,6 +15,9 @@ function(torvane_room name)
     file(GLOB forms CONFIGURE_DEPENDS ${folder}/*.ui)
     file(GLOB resources CONFIGURE_DEPENDS ${folder}/*.qrc)
     # By hand and not by AUTOUIC, which does not tell ninja what it makes: a changed form would be built one run late.
+    # Each room has a folder for them, which only rooms that link it have on their path.
+    set(CMAKE_CURRENT_BINARY_DIR ${PROJECT_BINARY_DIR}/forms/${name})
+    file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
     set(form_headers)
     if(forms)
       qt6_wrap_ui(form_headers ${forms})
