@@ -6,11 +6,8 @@
 
 namespace torvane {
 
-QVariant HelpPage::loadResource(int type, const QUrl& name) {
-    if (!book_) return {};
-    const QByteArray found = book_->data(source().resolved(name));
-    if (type == QTextDocument::ImageResource) return found;
-    return QString::fromUtf8(found);
+QVariant HelpPage::loadResource(int, const QUrl& name) {
+    return book_ ? book_->data(source().resolved(name)) : QVariant();
 }
 
 void HelpPage::changeEvent(QEvent* event) {

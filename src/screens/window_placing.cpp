@@ -30,8 +30,8 @@ int scrollContents(QWidget& window) {
     auto* layout = new QVBoxLayout(&window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(area);
-    QObject::connect(qApp, &QApplication::focusChanged, area, [area, contents](QWidget*, QWidget* now) {
-        if (now && contents->isAncestorOf(now)) area->ensureWidgetVisible(now);
+    QObject::connect(qApp, &QApplication::focusChanged, contents, [area](QWidget*, QWidget* now) {
+        if (now) area->ensureWidgetVisible(now);
     });
     return area->verticalScrollBar()->sizeHint().width();
 }

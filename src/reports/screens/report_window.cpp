@@ -119,17 +119,16 @@ void ReportWindow::exportTo(const char* kind, const QStringList& endings, Write 
         endings, [&](const QString& ending) { return qstring(*name).endsWith(ending, Qt::CaseInsensitive); });
     const std::string file = ended ? *name : *name + utf8(endings.front());
     if (QFile::exists(qstring(file)) && !program().confirm("File already Exists. Overwrite it?", title)) return;
-    // Comes up by itself when the export takes long; the report stays as it is meanwhile.
-    const auto pages = pages_;
-    QProgressDialog dialog(QStringLiteral("Writing the report"), QStringLiteral("Cancel"), 0, pages->pageCount(),
-                           &window());
-    dialog.setObjectName(QStringLiteral("ExportProgress"));
-    dialog.setWindowModality(Qt::ApplicationModal);
-    const Exported result = write(*pages, file, [&dialog](int page) {
-        dialog.setValue(page);
-        return !dialog.wasCanceled();
-    });
-    dialog.reset();
+    const Exported result = [&, pages = pages_] {  // the report stays as it is meanwhile
+        // Comes up by itself when the export takes long.
+        QProgressDialog dialog(QStringLiteral("Writing the report"), QStringLiteral("Cancel"), 0, pages->pageCount(),
+                               &window());
+        dialog.setWindowModality(Qt::ApplicationModal);
+        return write(*pages, file, [&dialog](int page) {
+            dialog.setValue(page);
+            return !dialog.wasCanceled();
+        });
+    }();
     if (result == Exported::Done) program().say("The report was written to " + file, title);
     if (result == Exported::Failed) program().say(notWritten(file), title);
 }
@@ -140,7 +139,6 @@ void ReportWindow::print() {
     printer.setFullPage(true);
     printer.setDocName(qstring(proposedName()));  // a file to print to is offered under it
     QPrintDialog dialog(&printer, &window());
-    dialog.setObjectName(QStringLiteral("PrintDialog"));
     dialog.setMinMax(1, pages_->pageCount());
     dialog.setFromTo(1, pages_->pageCount());
     dialog.setOption(QAbstractPrintDialog::PrintCurrentPage);
