@@ -69,11 +69,9 @@ std::optional<std::string> chosenName(NameDialog& dialog, const QString& propose
 }  // namespace
 
 ShortDate shortDateOf(const QLocale& locale) {
-    // A year of two digits would be read back as one of another century. What stands between quotes is no year.
+    // A year of two digits would be read back as one of another century.
     static const QRegularExpression year(QStringLiteral("y+"));
-    QStringList pieces = locale.dateFormat(QLocale::ShortFormat).split(QLatin1Char('\''));
-    for (qsizetype piece = 0; piece < pieces.size(); piece += 2) pieces[piece].replace(year, QStringLiteral("yyyy"));
-    QString pattern = pieces.join(QLatin1Char('\''));
+    QString pattern = locale.dateFormat(QLocale::ShortFormat).replace(year, QStringLiteral("yyyy"));
     pattern.removeIf([](QChar sign) { return sign.category() == QChar::Other_Format; });
 
     ShortDate style;
