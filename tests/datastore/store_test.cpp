@@ -79,13 +79,13 @@ TEST_F(StoreTest, RefusedStatementsChangeNothing) {
 }
 
 TEST_F(StoreTest, CellsHaveTheirColumnsKindsAndNames) {
-    // As a file made elsewhere may have them. A float32 has 7 digits, a computed number 15, a date that is none is a
-    // text.
+    // As a file made elsewhere may have them. A float32 has 7 digits, a computed number 15, a date that is written
+    // otherwise is a text.
     folder.execute(
         "pragma ignore_check_constraints = on; insert into OrderItem (OrderNo, ItemId) values (1, 1);"
-        "update OrderInfo set OrderDate = 'soon', Total = 12345678.5 where OrderNo = 2");
+        "update OrderInfo set OrderDate = '4 July 2003', Total = 12345678.5 where OrderNo = 2");
     EXPECT_EQ(rows("select OrderNo, Total, Total*1, OrderDate, SCity from OrderInfo order by OrderNo"),
-              "1|230|230|7/4/2003|~;2|1.234568E+07|12345678.5|soon|~;");
+              "1|230|230|7/4/2003|~;2|1.234568E+07|12345678.5|4 July 2003|~;");
     const RowArray shared = connection.query(
         "SELECT Orderinfo.OrderNo, OrderItem.* FROM orderinfo, OrderItem where orderinfo.OrderNo = OrderItem.OrderNo");
     for (const auto& [name, number] :

@@ -82,7 +82,7 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
         int row = 0;     // in the other one
     } rows[] = {
         {"selected twice", [&] { choice.select(1), choice.select(1); }, "b, b", 1},
-        {"by number, each that fits", [&] { choice.selectItemData(4); }, "a, c", 2},
+        {"by number, each that fits", [&] { choice.selectItemData(4); }, "a, b", 1},
         {"added and found",
          [&] {
              choice.fill({{"z", 5}}), choice.selectItemData(5);
@@ -112,7 +112,7 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     on(form, &list, &ReportList::RightClick, [&] { note("RightClick"); });
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        choice.fill({{"a", 4}, {"b", 5}, {"c", 4}});
+        choice.fill({{"a", 4}, {"b", 4}, {"c", 5}});
         list.clear();
         list.AddRows({{"7", "Brick", "0.50"}, {"8", "Mortar", "4"}, {"9", "Sand", "12"}});
         log.clear();
