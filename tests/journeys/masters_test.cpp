@@ -265,6 +265,7 @@ TEST_F(MastersTest, NamesAreMovedThroughSearchedAddedAndChanged) {
           {"cmdNext; cmdNext", "Roof|Record : 3 of 3"},
           {"cmdPrevious", "Deck|Record : 2 of 3"},
           {"txtSearch=OF; cmdSearch", "Roof|Record : 3 of 3"},
+          {"txtSearch=at; cmdSearch", "Attic|Record : 1 of 3"},
           {"txtSearch=zz; cmdSearch", "Attic|Record : 1 of 3", {ok("No Result found.", "Search")}},
           {"cmdAdd", "|Record : 1 of 3"},
           {"CmdSave", "|Record : 1 of 3", savingName("Empty Data")},
