@@ -35,7 +35,6 @@ bool guardHandle(sqlite3* handle, Gate& gate) {
     };
     sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
     return configure(SQLITE_DBCONFIG_DEFENSIVE, 1) && configure(SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0) &&
-           configure(SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0) &&
            // A word between double quotes is a name and never, by a slip, a text.
            configure(SQLITE_DBCONFIG_DQS_DML, 0) && sqlite3_set_authorizer(handle, authorize, &gate) == SQLITE_OK;
 }

@@ -130,6 +130,7 @@ TEST_F(FindingTest, SearchesInTheChosenColumn) {
     EXPECT_EQ(rows(estimates).at(4), "113|||") << "what is Null is left empty";
     go(estimates, "txtName=12; cmdSearch; CmdAll");
     EXPECT_EQ(keys(estimates), "112") << "the button repeats the search";
+    EXPECT_EQ(find<QAbstractButton>(estimates, "CmdAll").shortcut().toString(), "Alt+A") << "of Show All";
 }
 
 TEST_F(FindingTest, NothingFoundWhileAddingOffersToAdd) {

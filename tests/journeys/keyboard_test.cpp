@@ -155,7 +155,7 @@ TEST_F(KeyboardTest, EveryWindow) {
             window.activateWindow();
             key(window, Qt::Key_Escape);
             const bool machine = row.page == std::string_view("scientific.html");  // it has an Escape of its own
-            EXPECT_EQ(stands && stands->isVisible(), machine);
+            EXPECT_EQ(!stands.isNull(), machine);
             if (machine) closeBox(window);
         };
         choose(row.entry);

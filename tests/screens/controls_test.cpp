@@ -1,8 +1,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLocale>
 #include <QTest>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "screens/probe.h"
@@ -51,7 +53,7 @@ TEST_F(ControlsTest, KeyFilterLooksAtCharactersOnly) {
         std::function<void()> act;
         const char* expected;
     } rows[] = {
-        {"all but digits and points is dropped", [&] { type(box, "-1a. 2,e3"); }, "1.23"},
+        {"all but digits and points is dropped", [&] { type(box, "-1a. 2,e34"), key(box, Qt::Key_Backspace); }, "1.23"},
         {"pasted, a line break as a blank", [&] { paste(box, "1,a\r\n2\t3\n"), type(box, "4"); }, "1,a 2 3 4"},
         {"a soft hyphen, a face, a next line", [&] { press(box, "\u00ad"), press(box, "😀"), press(box, "\u0085"); },
          ""},
@@ -139,6 +141,14 @@ TEST_F(ControlsTest, ColumnsShareWhatIsFreeUntilOneIsDragged) {
     EXPECT_TRUE(list.model()->index(0, 2).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight) << "a price";
     EXPECT_EQ(list.columnWidth(2), view.sizeHintForColumn(2)) << "the one that lacks least is whole";
     EXPECT_EQ(list.header()->length(), list.viewport()->width()) << "the other one has the rest";
+    const auto tip = [&](int row) {
+        QHelpEvent asked(QEvent::ToolTip, list.visualRect(list.model()->index(row, 1)).center(), {});
+        QApplication::sendEvent(list.viewport(), &asked);
+        return utf8(QToolTip::text());
+    };
+    EXPECT_EQ(tip(0), "") << "a text that is seen whole";
+    EXPECT_NE(tip(3).find(std::string(200, 'n')), std::string::npos) << "one that is cut";
+    EXPECT_FALSE(list.header()->sectionsMovable());
     list.setRow(3, {"6", "short", std::string(200, 'n')});
     form.window().resize(300, 700);
     settle();

@@ -59,6 +59,8 @@ TEST_F(FormTest, ModalWindowsOverEachOther) {
             click(*main.second);
             EXPECT_FALSE(main.second->hasFocus());
             main.window().showMinimized();
+            settle();
+            EXPECT_TRUE(main.window().isMinimized());
             main.Show();
             click(*main.second);
             EXPECT_TRUE(main.second->hasFocus() && !main.window().isMinimized());
