@@ -25,7 +25,7 @@ public:
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
 
-    // Commits every open write group; called before the program ends by a failure. Never throws.
+    // Commits every open write group; the last thing that is written before the program ends by a failure. Never throws.
     void commitOpenGroups() noexcept;
 
     // Closes the handle of a file for the time in which it is copied or replaced: an interrupted write is played back

@@ -29,9 +29,7 @@ ColumnKind kindOf(const char* declared) {
 }
 
 Value dateOrText(std::string text) {
-    if (text.size() == 10) {
-        if (const auto date = readDate(text); date && isoText(*date) == text) return *date;
-    }
+    if (const auto date = readDate(text); date && isoText(*date) == text) return *date;
     return text;
 }
 
@@ -179,16 +177,11 @@ void StoreFile::runPastGate(const char* sql) {
     if (result != SQLITE_OK) failed(name_);
 }
 
-std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view statement, bool forCache) {
+std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view statement) {
     const std::string sql = translate(statement, style_);
     auto compiled = std::make_unique<Compiled>();
     const char* tail = nullptr;
-    const unsigned flags = forCache ? SQLITE_PREPARE_PERSISTENT : 0;
-    // The length counts the closing zero byte, which spares SQLite a copy.
-    if (sqlite3_prepare_v3(handle_, sql.c_str(), static_cast<int>(sql.size() + 1), flags, &compiled->statement,
-                           &tail) != SQLITE_OK) {
-        failed(statement);
-    }
+    if (sqlite3_prepare_v2(handle_, sql.c_str(), -1, &compiled->statement, &tail) != SQLITE_OK) failed(statement);
     const auto refuse = [&](const char* why) { throw RuntimeFailure(SQLITE_ERROR, why, std::string(statement)); };
     if (compiled->statement == nullptr) refuse("an empty statement");
     if (*tail != '\0') refuse("text behind the statement");
@@ -198,7 +191,7 @@ std::unique_ptr<StoreFile::Compiled> StoreFile::compile(std::string_view stateme
 
 StoreFile::Compiled& StoreFile::cached(std::string_view statement) {
     if (const auto found = cache_.find(statement); found != cache_.end()) return *found->second;
-    auto compiled = compile(statement, true);
+    auto compiled = compile(statement);
     const int columns = sqlite3_column_count(compiled->statement);
     if (columns == 0 || sqlite3_stmt_readonly(compiled->statement) == 0) fail(Failure::InvalidCall, statement);
     compiled->names = namesOf(compiled->statement);
@@ -231,7 +224,7 @@ RowArray StoreFile::query(std::string_view statement) {
 
 void StoreFile::execute(std::string_view statement) {
     ready();
-    const auto compiled = compile(statement, false);
+    const auto compiled = compile(statement);
     if (sqlite3_column_count(compiled->statement) != 0) fail(Failure::InvalidCall, statement);
     ++writes_;
     if (sqlite3_step(compiled->statement) != SQLITE_DONE) failed(statement);
@@ -240,7 +233,6 @@ void StoreFile::execute(std::string_view statement) {
 
 void StoreFile::beginGroup() {
     if (depth_ == 0) {
-        committedEarly_ = false;
         ready();
         runPastGate("begin immediate");
     }
@@ -248,7 +240,7 @@ void StoreFile::beginGroup() {
 }
 
 void StoreFile::endGroup() {
-    if (depth_ > 1 || !inGroup()) {
+    if (depth_ > 1) {
         --depth_;
         return;
     }
@@ -273,7 +265,6 @@ void StoreFile::commitEarly() {
     if (!inGroup()) return;
     ready();
     commit();
-    committedEarly_ = true;
 }
 
 void StoreFile::settle() {

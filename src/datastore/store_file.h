@@ -60,14 +60,14 @@ private:
         bool sameFile(const Identity& other) const { return device == other.device && inode == other.inode; }
     };
 
-    bool inGroup() const { return depth_ > 0 && !committedEarly_; }
+    bool inGroup() const { return depth_ > 0; }
     std::optional<Identity> identify() const;
     void openHandle();
     void closeHandle();
     // Lets SQLite play an interrupted write back, and closes the file again.
     void playBack(const Logs& logs);
     void renewIdentity();
-    std::unique_ptr<Compiled> compile(std::string_view statement, bool forCache);
+    std::unique_ptr<Compiled> compile(std::string_view statement);
     Compiled& cached(std::string_view statement);
     // Runs statements of our own, which the gate lets through.
     void runPastGate(const char* sql);
@@ -82,7 +82,6 @@ private:
     std::map<std::string, std::unique_ptr<Compiled>, std::less<>> cache_;
     std::uint64_t writes_ = 0;
     int depth_ = 0;
-    bool committedEarly_ = false;
 };
 
 }  // namespace torvane

@@ -156,7 +156,7 @@ TEST_F(StoreTest, AGroupIsSeenAtOnceAndKeptWhateverEndsIt) {
     EXPECT_EQ(numberOf([&] { grouped(connection, [&] { addRoom(), grouped(another, fail); }); }), SQLITE_CONSTRAINT);
     EXPECT_EQ(rooms(), "3");
     grouped(connection, [&] {
-        addRoom();
+        grouped(another, [&] { addRoom(); });
         EXPECT_EQ(dump(another.query("select count(*) from Rooms")), "4;");
         EXPECT_EQ(rooms(), "3") << "as other programs see it";
         EXPECT_EQ(numberOf([&] { store.settle(file); }), SQLITE_BUSY);
