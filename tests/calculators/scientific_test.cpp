@@ -46,7 +46,7 @@ protected:
     // What the display shows after these keys, and the number of the failure that they end in; a message may come.
     std::string after(const std::string& keys, const std::string& message = "") {
         Calculator calculator(store);
-        if (!message.empty()) calculator.host.expectOk(message, std::string(defaultTitle));
+        if (!message.empty()) calculator.host.expect(ok(message, std::string(defaultTitle)));
         calculator.press(keys);
         calculator.host.verify();
         const std::string display = find<TextBox>(calculator.form, "Text1").Text();

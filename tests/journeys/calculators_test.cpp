@@ -61,9 +61,8 @@ TEST_F(CalculatorsTest, StandBesideTheEstimateWithResultsToCopy) {
         trigger(find<QAction>(*QApplication::activePopupWidget(), entry));
         EXPECT_EQ(visible(*standing(window), {frame}), frame);
     }
-    QWidget& roofing = *standing("frmCalculator4");
-    EXPECT_EQ(text(roofing, "cmbTab37"), "4 in 12");
-    EXPECT_TRUE(find<TextBox>(roofing, "txtTab37_3").isReadOnly());
+    EXPECT_EQ(text(*standing("frmCalculator4"), "cmbTab37"), "4 in 12");
+    EXPECT_TRUE(find<TextBox>(*standing("frmCalculator4"), "txtTab37_3").isReadOnly());
 }
 
 }  // namespace

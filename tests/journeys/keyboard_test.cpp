@@ -147,7 +147,7 @@ TEST_F(KeyboardTest, EveryWindow) {
         SCOPED_TRACE(row.entry);
         const auto visit = [&](QWidget& window) {
             expectTabsThrough(window, row.focus);
-            if (*row.enter) host.expectOk("Please Enter Estimate No.", "Search Estimate");
+            if (*row.enter) host.expect(ok("Please Enter Estimate No.", "Search Estimate"));
             expectPressed(window, row.enter);
             expectHelp(window, row.page);
             if (row.question) host.expect(*row.question);

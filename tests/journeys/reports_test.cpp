@@ -227,7 +227,7 @@ TEST_F(ReportsTest, TurnsAndPrintsPages) {
 TEST_F(ReportsTest, AFieldThatTheDataLackIsSaidAndLeftEmpty) {
     data.execute("alter table Customer drop column BFax");
     for (int more = 0; more < 10; ++more) data.execute("insert into Customer (CustName) values ('More')");
-    host.expectOk("A part of the report is left empty. BFax: the data have no such field", title);
+    host.expect(ok("A part of the report is left empty. BFax: the data have no such field", title));
     go(customersReport(), "cmdNext");
     EXPECT_TRUE(page("DataReport2").find("More") != std::string::npos);
 }

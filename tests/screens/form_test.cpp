@@ -66,13 +66,11 @@ TEST_F(FormTest, ModalWindowsOverEachOther) {
             EXPECT_TRUE(main.second->hasFocus() && !main.window().isMinimized());
             closeBox(top);
             EXPECT_EQ(QApplication::activeModalWidget(), &entry.window());
-            note("list closed");
         });
         run([&] { list.ShowModal(); });
         closeBox(entry.window());
     });
     run([&] { entry.ShowModal(); });
-    EXPECT_EQ(log, "list closed");
 }
 
 // Also when the main window has gone.

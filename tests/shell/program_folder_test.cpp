@@ -32,12 +32,9 @@ protected:
     FileSystem files;
 };
 
-TEST_F(ProgramFolderTest, PortableKeepsAllBesideTheProgram) {
+TEST_F(ProgramFolderTest, AllIsBesideTheProgramOrEachUserHasHisOwn) {
     EXPECT_EQ(folder(), installed);
     EXPECT_FALSE(fs::exists(ofUser));
-}
-
-TEST_F(ProgramFolderTest, EachUserHasHisOwnData) {
     install("", {"per-user"});
     // A first start that was cut short is made good.
     fs::create_directories(ofUser.string() + ".new");

@@ -28,7 +28,6 @@ public:
         std::function<void()> meanwhile = {};  // runs while the box stands
     };
     void expect(Box box) { boxes_.push_back(std::move(box)); }
-    void expectOk(std::string text, std::string title) { expect({std::move(text), std::move(title)}); }
     // Fails the test if an expected box or file dialog has not come; the queues are empty afterwards.
     void verify() {
         for (const Box& box : boxes_) ADD_FAILURE() << "box that did not come: " << box.text;
