@@ -107,9 +107,7 @@ void HelpBook::readProject() {
             keywords_.append({attribute(xml, "name"), address(attribute(xml, "ref"))});
         }
     }
-    std::ranges::stable_sort(keywords_, [](const HelpTopic& one, const HelpTopic& other) {
-        return one.text.compare(other.text, Qt::CaseInsensitive) < 0;
-    });
+    std::ranges::stable_sort(keywords_, {}, [](const HelpTopic& topic) { return topic.text.toLower(); });
 }
 
 QUrl HelpBook::contentsPage() const {

@@ -24,14 +24,14 @@ std::string oneLine(std::string text) {
 ReportPages::ReportPages(const ReportLayout& layout, ReportRows rows, ShortDate dates)
     : layout_(&layout), rows_(std::move(rows)), dates_(std::move(dates)) {
     pages_.emplace_back();
-    place(layout_->reportHeader, -1);
-    place(layout_->pageHeader, -1);
+    place(layout_->reportHeader);
+    place(layout_->pageHeader);
     for (const ReportRows::Group& group : rows_.groups()) {
         place(layout_->groupHeader, group.front());
         for (const int row : group) place(layout_->detail, row);
         place(layout_->groupFooter, group.front());
     }
-    place(layout_->reportFooter, -1);
+    place(layout_->reportFooter);
 }
 
 // A band never splits: one that does not fit goes to the next page, under the page header.
@@ -40,7 +40,7 @@ void ReportPages::place(const Band& band, int row) {
     if (top_ + band.height > bottom && !pages_.back().empty()) {
         pages_.emplace_back();
         top_ = pageMargin;
-        place(layout_->pageHeader, -1);
+        place(layout_->pageHeader);
     }
     pages_.back().push_back({&band, row, top_});
     top_ += band.height;

@@ -39,7 +39,7 @@ private:
         int row;  // -1: a band without a row, and so without data of one
         int top;
     };
-    void place(const Band& band, int row);
+    void place(const Band& band, int row = -1);
     void fill(Placed& placed, int row) const;
 
     const ReportLayout* layout_;

@@ -16,7 +16,7 @@ void PageScroll::keyPressEvent(QKeyEvent* event) {
     const bool up = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_Up;
     const int direction = down ? 1 : -1;
     if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
-        emit TurnToEnd(event->key() == Qt::Key_Home ? -1 : 1);
+        emit TurnToEnd(event->key() == Qt::Key_End);
     else if ((down || up) && atEnd(direction))
         emit Turn(direction);
     else

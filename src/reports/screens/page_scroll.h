@@ -12,9 +12,9 @@ public:
     using QScrollArea::QScrollArea;
 
 signals:
-    void Turn(int pages);           // 1 or -1
-    void TurnToEnd(int direction);  // to the last page: 1, to the first: -1
-    void Zoom(int steps);           // 1 or -1
+    void Turn(int pages);       // 1 or -1
+    void TurnToEnd(bool last);  // to the last page, or to the first
+    void Zoom(int steps);       // 1 or -1
     void Resized();
 
 protected:

@@ -49,8 +49,7 @@ void ReportWindow::Form_Load() {
     on(*this, ui().cmbZoom, &DropList::Click, [this] { zoom(); });
     ui().cmbZoom->selectItemData(100);
     on(*this, ui().scroll, &PageScroll::Turn, [this](int pages) { turn(pages); });
-    on(*this, ui().scroll, &PageScroll::TurnToEnd,
-       [this](int direction) { showPage(direction < 0 ? 0 : pages_->pageCount() - 1); });
+    on(*this, ui().scroll, &PageScroll::TurnToEnd, [this](bool last) { showPage(last ? pages_->pageCount() - 1 : 0); });
     on(*this, ui().scroll, &PageScroll::Resized, [this] { zoom(); });
     on(*this, ui().scroll, &PageScroll::Zoom, [this](int steps) {
         const int last = static_cast<int>(std::size(zoomSteps)) - 1;
