@@ -31,7 +31,7 @@ namespace torvane {
 namespace {
 
 // Sanitizers leave with numbers of their own.
-enum Ending { allStepsDone = 0, runTimeError = 70, lastWindowGone = 71, pastTheGuard = 72 };
+enum Ending { allStepsDone = 0, programEnded = 70, pastTheGuard = 72 };
 
 using Dice = QRandomGenerator;
 
@@ -144,12 +144,12 @@ int run(int argc, char** argv, unsigned seed, int& left, const std::string& fold
     Store store(host.shortDate());
     FileSystem files;
     const Monkey monkey(dice, left);
-    Program program({host, store}, [](int) { std::_Exit(runTimeError); });
+    Program program({host, store}, [](int) { std::_Exit(programEnded); });
     application.setLastNet([](const RuntimeFailure& failure) {
         std::fprintf(stderr, "past the guard: %d %s\n", failure.number(), failure.text().c_str());
         std::_Exit(pastTheGuard);
     });
-    program.lastWindow().onGone([] { std::_Exit(lastWindowGone); });
+    program.lastWindow().onGone([] { std::_Exit(programEnded); });
     Screens screens(program, files, false,
                     [](const std::string& file) { return std::make_unique<AnimatedAssistant>(file); });
     program.guarded([&screens] { screens.mainMenu.Show(); });
@@ -184,9 +184,7 @@ int main(int argc, char** argv) {
         ::waitpid(child, &status, 0);
         const int ending = WIFEXITED(status) ? WEXITSTATUS(status) : torvane::pastTheGuard;
         const std::string database = data.cell("pragma integrity_check");
-        const bool allowed =
-            ending == torvane::allStepsDone || ending == torvane::runTimeError || ending == torvane::lastWindowGone;
-        if (allowed && database == "ok") continue;
+        if ((ending == torvane::allStepsDone || ending == torvane::programEnded) && database == "ok") continue;
         std::printf("seed %u, %d steps: %d left, status %d, database %s\n", seed, steps, left, status,
                     database.c_str());
         return 1;
