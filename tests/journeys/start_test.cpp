@@ -29,7 +29,8 @@ TEST_F(StartTest, GreetsAndThenShowsItsMenus) {
     EXPECT_EQ(calls, (Texts{"Show", "MoveTo 100 100", "Play Wave", "Speak Hello", "Play Greet",
                             "Speak Welcome to Torvane Construction Estimator", "Hide"}));
     QWidget& window = screens->mainMenu.window();
-    EXPECT_EQ(visible(window, {"Frame2"}) + text(window, "Label1"), "Frame2TORVANE Construction Estimator Ver. 2.0");
+    EXPECT_EQ(utf8(window.windowTitle()) + ", " + visible(window, {"Frame2"}) + ", " + text(window, "Label1"),
+              "Main Menu, Frame2, TORVANE Construction Estimator Ver. 2.0");
     std::string menus;
     for (const char* button : {"cmd_Files", "cmd_Masters", "cmd_Estimates", "cmd_Calculators", "cmd_Reports"}) {
         click(window, button);
