@@ -85,11 +85,6 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     } rows[] = {
         {"selected twice", [&] { choice.select(1), choice.select(1); }, "b, b", 1},
         {"by number, each that fits", [&] { choice.selectItemData(4); }, "a, b", 1},
-        {"added and found",
-         [&] {
-             choice.fill({{"z", 5}}), choice.selectItemData(5);
-         },
-         "z", 0},
         {"none", [&] { choice.select(0), choice.selectItemData(6), choice.select(-1); }, "a"},
         {"picked twice", [&] { pickInList(choice, 1), pickInList(choice, 1); }, "b, b", 1},
         {"arrows to choose", [&] { key(choice, Qt::Key_Down), key(choice, Qt::Key_Down); }, "a, b", 1},
@@ -167,8 +162,7 @@ TEST_F(ControlsTest, DateBoxTakesWhatIsTypedInTheMachinesOrder) {
         std::vector<Qt::Key> keys;
         const char* typed;
         const char* expected;  // as the box shows it then
-    } rows[] = {{"en_US", {}, "3/5/2026", "3/5/2026"},
-                {"en_US", {}, "1/1/1601", "1/1/1601"},
+    } rows[] = {{"en_US", {}, "1/1/1601", "1/1/1601"},
                 {"en_US", {}, "12/31/1600", "11/23/2026"},
                 {"en_US", {}, "12/31/9999", "12/31/9999"},
                 {"en_US", {Qt::Key_Home}, "3/5/2026", "3/5/2026"},
