@@ -32,6 +32,7 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     auto& box = find<TextBox>(help, "txtSearch");
     auto& found = find<QListWidget>(help, "lstFound");
     EXPECT_TRUE(box.hasFocus());
+    EXPECT_GT(found.count(), 100);
     type(box, "restore");
     key(box, Qt::Key_Return);
     EXPECT_EQ(page(), "backup.html");
