@@ -50,7 +50,7 @@ void DataClass::readKeys() {
 
 void DataClass::readAhead() {
     try {
-        if (!kept_.ordered.empty() && kept_.keys.empty() && isKept(kept_.ordered)) readKeys();
+        if (kept_.keys.empty() && isKept(kept_.ordered)) readKeys();
     } catch (const RuntimeFailure&) {
         // The next page meets it again, and tells it.
     }

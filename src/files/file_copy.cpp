@@ -50,12 +50,11 @@ long FileSystem::read(int file, char* bytes, std::size_t count) {
     return TEMP_FAILURE_RETRY(::read(file, bytes, count));
 }
 
-bool FileSystem::write(int file, const char* bytes, std::size_t count) {
-    while (count > 0) {
-        const ssize_t written = TEMP_FAILURE_RETRY(::write(file, bytes, count));
+bool FileSystem::write(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = TEMP_FAILURE_RETRY(::write(file, bytes.data(), bytes.size()));
         if (written <= 0) return false;
-        bytes += written;
-        count -= static_cast<std::size_t>(written);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
 }
@@ -104,7 +103,7 @@ bool copyBytes(FileSystem& files, int source, int target) {
     for (;;) {
         const long got = files.read(source, bytes.data(), bytes.size());
         if (got <= 0) return got == 0;
-        if (!files.write(target, bytes.data(), static_cast<std::size_t>(got))) return false;
+        if (!files.write(target, {bytes.data(), static_cast<std::size_t>(got)})) return false;
     }
 }
 
@@ -134,7 +133,7 @@ bool copyFile(FileSystem& files, const std::string& from, const std::string& to)
 }
 
 bool writeFile(FileSystem& files, const std::string& to, std::string_view content) {
-    return replaceFile(files, to, "", [&](int target) { return files.write(target, content.data(), content.size()); });
+    return replaceFile(files, to, "", [&](int target) { return files.write(target, content); });
 }
 
 }  // namespace torvane

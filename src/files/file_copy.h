@@ -25,7 +25,7 @@ public:
     virtual void setPermissions(int file, const std::string& target, const std::string& model);
     // Bytes read, 0 at the end, -1 on failure.
     virtual long read(int file, char* bytes, std::size_t count);
-    virtual bool write(int file, const char* bytes, std::size_t count);
+    virtual bool write(int file, std::string_view bytes);
     virtual bool sync(int file);
     virtual void close(int file);
     virtual bool rename(const std::string& from, const std::string& to);

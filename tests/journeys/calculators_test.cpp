@@ -47,7 +47,7 @@ TEST_F(CalculatorsTest, TabsOfGroup1CloseGroups2And3AndTheScientificCalculator) 
     go(group1, "Command2");
     EXPECT_EQ(open(), "frmCalculator4");
     choose("mnucalc1_3");
-    EXPECT_EQ(text(*standing("frmCalculators"), "txtTab3_4"), "") << "a new window is empty";
+    EXPECT_EQ(texts(*standing("frmCalculators"), {"txtTab1_BlockSize", "txtTab3_4"}), "16|") << "a new window";
 }
 
 // In place of the notes that a user would carry from one window to the other.

@@ -328,6 +328,7 @@ TEST_F(EstimateTest, TheSheetCollectsItemsAndMovesThemToTheEstimate) {
     auto& tree = find<CategoryTree>(sheetWindow, "TreeCategory");
     EXPECT_TRUE(tree.viewport()->rect().contains(tree.visualRect(nodeOf(tree, "Brick")).center()))
         << "opens with the end in sight";
+    EXPECT_EQ(tree.selectedKey(), "R");
     QWidget& order = screens->order.window();
     go(order, "cmbUnits=Bag");
     take(sheetWindow, {"Categories", "Framing"});

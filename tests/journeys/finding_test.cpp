@@ -147,6 +147,8 @@ TEST_F(FindingTest, NothingFoundWhileAddingOffersToAdd) {
     const QWidget& categories = opened("SubMnuAddCat");
     go(categories, "txtCatName=Tiles; cmdSearch", {yes(offer("Category"), "Inventory"), ok("Category Added ")});
     EXPECT_EQ(rows(categories), Texts{"2|Tiles|0|"}) << "what was added is what is searched for";
+    go(categories, "CmdAll");
+    EXPECT_EQ(keys(categories), "1 2");
 }
 
 TEST_F(FindingTest, PagesOfFifteen) {
@@ -209,6 +211,7 @@ TEST_F(FindingTest, AnEstimateIsDeletedByItsNumber) {
     EXPECT_EQ(standing("FrmOrderNo"), nullptr) << "the estimate screen closes the prompt";
     QWidget& order = screens->order.window();
     EXPECT_EQ(utf8(order.windowTitle()) + text(order, "TxtOrder"), "Delete Estimate3");
+    EXPECT_EQ(visible(order, {"cmdAdd", "cmdDel", "CmdSave", "CmdDeleteOrder"}), "CmdDeleteOrder");
     const TestHost::Box keep = no("Are you sure you want to Delete Estimate No.  3", "Estimate deletion");
     go(order, "CmdDeleteOrder", {keep});
     EXPECT_EQ(lines(3).size(), 2U);

@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTreeWidget>
 #include <algorithm>
 
 #include "calculators/screens/tab_strip.h"
@@ -95,8 +96,10 @@ protected:
         for (auto* box : window.findChildren<TextBox*>()) {
             if (!takesFocus(*box) || box->isReadOnly()) continue;
             SCOPED_TRACE(utf8(box->objectName()));
-            for (const Qt::Key one : {Qt::Key_Up, Qt::Key_Return}) key(*box, one);
-            EXPECT_EQ(std::exchange(log, ""), pressed == "next" ? buttonAfter(*box) : pressed) << "Enter";
+            key(*box, Qt::Key_Up);
+            log += "|";
+            key(*box, Qt::Key_Return);
+            EXPECT_EQ(std::exchange(log, ""), "|" + (pressed == "next" ? buttonAfter(*box) : pressed)) << "Enter";
         }
         EXPECT_TRUE(window.isVisible());
     }
@@ -107,6 +110,9 @@ protected:
         key(window, Qt::Key_F1);
         const auto shown = [] { return utf8(find<QTextBrowser>(*standing("frmHelp"), "Page").source().fileName()); };
         EXPECT_EQ(shown(), page);
+        EXPECT_TRUE(find<QWidget>(*standing("frmHelp"), "Page").hasFocus());
+        const auto& line = *find<QTreeWidget>(*standing("frmHelp"), "TreeContents").currentItem();
+        EXPECT_TRUE(line.childCount() == 0 || line.isExpanded());
         go(*standing("frmHelp"), "cmdContents");
         EXPECT_EQ(shown(), "index.html");
         EXPECT_TRUE(window.isVisible());

@@ -62,9 +62,9 @@ public:
     long read(int file, char* bytes, std::size_t count) override {
         return fails() ? -1 : FileSystem::read(file, bytes, count);
     }
-    bool write(int file, const char* bytes, std::size_t count) override {
-        const bool failing = fails([&] { FileSystem::write(file, bytes, count / 2); }, true);
-        return !failing && FileSystem::write(file, bytes, count);
+    bool write(int file, std::string_view bytes) override {
+        const bool failing = fails([&] { FileSystem::write(file, bytes.substr(0, bytes.size() / 2)); }, true);
+        return !failing && FileSystem::write(file, bytes);
     }
     bool sync(int) override { return !fails(); }
     bool rename(const std::string& from, const std::string& to) override {

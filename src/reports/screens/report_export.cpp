@@ -28,12 +28,11 @@ Exported paint(QPagedPaintDevice& paper, const ReportPages& pages, const std::ve
     QPainter painter;
     if (!painter.begin(&paper)) return Exported::Failed;
     const double scale = static_cast<double>(paper.logicalDpiX()) / twipsPerInch;
+    painter.scale(scale, scale);
     int sheet = 0;
     for (const int number : order) {
         if (!progress(sheet)) return Exported::Cancelled;
         if (sheet++ > 0 && !paper.newPage()) return Exported::Failed;
-        painter.resetTransform();
-        painter.scale(scale, scale);
         paintPage(painter, pages.page(number));
     }
     return painter.end() ? Exported::Done : Exported::Failed;
