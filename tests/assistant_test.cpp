@@ -67,7 +67,7 @@ frame still 0 0 : box
 frame wave 0 0 : box green
 frame gone 0 -10 : red
 animation Idle : still 1000 still 100
-animation Speaking : still 100
+animation Speaking : still 20
 animation Arriving : still 50 still 50
 animation Leaving : gone 50
 animation Wave : still 10000 wave 300

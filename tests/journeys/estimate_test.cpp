@@ -92,7 +92,7 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
           {"CmdEdit", "Deck|3|Each|Joist|10|4|5|6|45"}});
     EXPECT_EQ(rows(order),
               (Texts{"1|Deck|3|Each|Joist|30|4|5|6|45|2|1", "3|Deck|100|Each|Brick|50|20|0|1.25|71.25|2|1"}));
-    go(order, "cmdEditCanc; txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake");
+    go(order, "cmdEditCanc; txtTaxPer=8; txtOHPer=10 or so; txtNotes=By the lake; txtFinalTotal=1");
     EXPECT_EQ(shown(totals), "116.25|9.3|11.625|137.175");
     key(find<QWidget>(order, "TxtDate"), Qt::Key_Up);  // a month more
     go(order, "CmdSave", {saved});

@@ -144,8 +144,10 @@ TEST_F(ControlsTest, ColumnsShareWhatIsFreeUntilOneIsDragged) {
     EXPECT_EQ(tip(0), "") << "a text that is seen whole";
     EXPECT_NE(tip(3).find(std::string(200, 'n')), std::string::npos) << "one that is cut";
     EXPECT_FALSE(list.header()->sectionsMovable());
-    list.setRow(3, {"6", "short", std::string(200, 'n')});
     form.window().resize(300, 700);
+    settle();
+    EXPECT_EQ(list.header()->length(), list.viewport()->width()) << "in a narrower window, too";
+    list.setRow(3, {"6", "short", std::string(200, 'n')});
     settle();
     EXPECT_EQ(list.columnWidth(1), std::max(view.sizeHintForColumn(1), list.header()->sectionSizeHint(1)))
         << "what it does not need goes to the one that cuts its text";
