@@ -179,7 +179,7 @@ TEST_F(EstimateTest, FirstUseWithEmptyLists) {
 
 TEST_F(EstimateTest, OpenedToEdit) {
     data.execute("update OrderInfo set Notes = 'Old\u00a0' || char(13, 10) || 'note' where OrderNo = 3");
-    QWidget& order = openEstimate("E", 3);
+    QWidget& order = openEstimate(3);
     EXPECT_EQ(shown({"TxtOrder", "txtTaxPer", "txtOHPer", "txtNotes"}), "3|8|10|Old\u00a0\r\nnote");
     EXPECT_EQ(enabled(order, {"TxtOrder", "CmdSave"}), "CmdSave");
     EXPECT_EQ(shown(address), "Ann Lee|9 Oak|||Oregon|||||");
@@ -194,7 +194,7 @@ TEST_F(EstimateTest, OpenedToEdit) {
 }
 
 TEST_F(EstimateTest, AnEditedLineIsAppliedOrDropped) {
-    QWidget& order = openEstimate("E", 3);
+    QWidget& order = openEstimate(3);
     const std::string editing = "cmdEditApply cmdEditCanc CmdEdit cmdDel CmdSelCust CmdNewCust CmdSave";
     const std::string adding = "cmdAdd CmdEdit cmdDel CmdSelCust CmdNewCust CmdSave";
     const auto look = [&] { return shown(panel) + "\n" + visible(order, modeButtons) + "\n" + firstRow(); };
@@ -222,7 +222,7 @@ TEST_F(EstimateTest, WhatApplyingChecksAndKeeps) {
         data.execute(
             "delete from OrderItem where OrderNo = 3; insert into OrderItem values (3,1,2.5,25,2,1,5,4,0),"
             "(3,3,100,50,3,2,0,20,1.25),(3,1,1,1,1,2,0,0,0)");
-        QWidget& order = openEstimate("E", 3);
+        QWidget& order = openEstimate(3);
         go(order, std::string("row 0 twice; ") + steps, {box});
         EXPECT_EQ(firstRow(), row);
         go(order, "CmdSave; close", {saved});
@@ -245,21 +245,21 @@ TEST_F(EstimateTest, WhatIsGoneOrNullInASavedEstimate) {
         {"delete from Item where ItemId = 3", "3|Deck|100|Each||50|20|0|1.25|71.25|2|1"}};
     for (const auto& [statement, second] : gone) {
         data.execute(statement);
-        EXPECT_EQ(rows(openEstimate("E", 3)).at(1), second);
+        EXPECT_EQ(rows(openEstimate(3)).at(1), second);
         closeBox(*standing("frmOrder"));
     }
     QWidget& fresh = newEstimate();
     go(fresh, "CmdSave; close", {ok("Select Customer ", "Estimate"), invalid});  // closing has emptied the record
     data.execute(
         "delete from Customer where CustId = 8; update OrderInfo set Tax = null, Notes = null where OrderNo = 5");
-    QWidget& order = openEstimate("E", 5);
+    QWidget& order = openEstimate(5);
     EXPECT_EQ(shown({"TxtCustomer", "cmbSState", "txtTaxPer"}), "Ann Lee|Alabama|0")
         << "the customer before, the first state";
     go(order, "CmdSave; close", {saved});
     EXPECT_EQ(data.cell("select CustId, SState from OrderInfo where OrderNo = 5"), "8|1");
     for (const auto& [column, ended] : {std::pair{"OrderDate", "13 "}, {"CustId", "94 "}}) {
         data.execute(std::string("update OrderInfo set ") + column + " = null");
-        EXPECT_EQ(endedBy([&] { openEstimate("E", 3); }), ended) << column;
+        EXPECT_EQ(endedBy([&] { openEstimate(3); }), ended) << column;
     }
 }
 
@@ -285,7 +285,7 @@ TEST_F(EstimateTest, AreaPanelMovesAQuantity) {
 TEST_F(EstimateTest, SharedNotesAreWrittenImportedAndCopied) {
     QWidget& notes = opened("mnuBlank");
     go(notes, "rtfNotes=It's wet.");
-    QWidget& order = openEstimate("E", 3);
+    QWidget& order = openEstimate(3);
     const auto look = [&] { return visible(order, {"frmNotes"}) + "|" + texts(order, {"rtfNotes", "txtNotes"}); };
     EXPECT_EQ(look(), "||Old note");
     const std::string stored = "Good for 30 days.\nHalf is due on signing.";

@@ -67,7 +67,7 @@ TEST_F(JourneyTest, EndsInTheRunTimeErrorBox) {
             start();
             if (!*row.steps) data.execute(row.broken);
             for (const QString& entry : QString(row.opened).split("; "))
-                entry == "edit" ? void(openEstimate("E", 3)) : choose(utf8(entry));
+                entry == "edit" ? void(openEstimate(3)) : choose(utf8(entry));
             data.execute(row.broken);
             // The form in which a record is entered.
             if (std::string_view(row.during) == "saving the record")

@@ -58,9 +58,9 @@ TEST_F(FilesTest, BackupIsAskedForAndWritten) {
 
 TEST_F(FilesTest, RestoreUnderOpenScreens) {
     data.execute("pragma journal_mode = wal");  // which would leave files beside the one
-    QWidget& order = openEstimate("E", 3);
+    QWidget& order = openEstimate(3);
     choose("mnuBlank");
-    QWidget& list = customers("E");
+    QWidget& list = opened("SubMnuEditCust");
     backUp(file("then.bak"), {exported});
     data.execute("update Customer set CustName = 'Ann Now' where CustId = 7");
     go(list, "CmdAll");
@@ -94,7 +94,7 @@ TEST_F(FilesTest, WhatIsRestoredIsWhatTheNextQueryMeets) {
         const char* ended = nullptr;  // by the next query
     };
     write(data.database(), good);
-    QWidget& window = customers("E");
+    QWidget& window = opened("SubMnuEditCust");
     for (const Row& row :
          {Row{"data.BAK", "x", ok("Not a Backup of database file", "Error while importing")},
           Row{"none.bak", "", ok("File not found.", "File Import")},

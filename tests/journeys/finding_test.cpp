@@ -218,7 +218,7 @@ TEST_F(FindingTest, AnEstimateIsDeletedByItsNumber) {
     go(order, "CmdDeleteOrder", {yes(keep.text, keep.title), ok("Order Deleted", "")});
     EXPECT_EQ(standing("frmOrder"), nullptr);
     EXPECT_EQ(data.rows("select OrderNo from OrderInfo union all select OrderNo from OrderItem"), (Texts{"5", "5"}));
-    QWidget& edited = openEstimate("E", 5);
+    QWidget& edited = openEstimate(5);
     go(opened("mnuDelEstimate"), "CmdCancel");
     go(edited, "TxtScity=Elsewhere; CmdSave", {ok("Estimate Saved")});
     EXPECT_EQ(data.cell("select SCity from OrderInfo"), "null")

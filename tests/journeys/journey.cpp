@@ -62,16 +62,9 @@ QWidget& JourneyTest::opened(std::string_view entryName) {
     return *QApplication::activeWindow();
 }
 
-QWidget& JourneyTest::openEstimate(std::string_view mode, int number) {
-    if (mode == "D")
-        go(opened("mnuDelEstimate"), "TxtGetOrderNo=" + std::to_string(number) + "; cmdOk");
-    else
-        go(opened("mnuEditEstimate"), "txtName=" + std::to_string(number) + "; cmdSearch; CmdSelect");
+QWidget& JourneyTest::openEstimate(int number) {
+    go(opened("mnuEditEstimate"), "txtName=" + std::to_string(number) + "; cmdSearch; CmdSelect");
     return screens->order.window();
-}
-
-QWidget& JourneyTest::customers(std::string_view mode) {
-    return opened(mode == "A" ? "SubMnuAddCust" : mode == "E" ? "SubMnuEditCust" : "SubMnuDelCust");
 }
 
 Texts JourneyTest::lines(int number) const {

@@ -32,10 +32,8 @@ protected:
     // The window that an entry of the menu opens, or brings up when it stands already; starts the program if need be.
     QWidget& opened(std::string_view entryName);
     QWidget& newEstimate() { return opened("mnuNewEstimate"); }
-    // The estimate screen with a saved estimate in mode "E" or "D".
-    QWidget& openEstimate(std::string_view mode, int number);
-    // The customer list, to add ("A"), edit ("E") or delete ("D").
-    QWidget& customers(std::string_view mode);
+    // The estimate screen with a saved estimate to edit.
+    QWidget& openEstimate(int number);
 
     // The lines of an estimate as they are saved.
     Texts lines(int number) const;

@@ -47,7 +47,7 @@ protected:
 // --- Customers -------------------------------------------------------------------------------------------------------
 
 TEST_F(MastersTest, ACustomerIsAddedOnceAndNotTwice) {
-    QWidget& window = customers("A");
+    QWidget& window = opened("SubMnuAddCust");
     inForm(window, "txtCustName=Cara Moe; cmdAdd", [&](QWidget& form) {
         EXPECT_EQ(utf8(form.windowTitle()) + texts(form, customerBoxes), "Customer InfoCara Moe||||Alabama|||||||");
         go(form,
@@ -73,7 +73,7 @@ TEST_F(MastersTest, ACustomerIsAddedOnceAndNotTwice) {
 }
 
 TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
-    QWidget& window = customers("E");
+    QWidget& window = opened("SubMnuEditCust");
     inForm(window, "OptName; txtCustName=Ann; cmdSearch; CmdEdit", [&](QWidget& form) {
         EXPECT_EQ(texts(form, customerBoxes),
                   "Ann Lee|1 Elm|Apt 2|Salem|Oregon|97301|USA|555-1|555-2|555-3|ann@example.com|www");
@@ -90,7 +90,7 @@ TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
 }
 
 TEST_F(MastersTest, ACustomerIsLookedAtByADoubleClickAndDeletedAfterAQuestion) {
-    QWidget& window = customers("D");
+    QWidget& window = opened("SubMnuDelCust");
     inForm(window, "row 0 twice", [&](QWidget& form) {
         EXPECT_EQ(visible(form, {"cmdOk", "CmdSave", "CmdCancel"}) + enabled(form, customerBoxes), "CmdCancel");
         go(form, "CmdCancel");

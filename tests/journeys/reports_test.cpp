@@ -84,7 +84,7 @@ TEST_F(ReportsTest, TheProposalShowsWhatIsSaved) {
            "appear in the print out.",
            std::string(defaultTitle))};
     data.execute("update Customer set CustName = 'Ann/Lee' where CustId = 7; delete from OrderItem where ItemId = 3");
-    QWidget& order = openEstimate("E", 3);
+    QWidget& order = openEstimate(3);
     go(order, "cmbItems=Joist; cmbRooms=Attic; cmdAdd; Command1", notice);
     const std::string before = page("DataReport3");
     for (const char* part : {"Ann/Lee\n", "9 Oak\n", "7/4/2003\n", "\nDeck\n2.5\nEach\nJoist\n25.00\n", "\n236.00\n"})

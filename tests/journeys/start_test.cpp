@@ -69,7 +69,7 @@ TEST_F(StartTest, ScreensGoOnWhenTheMainWindowHasGone) {
     data.useHelpBook();
     int ended = 0;
     program.lastWindow().onGone([&] { ++ended; });
-    const QPoint place = customers("A").pos();
+    const QPoint place = opened("SubMnuAddCust").pos();
     choose("mnuEditEstimate");
     go(screens->customer.window(), "cmdExit");
     closeBox(screens->mainMenu.window());

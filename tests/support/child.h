@@ -28,19 +28,14 @@ public:
         ::close(ends[1]);
     }
     ~Child() {
-        kill();
+        ::kill(id_, SIGKILL);
+        EXPECT_EQ(waitpid(id_, nullptr, 0), id_);
         ::close(output_);
     }
     // The next sign; 0 when the process has ended without one.
     char heard() const {
         char sign = 0;
         return ::read(output_, &sign, 1) == 1 ? sign : '\0';
-    }
-    void kill() {
-        if (id_ < 0) return;
-        ::kill(id_, SIGKILL);
-        EXPECT_EQ(waitpid(id_, nullptr, 0), id_);
-        id_ = -1;
     }
 
 private:
