@@ -309,14 +309,14 @@ TEST_F(EstimateTest, SharedNotesAreWrittenImportedAndCopied) {
 TEST_F(EstimateTest, TheTreeOfTheSheetIsThreeLevelsDeepAndMatchesKeysByTheirFirstDigits) {
     data.execute(R"(delete from Category; delete from Item;
         insert into Category values (1, 'Wood', 0), (12, 'Beams', 1), (3, 'Glue', 12), (4, 'Deep', 3), (2, 'öl', null),
-            (5, 'Orphan', 99);
+            (5, 'Orphan', 99), (6, 'wood', 0);
         insert into Item (ItemId, Itemcode, Itemname, CategoryId, UnitId, Material, Qty) values
             (1, '1', 'Plank', 1, 1, 1, 1), (2, '2', 'Girder', 12, 1, 1, 1), (3, '3', 'Epoxy', 3, 1, 1, 1),
             (4, '4', 'Hidden', 4, 1, 1, 1), (5, '5', 'Red', 2, 1, 1, 1), (6, '6', 'No unit', 1, 99, 1, 1))");
     auto& tree = find<CategoryTree>(sheet(), "TreeCategory");
     EXPECT_EQ(outline(tree, tree.model()->index(0, 0)),
               "R Categories\n C2 öl\n  I5 Red\n C1 Wood\n  I2 Girder\n  I1 Plank\n"
-              "  C1_12 Beams\n   I2 Girder\n   C2_3 Glue\n    I3 Epoxy\n");
+              "  C1_12 Beams\n   I2 Girder\n   C2_3 Glue\n    I3 Epoxy\n C6 wood\n");
 }
 
 TEST_F(EstimateTest, TheSheetCollectsItemsAndMovesThemToTheEstimate) {

@@ -180,6 +180,7 @@ TEST_F(MastersTest, NothingToEditOrToDelete) {
         go(opened(std::string("SubMnuEdit") + what), "CmdEdit; cmdExit");
         go(opened(std::string("SubMnuDel") + what), "cmdDel; cmdExit");
     }
+    EXPECT_EQ(text(opened("SubMnuEditCust"), "LblRecords"), "Record 1 - 0 of 0");
 }
 
 // The menu of a row names windows that the program has not got.

@@ -40,6 +40,7 @@ protected:
         whenModal([=, this](QWidget& dialog) {
             EXPECT_TRUE(dynamic_cast<QPrintDialog&>(dialog).testOption(QAbstractPrintDialog::PrintCurrentPage));
             EXPECT_EQ(find<QSpinBox>(dialog, "to").maximum(), find<QSpinBox>(dialog, "to").value());
+            EXPECT_EQ(find<QSpinBox>(dialog, "from").value(), 1);
             find<QLineEdit>(dialog, "filename").setText(qstring(file));
             find<QSpinBox>(dialog, "copies").setValue(2);
             find<QCheckBox>(dialog, "reverse").setChecked(true);
