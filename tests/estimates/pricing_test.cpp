@@ -30,7 +30,6 @@ TEST(PricingTest, AmountsAndTheirTexts) {
         {"the longest numeric prefix counts", generalText(panelTotal(odd)) + generalText(lineAmounts(odd).total),
          "3131"},
         {"15 digits", generalText(panelTotal({"3", "0.1", "", "", ""})), "0.3"},
-        {"a price per unit", unitPriceText("2", "25") + " " + unitPriceText("0.5", "25"), "12.5 50"},
         {"none where there are no units", unitPriceText("0", "25") + unitPriceText("-1", "25"), "00"},
         {"percentages", totals.tax + " " + totals.overhead + " " + totals.finalTotal, "-7 0 93"},
         {"the sum is kept in single precision", generalText(sumOfTotals({"16777216", "1", "1"})), "1.677722E+07"},
