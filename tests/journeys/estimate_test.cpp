@@ -87,7 +87,8 @@ TEST_F(EstimateTest, FromMenuToDatabase) {
     tell(order, watch(panel),
          {{"cmbRooms=Deck; cmbItems=Joist; cmbUnits=Each", "Deck|2|Each|Joist|10|4|5|6|35"},
           {"TxtQty=3", "Deck|3|Each|Joist|10|4|5|6|35"},  // a quantity alone computes nothing
-          {"cmdAdd; cmbItems=Brick; cmdAdd", "Deck|100|Each|Brick|0.5|20|0|1.25|71.25"},
+          {"cmdAdd; CmdEdit", "Deck|3|Each|Joist|10|4|5|6|45"},
+          {"cmdEditCanc; cmbItems=Brick; cmdAdd", "Deck|100|Each|Brick|0.5|20|0|1.25|71.25"},
           // The selected row's quantity, not the item's; a row that is added is not selected.
           {"CmdEdit", "Deck|3|Each|Joist|10|4|5|6|45"}});
     EXPECT_EQ(rows(order),
@@ -341,7 +342,7 @@ TEST_F(EstimateTest, TheSheetCollectsItemsAndMovesThemToTheEstimate) {
                      "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2", "3|Deck|3|Brick|Masonry|100|Bag|0.5|20|2",
                      "1|Deck|1|Joist|Framing|2|Each|10|4|2"}));
     const TestHost::Box keep = no("Do you want to delete item '1'?", "Delete Item from the List");
-    go(sheetWindow, "row 4; cmdDelete; cmdDelete", {keep, yes(keep.text, keep.title)});
+    go(sheetWindow, "row 0; cmdDelete; row 4; cmdDelete", {keep, yes(keep.text, keep.title)});
     // Each row goes through the door of a single line; the unit is the one of the estimate screen.
     go(sheetWindow, "cmdAddEstimate", {noQuantity, added});
     EXPECT_FALSE(standing("frmList"));

@@ -37,12 +37,16 @@ TEST_F(HelpJourneyTest, ContentsAndSearchLeadToPages) {
     key(box, Qt::Key_Return);
     EXPECT_EQ(page(), "backup.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdBack");
-    EXPECT_EQ(find<QTreeWidget>(help, "TreeContents").currentItem()->text(0), "Backup and restore");
+    const auto& contents = find<QTreeWidget>(help, "TreeContents");
+    EXPECT_EQ(contents.currentItem()->text(0), "Backup and restore");
     key(find<QWidget>(help, "Page"), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(page(), "index.html");
     EXPECT_EQ(enabled(help, {"cmdBack", "cmdForward"}), "cmdForward");
 
     // What is typed over the page is searched for.
+    type(find<QWidget>(help, "Page"), "group 2\r");
+    EXPECT_EQ(page(), "group2.html");
+    EXPECT_TRUE(contents.currentItem()->isExpanded());
     type(find<QWidget>(help, "Page"), "gutter");
     EXPECT_EQ(box.Text(), "gutter");
     key(box, Qt::Key_Down);

@@ -85,6 +85,7 @@ TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
     go(window, "row 1 twice > TxtCname=Bob Roy; TxtBUrl=bob.example.com; cmdOk", {customerSaved});
     EXPECT_EQ(table("Customer")[1], "8|Bob Roy|||Troy|1|||777-1||||bob.example.com|null")
         << "a state that is none is saved as the first one";
+    EXPECT_EQ(rows(window)[1], "8|Bob Roy|Troy|777-1|");
     go(window, "txtCustName=Ann; cmdSearch; row 0 twice > TxtCname=Ann Moe; CmdSave; close", {customerSaved});
     EXPECT_EQ(rows(window), Texts{"7|Ann Moe|Salem|555-1|ann@example.com"}) << "the double click leaves what was found";
 }

@@ -120,6 +120,7 @@ TEST_F(ControlsTest, ListsByKeyAndMouse) {
     }
     for (const int outside : {-2, 3}) EXPECT_THROW(choice.select(outside), RuntimeFailure);
     list.AddRows({{"7"}, {"8"}, {"9"}});
+    EXPECT_THROW(list.setRow(0, Texts(4)), RuntimeFailure);
     for (const int outside : {-1, 3}) {
         EXPECT_THROW((void)choice.ItemData(outside), RuntimeFailure);
         EXPECT_THROW((void)list.Cell(0, outside), RuntimeFailure);
