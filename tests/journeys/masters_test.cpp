@@ -85,7 +85,6 @@ TEST_F(MastersTest, ACustomerIsEditedByButtonAndByDoubleClick) {
     go(window, "row 1 twice > TxtCname=Bob Roy; TxtBUrl=bob.example.com; cmdOk", {customerSaved});
     EXPECT_EQ(table("Customer")[1], "8|Bob Roy|||Troy|1|||777-1||||bob.example.com|null")
         << "a state that is none is saved as the first one";
-    EXPECT_EQ(rows(window)[1], "8|Bob Roy|Troy|777-1|");
     go(window, "txtCustName=Ann; cmdSearch; row 0 twice > TxtCname=Ann Moe; CmdSave; close", {customerSaved});
     EXPECT_EQ(rows(window), Texts{"7|Ann Moe|Salem|555-1|ann@example.com"}) << "the double click leaves what was found";
 }
@@ -181,7 +180,6 @@ TEST_F(MastersTest, NothingToEditOrToDelete) {
         go(opened(std::string("SubMnuEdit") + what), "CmdEdit; cmdExit");
         go(opened(std::string("SubMnuDel") + what), "cmdDel; cmdExit");
     }
-    EXPECT_EQ(text(opened("SubMnuEditCust"), "LblRecords"), "Record 1 - 0 of 0");
 }
 
 // The menu of a row names windows that the program has not got.
