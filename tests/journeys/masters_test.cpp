@@ -221,7 +221,7 @@ TEST_F(MastersTest, CategoriesEditedIntoACycleAndFiveLevelsDeep) {
     const QWidget& window = opened("SubMnuEditCat");
     const TestHost::Box saved = ok("Category Saved");
     go(window, "row 4 twice > Txtname=Studs; cmbParent=Own; CmdSave; cmdOk", {saved});  // a second one of that name
-    go(window, "row 1; CmdEdit > cmbParent=Framing; CmdSave; cmdOk", {saved});
+    go(window, "row 1; CmdEdit > cmbParent=Framing; CmdSave; close", {saved});
     EXPECT_EQ(rows(window).at(1), "1|Framing|1|Framing");
     inForm(window, "txtCatName=Dry; cmdSearch; row 0 twice", [&](QWidget& form) {
         EXPECT_EQ(utf8(form.windowTitle()) + texts(form, {"Txtname", "cmbParent"}), "Category DetailsDry|Long");
